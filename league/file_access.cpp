@@ -1,0 +1,202 @@
+#include "league/file_access.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTemporaryFile>
+
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+
+#ifdef Q_OS_WIN
+#include <io.h>
+#else
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#endif
+
+namespace rostermill {
+
+namespace {
+
+[[noreturn]] void FailWith(int number) {
+  throw FileError(number, std::generic_category().message(number));
+}
+
+/// Fails with the reason that the last system call left; with `fallback` where it left none.
+[[noreturn]] void FailWithLastError(int fallback) {
+  FailWith(errno != 0 ? errno : fallback);
+}
+
+QString ToQString(const std::string& path) {
+  return QString::fromStdString(path);
+}
+
+/// The file that a path means in the end: behind all links, existing or not.
+QString FinalPath(const QString& path) {
+  const QFileInfo info(path);
+  const QString canonical = info.canonicalFilePath();
+  if (!canonical.isEmpty()) return canonical;
+  return info.isSymLink() ? info.symLinkTarget() : info.absoluteFilePath();
+}
+
+void SyncFile(const QFile& file) {
+#ifdef Q_OS_WIN
+  const int result = _commit(file.handle());
+#else
+  const int result = ::fsync(file.handle());
+#endif
+  if (result != 0) FailWithLastError(EIO);
+}
+
+/// Makes a rename in this folder survive a power cut, where the system has a way to ask for it.
+void SyncFolder([[maybe_unused]] const QString& folder) {
+#ifndef Q_OS_WIN
+  const int handle = ::open(QFile::encodeName(folder).constData(), O_RDONLY | O_DIRECTORY);
+  const bool synced = handle >= 0 && ::fsync(handle) == 0;
+  const int number = errno;
+  if (handle >= 0) ::close(handle);
+  // Some file systems can't sync a folder and say so with EINVAL.
+  if (!synced && number != EINVAL) {
+    throw FileNotSynced(number, std::generic_category().message(number));
+  }
+#endif
+}
+
+/// Gives the temporary file owner and permissions of the file that it will replace; of a new file
+/// those that the user's mask leaves.
+void TakeOverPermissions([[maybe_unused]] const QFile& temporary,
+                         [[maybe_unused]] const QString& target) {
+#ifndef Q_OS_WIN
+  struct stat old {};
+  mode_t mode = 0;
+  if (::stat(QFile::encodeName(target).constData(), &old) == 0) {
+    mode = old.st_mode & 07777;
+    // Only root may give a file away; for everybody else the new file is their own.
+    if (::fchown(temporary.handle(), old.st_uid, old.st_gid) != 0) mode &= 01777;
+  } else {
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    mode = 0666 & ~mask;
+  }
+  if (::fchmod(temporary.handle(), mode) != 0) FailWithLastError(EIO);
+#endif
+}
+
+/// Written beside the target and renamed over it. Not QSaveFile: that commits a file after a short
+/// write, ignores a failed sync, and leaves files of a name that can't be told from the user's own
+/// when the program is killed.
+class Replacement {
+ public:
+  explicit Replacement(const std::string& path) : target_(FinalPath(ToQString(path))) {
+    const QFileInfo info(target_);
+    if (info.exists() && !info.isFile()) FailWith(EINVAL);
+    if (info.exists() && !info.isWritable()) FailWith(EACCES);
+    const QString prefix = "." + info.fileName().left(60) + ".rostermill-";
+    RemoveLeftovers(info.dir(), prefix);
+    file_.setFileTemplate(info.dir().filePath(prefix + "XXXXXX"));
+    errno = 0;
+    if (!file_.open()) FailWithLastError(EIO);
+    TakeOverPermissions(file_, target_);
+  }
+
+  void Write(const char* bytes, qint64 count) {
+    errno = 0;
+    if (file_.write(bytes, count) != count || !file_.flush()) FailWithLastError(ENOSPC);
+  }
+
+  void CopyRestOf(QFile& source) {
+    std::vector<char> piece(1 << 20);
+    for (;;) {
+      errno = 0;
+      const qint64 count = source.read(piece.data(), static_cast<qint64>(piece.size()));
+      if (count < 0) FailWithLastError(EIO);
+      if (count == 0) return;
+      Write(piece.data(), count);
+    }
+  }
+
+  void Commit() {
+    errno = 0;
+    SyncFile(file_);
+    const QString name = file_.fileName();
+    if (name.isEmpty()) FailWithLastError(EIO);
+    file_.close();
+    std::error_code error;
+    std::filesystem::rename(name.toStdU16String(), target_.toStdU16String(), error);
+    if (error) FailWith(error.value());
+    file_.setAutoRemove(false);
+    SyncFolder(QFileInfo(target_).path());
+  }
+
+ private:
+  /// What a killed save left behind.
+  static void RemoveLeftovers(QDir folder, const QString& prefix) {
+    const QStringList names =
+        folder.entryList(QDir::Files | QDir::Hidden | QDir::NoSymLinks | QDir::NoDotAndDotDot);
+    for (const QString& name : names) {
+      if (name.startsWith(prefix) && name.size() == prefix.size() + 6) folder.remove(name);
+    }
+  }
+
+  QString target_;
+  QTemporaryFile file_;
+};
+
+/// The number behind a QFile that would not open: errno where the system set it.
+void OpenForReading(QFile& file) {
+  // Devices and pipes could block or never end.
+  const QFileInfo info(file.fileName());
+  if (info.exists() && !info.isFile()) FailWith(info.isDir() ? EISDIR : EINVAL);
+  errno = 0;
+  if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) FailWithLastError(ENOENT);
+}
+
+void WriteBytes(Replacement& replacement, std::span<const std::uint8_t> bytes) {
+  replacement.Write(reinterpret_cast<const char*>(bytes.data()), static_cast<qint64>(bytes.size()));
+}
+
+}  // namespace
+
+bool IsRegularFile(const std::string& path) {
+  return QFileInfo(ToQString(path)).isFile();
+}
+
+FileStart ReadFileStart(const std::string& path, std::size_t limit) {
+  QFile file(ToQString(path));
+  OpenForReading(file);
+  FileStart start;
+  start.FileSize = static_cast<std::uint64_t>(file.size());
+  start.Bytes.resize(static_cast<std::size_t>(std::min<std::uint64_t>(start.FileSize, limit)));
+  std::size_t done = 0;
+  while (done < start.Bytes.size()) {
+    errno = 0;
+    const qint64 count = file.read(reinterpret_cast<char*>(start.Bytes.data() + done),
+                                   static_cast<qint64>(start.Bytes.size() - done));
+    if (count < 0) FailWithLastError(EIO);
+    if (count == 0) break;  // cut short by another program meanwhile
+    done += static_cast<std::size_t>(count);
+  }
+  start.Bytes.resize(done);
+  return start;
+}
+
+void ReplaceFile(const std::string& path, std::span<const std::uint8_t> bytes) {
+  Replacement replacement(path);
+  WriteBytes(replacement, bytes);
+  replacement.Commit();
+}
+
+void ReplaceFileStart(const std::string& path, std::span<const std::uint8_t> bytes) {
+  QFile old(ToQString(path));
+  OpenForReading(old);
+  Replacement replacement(path);
+  WriteBytes(replacement, bytes);
+  if (!old.seek(static_cast<qint64>(bytes.size()))) FailWithLastError(EIO);
+  replacement.CopyRestOf(old);
+  replacement.Commit();
+}
+
+}  // namespace rostermill

@@ -1,0 +1,59 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "league/league_data.h"
+
+namespace rostermill {
+
+/// No colour was picked (ColorChoice), or a champion colour asks (ColorSlot): the all-ones word.
+inline constexpr std::uint16_t NoColor = 65535;
+
+/// One row of the leaders table: a player's display text and his rating codes for columns 1 to 8.
+struct LeaderRow {
+  std::string Name;
+  IndexedArray<std::int16_t, 1, 8> Attr;
+  bool operator==(const LeaderRow&) const = default;
+};
+
+/// What the program holds while it runs: the league, the path it came from, and the words by
+/// which screens hand each other their subject. One instance, made in main.
+struct LeagueSession {
+  LeagueData League;
+
+  std::string ImagePath;  ///< UTF-8 path of the image in use; the target of every save
+  int ImageLoaded = 0;    ///< 1 while League holds a loaded image
+  std::string AppDir;     ///< UTF-8, the folder of what lies beside the program, with separator
+
+  // Player screens.
+  std::int16_t CurTeam = 1;
+  std::int16_t CurSlot = 1;
+  bool EditPlayerOpen = false;
+  std::string PendingTeamName;
+  std::string PendingPlayerName;
+
+  // Team screens: the team on view and its working copies while it is edited.
+  std::int16_t ViewTeam = 1;
+  bool EditTeamOpen = false;
+  IndexedArray<IndexedArray<std::int16_t, 1, 3>, 1, 2> PreviewColors;
+  IndexedArray<std::int16_t, 1, 8> PreviewPlays;
+  std::string PreviewCity;
+  std::string PreviewName;
+  std::string PreviewAbbreviation;
+  std::int16_t PlaySlot = 0;            ///< 0 to 7: the playbook slot being chosen, less one
+  std::int16_t PlayChoice = 0;          ///< the play shown and picked
+  std::uint16_t ColorSlot = NoColor;    ///< 0 to 3 for a jersey colour, NoColor for a champion's
+  std::uint16_t ColorChoice = NoColor;  ///< the palette index picked, NoColor when cancelled
+
+  // Schedule, leaders and all-star screens.
+  std::int16_t SchedTeam = 1;
+  IndexedArray<LeaderRow, 1, 140> LeaderRows;
+  std::int16_t PrintCancelled = 1;
+  std::int16_t PrintToPrinter = -1;
+  std::int16_t RosterConference = 1;  ///< 1 AFC, 2 NFC
+  std::int16_t ChosenTeam = 0;
+  std::int16_t ChosenSlot = 0;
+};
+
+}  // namespace rostermill

@@ -1,0 +1,64 @@
+#include "league/open_image.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+namespace rostermill {
+
+std::size_t OpenImage::Checked(int offset, std::size_t length) const {
+  const auto start = static_cast<std::size_t>(offset);
+  if (offset < 0 || start > bytes_.size() || length > bytes_.size() - start) {
+    throw std::out_of_range("offset " + std::to_string(offset) + " outside the image");
+  }
+  return start;
+}
+
+std::uint8_t OpenImage::ReadByteAt(int offset) {
+  const int from = offset < 1 ? position_ : offset;
+  const std::uint8_t byte = bytes_[Checked(from, 1)];
+  position_ = from + 1;
+  return byte;
+}
+
+std::uint16_t OpenImage::ReadWordAt(int offset) {
+  const int from = offset < 1 ? position_ : offset;
+  const std::size_t start = Checked(from, 2);
+  position_ = from + 2;
+  return static_cast<std::uint16_t>(bytes_[start] | bytes_[start + 1] << 8);
+}
+
+BytePair OpenImage::ReadPair() {
+  const std::size_t start = Checked(position_, 2);
+  position_ += 2;
+  return {bytes_[start], bytes_[start + 1]};
+}
+
+std::string OpenImage::ReadTextAt(int first, int end) const {
+  if (end <= first) return {};
+  const std::size_t length = static_cast<std::size_t>(end - first);
+  const auto start = bytes_.begin() + static_cast<std::ptrdiff_t>(Checked(first, length));
+  return std::string(start, start + static_cast<std::ptrdiff_t>(length));
+}
+
+void OpenImage::WriteByteAt(int offset, int value) {
+  bytes_[Checked(offset, 1)] = static_cast<std::uint8_t>(value);
+}
+
+void OpenImage::WriteWordAt(int offset, int value) {
+  const std::size_t start = Checked(offset, 2);
+  bytes_[start] = static_cast<std::uint8_t>(value);
+  bytes_[start + 1] = static_cast<std::uint8_t>(value >> 8);
+}
+
+void OpenImage::WriteTextAt(int offset, std::string_view text) {
+  const std::size_t start = Checked(offset, text.size());
+  std::transform(text.begin(), text.end(), bytes_.begin() + static_cast<std::ptrdiff_t>(start),
+                 [](char c) { return static_cast<std::uint8_t>(c); });
+}
+
+void OpenImage::WriteBytesAt(int offset, std::span<const std::uint8_t> bytes) {
+  const std::size_t start = Checked(offset, bytes.size());
+  std::copy(bytes.begin(), bytes.end(), bytes_.begin() + static_cast<std::ptrdiff_t>(start));
+}
+
+}  // namespace rostermill

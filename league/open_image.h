@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace rostermill {
+
+struct BytePair {
+  std::uint8_t First = 0;
+  std::uint8_t Second = 0;
+};
+
+/// The bytes of a cartridge image while a load or a save runs. Offsets count from the first byte
+/// of the file, its 16-byte header included; words are little-endian. Every access is checked:
+/// one outside the image throws std::out_of_range and changes nothing.
+class OpenImage {
+ public:
+  /// Length of a whole image: 16 + 16 x 16384 + 16 x 8192.
+  static constexpr std::size_t WholeSize = 393'232;
+
+  explicit OpenImage(std::vector<std::uint8_t> bytes) : bytes_(std::move(bytes)) {}
+
+  /// Each read leaves the position just behind what it read. An offset below 1 reads at the
+  /// current position, so offset 0 can't be named.
+  std::uint16_t ReadWordAt(int offset);
+  std::uint8_t ReadByteAt(int offset);
+  BytePair ReadPair();
+  /// The bytes from `first` up to, not including, `end` as text, one character a byte.
+  std::string ReadTextAt(int first, int end) const;
+
+  /// Each write takes the low bits of its value. Positions of reads and writes are not shared.
+  void WriteByteAt(int offset, int value);
+  void WriteWordAt(int offset, int value);
+  void WriteTextAt(int offset, std::string_view text);
+  void WriteBytesAt(int offset, std::span<const std::uint8_t> bytes);
+
+  std::span<const std::uint8_t> Bytes() const { return bytes_; }
+
+ private:
+  std::size_t Checked(int offset, std::size_t length) const;
+
+  std::vector<std::uint8_t> bytes_;
+  int position_ = 0;
+};
+
+constexpr int HighNibble(int byte) {
+  return byte >> 4 & 0x0F;
+}
+constexpr int LowNibble(int byte) {
+  return byte & 0x0F;
+}
+constexpr int PackNibbles(int high, int low) {
+  return (high & 0x0F) << 4 | (low & 0x0F);
+}
+
+}  // namespace rostermill

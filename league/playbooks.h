@@ -1,0 +1,15 @@
+#pragma once
+
+#include "league/league_data.h"
+#include "league/open_image.h"
+
+namespace rostermill {
+
+/// Default playbooks: 4 bytes a team from 0x1D310, two slots a byte, the lower-numbered in the
+/// high nibble.
+
+/// Fills TeamPlays. A nibble above 9 is read as 0; 8 and 9 are kept though they name no play.
+void ReadPlaybooks(OpenImage& image, LeagueData& league);
+void WritePlaybooks(OpenImage& image, const LeagueData& league);
+
+}  // namespace rostermill

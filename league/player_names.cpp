@@ -1,0 +1,80 @@
+#include "league/player_names.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace rostermill {
+
+namespace {
+
+constexpr int pointers_offset = 0x48;
+constexpr int data_offset = 0x6DA;
+constexpr int data_end = data_offset + NameDataCapacity;
+constexpr int address_to_offset = -0x7FF0;
+constexpr int filler = 0xFF;
+
+/// The last two characters of the text as hexadecimal; what isn't hexadecimal counts as 0.
+int NumberByte(std::string_view number) {
+  if (number.size() > 2) number.remove_prefix(number.size() - 2);
+  int value = 0;
+  const auto [end, error] =
+      std::from_chars(number.data(), number.data() + number.size(), value, 16);
+  return error == std::errc{} && end == number.data() + number.size() && value >= 0 ? value : 0;
+}
+
+void SplitName(const std::string& text, NameRec& name) {
+  const auto capital =
+      std::find_if(text.begin(), text.end(), [](char c) { return c >= 'A' && c <= 'Z'; });
+  if (capital == text.end()) return;
+  name.FirstName.assign(text.begin(), capital);
+  name.LastName.assign(capital, text.end());
+}
+
+int EntryLength(const NameRec& name) {
+  return static_cast<int>(name.FirstName.size() + name.LastName.size()) + 1;
+}
+
+}  // namespace
+
+void ReadPlayerNames(OpenImage& image, LeagueData& league, const Yield& yield) {
+  int pointer = pointers_offset;
+  for (auto& team : league.NameData) {
+    for (NameRec& name : team) {
+      yield();
+      const int start = image.ReadWordAt(pointer) + address_to_offset;
+      const int end = image.ReadWordAt(pointer + 2) + address_to_offset;
+      pointer += 2;
+      if (start < 0 || start >= end) continue;
+      const std::string entry = image.ReadTextAt(start, end);
+      name.JerseyNumber = HexByteText(static_cast<std::uint8_t>(entry.front()));
+      SplitName(entry.substr(1), name);
+    }
+  }
+}
+
+int NameBytesNeeded(const LeagueData& league) {
+  int needed = 0;
+  for (const auto& team : league.NameData) {
+    for (const NameRec& name : team) needed += EntryLength(name);
+  }
+  return needed;
+}
+
+void WritePlayerNames(OpenImage& image, const LeagueData& league, const Yield& yield) {
+  int pointer = pointers_offset;
+  int offset = data_offset;
+  for (const auto& team : league.NameData) {
+    for (const NameRec& name : team) {
+      yield();
+      image.WriteWordAt(pointer, offset - address_to_offset);
+      image.WriteByteAt(offset, NumberByte(name.JerseyNumber));
+      image.WriteTextAt(offset + 1, LowerText(name.FirstName) + UpperText(name.LastName));
+      pointer += 2;
+      offset += EntryLength(name);
+    }
+  }
+  image.WriteWordAt(pointer, offset - address_to_offset);
+  if (offset < data_end) image.WriteByteAt(offset, filler);
+}
+
+}  // namespace rostermill

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "league/league_data.h"
+#include "league/open_image.h"
+
+namespace rostermill {
+
+/// The two all-star rosters: 60 entries of 2 bytes from 0x32853, conference 1 first, each the
+/// team's and the slot's number counted from 0. No value is checked in either direction.
+void ReadProbowl(OpenImage& image, LeagueData& league);
+void WriteProbowl(OpenImage& image, const LeagueData& league);
+
+}  // namespace rostermill

@@ -1,0 +1,98 @@
+#include "league/save_image.h"
+
+#include <new>
+#include <stdexcept>
+
+#include "league/file_access.h"
+#include "league/game_settings.h"
+#include "league/playbooks.h"
+#include "league/player_attributes.h"
+#include "league/player_names.h"
+#include "league/probowl.h"
+#include "league/quantity_text.h"
+#include "league/schedule.h"
+#include "league/team_colors.h"
+#include "league/team_data.h"
+
+namespace rostermill {
+
+namespace {
+
+std::optional<std::string> OverflowText(std::string_view what, int needed, int capacity) {
+  if (needed <= capacity) return std::nullopt;
+  const auto quantity = [](int count, std::string_view noun) {
+    return QuantityText(static_cast<std::uint64_t>(count), noun);
+  };
+  return std::string(what) + " are too long for the image: they need " + quantity(needed, "byte") +
+         ", and it has room for " + quantity(capacity, "byte") + ". " +
+         quantity(needed - capacity, "letter") + " must go.";
+}
+
+SaveOutcome Refuse(PipelineHost& host, const std::string& text) {
+  host.SetBusy(false);
+  host.ShowMessage(MessageKind::Exclamation, text, "Error");
+  return SaveOutcome::Refused;
+}
+
+}  // namespace
+
+std::optional<std::string> TextOverflow(const LeagueData& league) {
+  const auto names = OverflowText("The players' names", NameBytesNeeded(league), NameDataCapacity);
+  const auto teams =
+      OverflowText("The teams' cities and names", TeamTextBytesNeeded(league), TeamTextCapacity);
+  if (names && teams) return *names + "\n\n" + *teams;
+  return names ? names : teams;
+}
+
+void WriteLeague(OpenImage& image, const LeagueData& league, const Yield& yield) {
+  WritePlayerAttributes(image, league, yield);
+  WriteReturners(image, league);
+  WritePlayerNames(image, league, yield);
+  WriteTeamText(image, league, yield);
+  WriteTeamColors(image, league);
+  WriteFormations(image, league);
+  WriteProbowl(image, league);
+  WritePlaybooks(image, league);
+  WriteSchedule(image, league);
+  WriteGameSettings(image, league);
+}
+
+void SaveLeague(const LeagueData& league, const std::string& path, const Yield& yield) {
+  if (const auto overflow = TextOverflow(league)) throw std::length_error(*overflow);
+  FileStart file = ReadFileStart(path, OpenImage::WholeSize);
+  if (file.Bytes.size() < OpenImage::WholeSize) {
+    throw std::length_error(path + " has become too short for an image: it is " +
+                            QuantityText(file.FileSize, "byte") + " long, and a whole one has " +
+                            QuantityText(OpenImage::WholeSize, "byte") + ".");
+  }
+  OpenImage image(std::move(file.Bytes));
+  WriteLeague(image, league, yield);
+  ReplaceFileStart(path, image.Bytes());
+}
+
+SaveOutcome SaveImage(const LeagueSession& session, PipelineHost& host) {
+  const std::string& path = session.ImagePath;
+  if (!host.Confirm("Are you sure you want to save to " + path + "?", "Save Confirmation")) {
+    return SaveOutcome::Declined;
+  }
+  host.SetBusy(true);
+  try {
+    SaveLeague(session.League, path, [&host] { host.YieldToWindow(); });
+  } catch (const std::length_error& error) {
+    return Refuse(host, error.what() + std::string("\n\nNothing was written."));
+  } catch (const FileNotSynced& error) {
+    return Refuse(host, path + " was written, but the system could not confirm that it is safe: " +
+                            error.what() + ".\n\nPlease save again.");
+  } catch (const FileError& error) {
+    return Refuse(host, path + " could not be saved: " + error.what() +
+                            ".\n\nThe file is as it was, and your changes are still here. "
+                            "You can try again.");
+  } catch (const std::bad_alloc&) {
+    return Refuse(host, path + " could not be saved: there is not enough memory.");
+  }
+  host.Beep();
+  host.SetBusy(false);
+  return SaveOutcome::Saved;
+}
+
+}  // namespace rostermill

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "league/league_data.h"
+#include "league/open_image.h"
+
+namespace rostermill {
+
+/// The season: 17 week pointers at 0x329A7 (a pointer's file offset is 0x2A010 more), 17 game
+/// counts at 0x329C9, the byte 0xFF, and the games of all weeks from 0x329DB: the visiting team's
+/// number, then the host's, both counted from 0.
+
+/// Fills ScheduleData, following the pointers as they stand. A count above 14 gives 14 and a team
+/// number above 29 gives 0.
+void ReadSchedule(OpenImage& image, LeagueData& league);
+
+/// Writes the whole season packed from 0x329DB. 14 games in each of 17 weeks end at 0x32BB6; that
+/// bound of 476 bytes is the only limit, and ScheduleWeek can't exceed it.
+void WriteSchedule(OpenImage& image, const LeagueData& league);
+
+}  // namespace rostermill

@@ -1,0 +1,43 @@
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace rostermill {
+
+/// Text of the cartridge is one byte a character (Latin-1). Case is folded for the ASCII letters
+/// only, so that no other byte ever changes.
+constexpr char UpperChar(char c) {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+constexpr char LowerChar(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+std::string UpperText(std::string_view text);
+std::string LowerText(std::string_view text);
+
+/// `text` cut to `length` characters, or filled up to it with blanks on the right.
+std::string PaddedText(std::string_view text, std::size_t length);
+
+/// "00" to "FF": the low 8 bits as two upper-case hexadecimal digits.
+std::string HexByteText(int byte);
+
+/// A text that always has exactly N characters: a shorter one is filled with blanks on the right,
+/// a longer one is cut.
+template <std::size_t N>
+class FixedText {
+ public:
+  FixedText() : text_(N, ' ') {}
+  FixedText& operator=(std::string_view text) {
+    text_ = PaddedText(text, N);
+    return *this;
+  }
+  const std::string& str() const { return text_; }
+  bool operator==(const FixedText&) const = default;
+
+ private:
+  std::string text_;
+};
+
+}  // namespace rostermill

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QCheckBox>
+
+#include "league/league_session.h"
+#include "toolkit/control_array.h"
+#include "toolkit/form.h"
+#include "toolkit/picture_box.h"
+#include "toolkit/text_box.h"
+
+namespace rostermill {
+
+class AttributePanel;
+
+/// "Edit Player Statstistics": changes the player at CurTeam and CurSlot. All that is pending
+/// lives in the controls' own texts; btnSavePlayer moves it into the league.
+class EditPlayer : public ChildForm {
+  Q_OBJECT
+
+ public:
+  explicit EditPlayer(LeagueSession& session);
+
+  /// Fills the form for the current player; what was pending is dropped.
+  void FillEditPlayer();
+
+ signals:
+  /// The player has been stored; PendingTeamName and PendingPlayerName tell who he is now.
+  void PlayerSaved();
+
+ private:
+  void BuildControls();
+  void LayOut();
+  void Connect();
+
+  void Form_Load();
+  void Form_Unload() override;
+  void btnMinus_Click(int Index);
+  void btnPlus_Click(int Index);
+  void btnSavePlayer_Click();
+  void btnClose_Click();
+
+  void StepRating(int place, int direction);
+  void StepNumber(int direction);
+  void StoreName();
+  void StoreRatingsAndFace();
+  void StoreReturners();
+
+  LeagueSession& session_;
+
+  QLabel* lblTeam = nullptr;
+  TextBox* txtPlayer = nullptr;
+  QLabel* lblNumber = nullptr;
+  PictureBox* imgFace = nullptr;
+  QLabel* lblFace = nullptr;
+  AttributePanel* Frame1 = nullptr;
+  ControlArray<QPushButton> btnMinus{"btnMinus"};
+  ControlArray<QPushButton> btnPlus{"btnPlus"};
+  QCheckBox* chkKick = nullptr;
+  QCheckBox* chkPunt = nullptr;
+  QPushButton* btnSavePlayer = nullptr;
+  QPushButton* btnClose = nullptr;
+};
+
+}  // namespace rostermill

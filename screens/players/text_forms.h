@@ -1,0 +1,27 @@
+#pragma once
+
+#include <string>
+
+#include "league/league_data.h"
+
+namespace rostermill {
+
+/// The forms in which teams, players, numbers and ratings stand on the screens. All are Latin-1.
+
+/// "HARBORTON SPARROWS"
+std::string TeamListText(const LeagueData& league, int team);
+/// "PLOVER, sam", each part with its stored case
+std::string PlayerListText(const LeagueData& league, int team, int slot);
+/// "sam PLOVER", each part with its stored case
+std::string PlayerFullText(const LeagueData& league, int team, int slot);
+/// "#07": the number as it stands
+std::string NumberCaption(const LeagueData& league, int team, int slot);
+/// "56" for code 8
+std::string RatingText(int code);
+/// "Harborton Sparrows": one capital in each of city and nickname
+std::string TeamTitleText(const LeagueData& league, int team);
+/// "Sam Plover". Always holds its one blank, so that an empty part shows as " Plover" or "Sam ",
+/// and splitting at the first blank gives the parts back.
+std::string PlayerEditText(const LeagueData& league, int team, int slot);
+
+}  // namespace rostermill

@@ -1,0 +1,19 @@
+#include <QApplication>
+#include <QDir>
+
+#include "shell/rsm_form.h"
+#include "toolkit/text_codec.h"
+
+int main(int argc, char** argv) {
+  QApplication app(argc, argv);
+  QApplication::setApplicationName("Rostermill");
+  QApplication::setOrganizationName("Rostermill");
+  QApplication::setApplicationVersion(ROSTERMILL_VERSION);
+
+  rostermill::LeagueSession session;
+  session.AppDir =
+      rostermill::ToUtf8(QDir::toNativeSeparators(QApplication::applicationDirPath() + "/"));
+  rostermill::FRSMform window(session);
+  window.show();
+  return QApplication::exec();
+}

@@ -1,0 +1,211 @@
+#include "shell/rsm_form.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QScreen>
+#include <QStatusBar>
+
+#include <array>
+
+#include "league/load_image.h"
+#include "league/save_image.h"
+#include "screens/players/text_forms.h"
+#include "screens/players/view_player.h"
+#include "shell/loading.h"
+#include "toolkit/elided_label.h"
+#include "toolkit/messages.h"
+#include "toolkit/text_codec.h"
+
+namespace rostermill {
+
+namespace {
+
+constexpr const char* no_rom = "No ROM Loaded";
+constexpr QSize opening_size(1120, 800);
+
+/// The items that are enabled while an image is loaded.
+constexpr std::array image_items{"mFilUnloadROM",  "mFilSaveROM",  "mnuEditGameSettings",
+                                 "mViePlayerData", "mVieTeamData", "mDatProbowl",
+                                 "mSchEdit",       "mSchView",     "mVieLeaders"};
+
+QMessageBox::Icon IconOf(MessageKind kind) {
+  switch (kind) {
+    case MessageKind::Exclamation:
+      return QMessageBox::Warning;
+    case MessageKind::Information:
+      return QMessageBox::Information;
+    case MessageKind::Plain:
+      break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+/// A caption that shows "&" as it stands, not as an access key.
+QString PlainCaption(const std::string& text) {
+  return FromLatin1(text).replace("&", "&&");
+}
+
+}  // namespace
+
+FRSMform::FRSMform(LeagueSession& session) : session_(session) {
+  BuildWindow();
+  MDIForm_Load();
+}
+
+void FRSMform::BuildWindow() {
+  setObjectName("FRSMform");
+  setWindowTitle("Rostermill");
+  area_ = new ChildArea;
+  setCentralWidget(area_);
+  commands_ = {
+      {"mFilLoadROM", [this] { mFilLoadROM_Click(); }},
+      {"mFilSaveROM", [this] { mFilSaveROM_Click(); }},
+      {"mFilUnloadROM", [this] { mFilUnloadROM_Click(); }},
+      {"mFilExit", [this] { mFilExit_Click(); }},
+      {"mHelAbout", [this] { mHelAbout_Click(); }},
+      {"mViePlayerData", [this] { mViePlayerData_Click(); }},
+  };
+  menu_.Build(*menuBar(), [this](const QString& item) { Run(item); });
+  statusBar()->setObjectName("StatusBar1");
+  status_ = new ElidedLabel("StatusBar1.Panels(1)");
+  statusBar()->addWidget(status_, 1);
+  auto* maker = new QLabel("Rostermill " ROSTERMILL_VERSION);
+  maker->setObjectName("StatusBar1.Panels(2)");
+  statusBar()->addPermanentWidget(maker);
+}
+
+void FRSMform::MDIForm_Load() {
+  const QRect room = screen()->availableGeometry();
+  resize(opening_size.boundedTo(room.size() * 0.95));
+  QRect place = geometry();
+  place.moveCenter(room.center());
+  move(place.topLeft());
+  UpdateCommandState();
+  ShowStatus(no_rom);
+}
+
+void FRSMform::Run(const QString& item) {
+  if (const auto command = commands_.value(item)) command();
+}
+
+void FRSMform::UpdateCommandState() {
+  for (const char* name : image_items) {
+    QAction* item = menu_.Item(name);
+    item->setEnabled(session_.ImageLoaded != 0 &&
+                     (commands_.contains(name) || item->menu() != nullptr));
+  }
+  for (int team = 1; team <= TeamCount; ++team) {
+    menu_.TeamItem(team)->setText(PlainCaption(TeamListText(session_.League, team)));
+  }
+}
+
+void FRSMform::mFilLoadROM_Click() {
+  const QString path = QFileDialog::getOpenFileName(this, {}, FromUtf8(session_.AppDir),
+                                                    "NES (*.nes);;All Files (*)");
+  if (!path.isEmpty()) OpenImageFile(ToUtf8(path));
+}
+
+bool FRSMform::OpenImageFile(const std::string& path) {
+  const std::string path_in_use = session_.ImagePath;
+  session_.ImagePath = path;
+  loading_ = new Loading;
+  area_->ShowForm(loading_);
+  loading_->parentWidget()->move(
+      QRect(QPoint(), loading_->parentWidget()->size())
+          .translated(area_->rect().center() - loading_->parentWidget()->rect().center())
+          .topLeft());
+  const LoadOutcome outcome = LoadImage(session_, *this);
+  if (outcome == LoadOutcome::Loaded) {
+    ShowStatus(path);
+  } else {
+    session_.ImagePath = path_in_use;
+  }
+  if (outcome == LoadOutcome::EndProgram) EndProgram();
+  return outcome == LoadOutcome::Loaded;
+}
+
+void FRSMform::mFilSaveROM_Click() {
+  SaveImage(session_, *this);
+}
+
+void FRSMform::mFilUnloadROM_Click() {
+  if (!AskYesNo(this, "Are you sure you want to unload the ROM?", "Unload ROM Confirmation")) {
+    return;
+  }
+  ClearLeague(session_, *this);
+  CloseIfOpen(view_player_);
+  ShowStatus(no_rom);
+}
+
+void FRSMform::mFilExit_Click() {
+  EndProgram();
+}
+
+void FRSMform::mHelAbout_Click() {
+  const QString text = QStringLiteral(
+                           "Rostermill, 1.3\n\n"
+                           "Made for people who keep leagues alive.\n\n"
+                           "Qt %1\n"
+                           "Image layout: iNES, mapper 4, 393,232 bytes")
+                           .arg(qVersion());
+  ShowMessageBox(this, QMessageBox::Information, text, "About");
+}
+
+void FRSMform::mViePlayerData_Click() {
+  area_->ShowOnly(view_player_, [this] { return new ViewPlayer(session_); });
+}
+
+void FRSMform::ShowStatus(const std::string& text) {
+  status_->SetText(FromUtf8(text));
+}
+
+void FRSMform::EndProgram() {
+  close();
+  QCoreApplication::quit();
+}
+
+void FRSMform::SetBusy(bool busy) {
+  setEnabled(!busy);
+  if (busy) {
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+  } else {
+    QApplication::restoreOverrideCursor();
+  }
+}
+
+void FRSMform::SetLoadingCaption(int line, std::string_view caption) {
+  if (loading_) loading_->SetCaption(line, FromUtf8(caption));
+  YieldToWindow();
+}
+
+void FRSMform::CloseLoading() {
+  CloseIfOpen(loading_);
+}
+
+void FRSMform::YieldToWindow() {
+  QCoreApplication::processEvents();
+}
+
+void FRSMform::Beep() {
+  QApplication::beep();
+}
+
+void FRSMform::ShowMessage(MessageKind kind, const std::string& text, const std::string& title) {
+  ShowMessageBox(this, IconOf(kind), FromUtf8(text), FromUtf8(title));
+}
+
+bool FRSMform::Confirm(const std::string& text, const std::string& title) {
+  return AskYesNo(this, FromUtf8(text), FromUtf8(title));
+}
+
+std::string FRSMform::AskForText(const std::string& prompt, const std::string& title,
+                                 const std::string& preset) {
+  QApplication::setOverrideCursor(Qt::ArrowCursor);
+  const QString answer = AskForLine(this, FromUtf8(prompt), FromUtf8(title), FromUtf8(preset));
+  QApplication::restoreOverrideCursor();
+  return ToUtf8(answer);
+}
+
+}  // namespace rostermill

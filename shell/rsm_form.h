@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QMap>
+#include <QPointer>
+
+#include <functional>
+
+#include "league/league_session.h"
+#include "league/pipeline_host.h"
+#include "shell/menu_tree.h"
+#include "toolkit/form.h"
+
+namespace rostermill {
+
+class ElidedLabel;
+class Loading;
+class ViewPlayer;
+
+/// The main window: menu, status bar, and inside it the child forms. Loads, saves and unloads the
+/// image, opens every other screen, and has the commands follow whether an image is loaded.
+class FRSMform : public QMainWindow, private PipelineHost {
+  Q_OBJECT
+
+ public:
+  explicit FRSMform(LeagueSession& session);
+
+  /// Loads the image at the path, UTF-8. One that is turned away leaves the path and the league in
+  /// use as they were. False when it wasn't loaded.
+  bool OpenImageFile(const std::string& path);
+
+  /// Enables the commands that need an image, and gives the team commands their captions.
+  void UpdateCommandState() override;
+
+ private:
+  void BuildWindow();
+  void MDIForm_Load();
+  void Run(const QString& item);
+
+  void mFilLoadROM_Click();
+  void mFilSaveROM_Click();
+  void mFilUnloadROM_Click();
+  void mFilExit_Click();
+  void mHelAbout_Click();
+  void mViePlayerData_Click();
+
+  void ShowStatus(const std::string& text);
+  /// Ends the program, whatever is open.
+  void EndProgram();
+
+  // What a load and a save tell and ask.
+  void SetBusy(bool busy) override;
+  void SetLoadingCaption(int line, std::string_view caption) override;
+  void CloseLoading() override;
+  void YieldToWindow() override;
+  void Beep() override;
+  void ShowMessage(MessageKind kind, const std::string& text, const std::string& title) override;
+  bool Confirm(const std::string& text, const std::string& title) override;
+  std::string AskForText(const std::string& prompt, const std::string& title,
+                         const std::string& preset) override;
+
+  LeagueSession& session_;
+  MenuTree menu_;
+  QMap<QString, std::function<void()>> commands_;
+  ChildArea* area_ = nullptr;
+  ElidedLabel* status_ = nullptr;
+
+  QPointer<Loading> loading_;
+  QPointer<ViewPlayer> view_player_;
+};
+
+}  // namespace rostermill

@@ -1,0 +1,61 @@
+#include "tests/support/sample.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <random>
+
+#include "league/load_image.h"
+#include "league/palette.h"
+
+namespace rostermill::test {
+
+std::string BinFolder() {
+  return BIN_DIR "/";
+}
+
+std::vector<std::uint8_t> FileBytes(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  EXPECT_TRUE(file.good()) << path;
+  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+std::vector<std::uint8_t> SampleBytes() {
+  return FileBytes(BinFolder() + "sample.nes");
+}
+
+void WriteFile(const std::string& path, const std::vector<std::uint8_t>& bytes) {
+  WriteFile(path, std::string(bytes.begin(), bytes.end()));
+}
+
+void WriteFile(const std::string& path, const std::string& text) {
+  std::ofstream file(path, std::ios::binary | std::ios::trunc);
+  file.write(text.data(), static_cast<std::streamsize>(text.size()));
+  ASSERT_TRUE(file.good()) << path;
+}
+
+TempFolder::TempFolder() {
+  const auto base = std::filesystem::temp_directory_path();
+  std::random_device random;
+  do {
+    folder_ = base / ("rostermill-test-" + std::to_string(random()));
+  } while (!std::filesystem::create_directory(folder_));
+}
+
+TempFolder::~TempFolder() {
+  std::error_code ignored;
+  std::filesystem::remove_all(folder_, ignored);
+}
+
+std::unique_ptr<LeagueSession> SampleSession() {
+  auto session = std::make_unique<LeagueSession>();
+  OpenImage image(SampleBytes());
+  session->League = ReadLeague(image);
+  session->AppDir = BinFolder();
+  session->League.PaletteData = ReadPalette(session->AppDir);
+  session->ImagePath = BinFolder() + "sample.nes";
+  session->ImageLoaded = 1;
+  return session;
+}
+
+}  // namespace rostermill::test

@@ -1,0 +1,24 @@
+#include <QApplication>
+#include <QFontInfo>
+#include <QStandardPaths>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// A missing font gives wrong widths without a word.
+TEST(TestSetUp, ARealFontIsThere) {
+  EXPECT_FALSE(QFontInfo(QApplication::font()).family().isEmpty());
+  EXPECT_GT(QFontMetrics(QApplication::font()).horizontalAdvance("Rostermill"), 20);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  testing::InitGoogleTest(&argc, argv);
+  QApplication app(argc, argv);
+  QApplication::setApplicationName("RostermillTest");
+  QApplication::setOrganizationName("RostermillTest");
+  QStandardPaths::setTestModeEnabled(true);
+  return RUN_ALL_TESTS();
+}

@@ -1,0 +1,46 @@
+#pragma once
+
+#include <QComboBox>
+
+namespace rostermill {
+
+enum class ListOrder { AsAdded, Sorted };
+
+/// A list that drops down and is picked from. Its Click signal follows every real change of the
+/// selection, by the user or by the program, and nothing else: neither a selection of the entry
+/// that is selected already, nor clearing, nor adding.
+class DropDownList : public QComboBox {
+  Q_OBJECT
+
+ public:
+  explicit DropDownList(const QString& name, ListOrder order = ListOrder::AsAdded);
+
+  /// Empties the list; nothing is selected then.
+  void Clear();
+  /// A sorted list files the entry without regard to ASCII case, behind those that equal it.
+  void AddItem(const QString& text);
+  int ListCount() const { return count(); }
+  /// The text of the entry at the index, counted from 0.
+  QString List(int index) const { return itemText(index); }
+  /// Replaces the text of an entry where it stands.
+  void SetList(int index, const QString& text);
+  /// The selected entry, counted from 0; -1 for none.
+  int ListIndex() const { return currentIndex(); }
+  void SetListIndex(int index) { setCurrentIndex(index); }
+  /// The text of the selected entry.
+  QString Text() const { return currentText(); }
+
+ signals:
+  void Click();
+
+ protected:
+  /// The wheel changes a list only while it has the focus.
+  void wheelEvent(QWheelEvent* event) override;
+
+ private:
+  int PlaceFor(const QString& text) const;
+
+  ListOrder order_;
+};
+
+}  // namespace rostermill

@@ -1,0 +1,32 @@
+#include "toolkit/elided_label.h"
+
+#include <QPainter>
+#include <QStyle>
+
+namespace rostermill {
+
+ElidedLabel::ElidedLabel(const QString& name) {
+  setObjectName(name);
+  setTextFormat(Qt::PlainText);
+  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+}
+
+void ElidedLabel::SetText(const QString& text) {
+  setText(text);
+  setToolTip(text.toHtmlEscaped());
+}
+
+QSize ElidedLabel::minimumSizeHint() const {
+  const QFontMetrics metrics = fontMetrics();
+  return {metrics.averageCharWidth() * 20, metrics.height()};
+}
+
+void ElidedLabel::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  const QRect inside = contentsRect();
+  const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, inside.width());
+  style()->drawItemText(&painter, inside, static_cast<int>(alignment() | Qt::AlignVCenter),
+                        palette(), isEnabled(), shown, foregroundRole());
+}
+
+}  // namespace rostermill

@@ -1,0 +1,87 @@
+#include "toolkit/form.h"
+
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QMdiSubWindow>
+#include <QPushButton>
+
+namespace rostermill {
+
+ChildForm::ChildForm(const QString& name, const QString& caption) {
+  setObjectName(name);
+  setWindowTitle(caption);
+  setAttribute(Qt::WA_DeleteOnClose, false);
+}
+
+void ChildForm::CloseForm() {
+  auto* window = qobject_cast<QMdiSubWindow*>(parentWidget());
+  if (window != nullptr) {
+    window->close();
+  } else {
+    close();
+  }
+}
+
+ChildArea* ChildForm::Area() const {
+  for (QWidget* above = parentWidget(); above != nullptr; above = above->parentWidget()) {
+    if (auto* area = qobject_cast<ChildArea*>(above)) return area;
+  }
+  return nullptr;
+}
+
+void ChildForm::SetDefaultButton(QPushButton* button) {
+  default_button_ = button;
+  button->setDefault(true);
+}
+
+void ChildForm::SetCancelButton(QPushButton* button) {
+  cancel_button_ = button;
+}
+
+void ChildForm::closeEvent(QCloseEvent* event) {
+  event->accept();
+  if (!open_) return;
+  open_ = false;
+  Form_Unload();
+  emit Unloaded();
+}
+
+void ChildForm::keyPressEvent(QKeyEvent* event) {
+  QPushButton* pressed = nullptr;
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    auto* focused = qobject_cast<QPushButton*>(focusWidget());
+    pressed = focused != nullptr ? focused : default_button_.data();
+  } else if (event->key() == Qt::Key_Escape) {
+    pressed = cancel_button_;
+  }
+  if (pressed != nullptr) {
+    pressed->click();
+  } else {
+    QWidget::keyPressEvent(event);
+  }
+}
+
+ChildArea::ChildArea() {
+  setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+}
+
+void ChildArea::ShowForm(ChildForm* form) {
+  auto* window = qobject_cast<QMdiSubWindow*>(form->parentWidget());
+  if (window == nullptr) {
+    window = addSubWindow(form);
+    window->setAttribute(Qt::WA_DeleteOnClose);
+    window->resize(window->sizeHint());
+    window->show();
+  }
+  if (window->isMinimized()) window->showNormal();
+  setActiveSubWindow(window);
+  form->setFocus();
+}
+
+DialogForm::DialogForm(QWidget* parent, const QString& name, const QString& caption)
+    : QDialog(parent) {
+  setObjectName(name);
+  setWindowTitle(caption);
+}
+
+}  // namespace rostermill

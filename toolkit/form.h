@@ -1,0 +1,80 @@
+#pragma once
+
+#include <QDialog>
+#include <QMdiArea>
+#include <QPointer>
+#include <QWidget>
+
+class QPushButton;
+
+namespace rostermill {
+
+/// A modeless window inside the main window. It is created by showing it and closed by its
+/// buttons or its close box; Form_Unload runs once, whichever closes it. Enter presses the button
+/// that has the focus or else the default button, Esc the cancel button.
+class ChildForm : public QWidget {
+  Q_OBJECT
+
+ public:
+  ChildForm(const QString& name, const QString& caption);
+
+  /// Closes the form with its window.
+  void CloseForm();
+  bool IsOpen() const { return open_; }
+
+ signals:
+  void Unloaded();
+
+ protected:
+  virtual void Form_Unload() {}
+
+  void SetDefaultButton(QPushButton* button);
+  void SetCancelButton(QPushButton* button);
+
+  /// The area that holds this form; null before it is shown.
+  class ChildArea* Area() const;
+
+  void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  bool open_ = true;
+  QPointer<QPushButton> default_button_;
+  QPointer<QPushButton> cancel_button_;
+};
+
+/// The inside of the main window, where the child forms stand.
+class ChildArea : public QMdiArea {
+  Q_OBJECT
+
+ public:
+  ChildArea();
+
+  /// Brings the form to the front. One that is not shown yet gets a window of its own, as large as
+  /// its content asks.
+  void ShowForm(ChildForm* form);
+
+  /// Shows the form that `slot` keeps; makes one first when none is open.
+  template <typename Form, typename Make>
+  Form* ShowOnly(QPointer<Form>& slot, Make make) {
+    if (!slot || !slot->IsOpen()) slot = make();
+    ShowForm(slot);
+    return slot;
+  }
+};
+
+/// Closes the form that `slot` keeps, if one is open.
+template <typename Form>
+void CloseIfOpen(const QPointer<Form>& slot) {
+  if (slot && slot->IsOpen()) slot->CloseForm();
+}
+
+/// A modal window. Esc and the close box are its Cancel.
+class DialogForm : public QDialog {
+  Q_OBJECT
+
+ public:
+  DialogForm(QWidget* parent, const QString& name, const QString& caption);
+};
+
+}  // namespace rostermill

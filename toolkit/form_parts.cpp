@@ -1,0 +1,77 @@
+#include "toolkit/form_parts.h"
+
+#include <QDialogButtonBox>
+#include <QFontDatabase>
+#include <QFontMetrics>
+#include <QGroupBox>
+#include <QSizePolicy>
+
+namespace rostermill {
+
+QFont FixedFont() {
+  return QFontDatabase::systemFont(QFontDatabase::FixedFont);
+}
+
+QLabel* NewLabel(const QString& name, const QString& text) {
+  auto* label = new QLabel(text);
+  label->setObjectName(name);
+  label->setTextFormat(Qt::PlainText);
+  return label;
+}
+
+QLabel* NewNumberLabel(const QString& name, const QString& widest) {
+  QLabel* label = NewLabel(name);
+  label->setFont(FixedFont());
+  label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  label->setMinimumWidth(QFontMetrics(label->font()).horizontalAdvance(widest));
+  return label;
+}
+
+QLabel* NewCaption(const QString& name, const QString& text, QWidget* buddy) {
+  QLabel* label = NewLabel(name, text);
+  label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+  if (buddy != nullptr) {
+    label->setBuddy(buddy);
+    QString spoken = text;
+    if (spoken.endsWith(':')) spoken.chop(1);
+    buddy->setAccessibleName(spoken);
+  }
+  return label;
+}
+
+QPushButton* NewButton(const QString& name, const QString& text) {
+  auto* button = new QPushButton(text);
+  button->setObjectName(name);
+  return button;
+}
+
+QPushButton* NewStepButton(const QString& text) {
+  auto* button = new QPushButton(text);
+  const int side = button->fontMetrics().height() + 8;
+  button->setFixedSize(side, side);
+  button->setAutoRepeat(true);
+  return button;
+}
+
+QGroupBox* NewFrame(const QString& name, const QString& title) {
+  auto* frame = new QGroupBox(title);
+  frame->setObjectName(name);
+  return frame;
+}
+
+QDialogButtonBox* ButtonRow(QPushButton* accept, QPushButton* reject,
+                            std::initializer_list<QPushButton*> actions) {
+  auto* row = new QDialogButtonBox;
+  if (accept != nullptr) row->addButton(accept, QDialogButtonBox::AcceptRole);
+  if (reject != nullptr) row->addButton(reject, QDialogButtonBox::RejectRole);
+  for (QPushButton* action : actions) row->addButton(action, QDialogButtonBox::ActionRole);
+  return row;
+}
+
+void KeepRoomWhenHidden(QWidget* widget) {
+  QSizePolicy policy = widget->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  widget->setSizePolicy(policy);
+}
+
+}  // namespace rostermill

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <QFont>
+#include <QLabel>
+#include <QPushButton>
+
+#include <initializer_list>
+
+class QDialogButtonBox;
+class QGroupBox;
+
+namespace rostermill {
+
+/// The small parts that all forms are made of, so that they look alike.
+
+/// The system's fixed-pitch font, for numbers and position labels.
+QFont FixedFont();
+
+/// A named label. Its text is plain, never markup.
+QLabel* NewLabel(const QString& name, const QString& text = {});
+/// A label in the fixed-pitch font, as wide as `widest`, right-aligned.
+QLabel* NewNumberLabel(const QString& name, const QString& widest);
+/// A caption, right-aligned on the control that it names.
+QLabel* NewCaption(const QString& name, const QString& text, QWidget* buddy = nullptr);
+QPushButton* NewButton(const QString& name, const QString& text);
+/// A small square button that repeats while it is held: "-", "+".
+QPushButton* NewStepButton(const QString& text);
+QGroupBox* NewFrame(const QString& name, const QString& title = {});
+
+/// A row with the buttons at the right, in the platform's order. `accept` and `reject` may be
+/// null; `actions` are those that do neither.
+QDialogButtonBox* ButtonRow(QPushButton* accept, QPushButton* reject,
+                            std::initializer_list<QPushButton*> actions = {});
+
+/// Keeps the room of a control that comes and goes, so that the others don't move.
+void KeepRoomWhenHidden(QWidget* widget);
+
+}  // namespace rostermill

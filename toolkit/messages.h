@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QMessageBox>
+#include <QString>
+
+class QWidget;
+
+namespace rostermill {
+
+/// A QMessageBox named "MessageBox" with one OK button. Texts are plain, never markup.
+void ShowMessageBox(QWidget* owner, QMessageBox::Icon icon, const QString& text,
+                    const QString& title);
+
+/// A question with Yes and No; false when the answer is No, which closing the box is as well.
+bool AskYesNo(QWidget* owner, const QString& text, const QString& title);
+
+/// A QInputDialog named "InputBox"; the text entered, empty when cancelled.
+QString AskForLine(QWidget* owner, const QString& prompt, const QString& title,
+                   const QString& preset);
+
+}  // namespace rostermill
