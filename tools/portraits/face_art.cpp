@@ -144,39 +144,39 @@ constexpr Art kReliefs[] = {
 };
 
 constexpr Art kBrows[] = {
-    {10, 11, R"(
+    {10, 10, R"(
 ............
-aaab....aaab
+aaab....baaa
 )"},
-    {10, 11, R"(
+    {10, 10, R"(
 .aaa....aaa.
-ab..b..b..ba
+b..........b
 )"},
-    {10, 11, R"(
-aaaab..aaaab
-baaa....aaab
+    {10, 10, R"(
+.aaab..baaa.
+aaa......aaa
 )"},
-    {10, 11, R"(
-aab......baa
-.baab..baab.
+    {10, 10, R"(
+ab........ba
+.aaab..baaa.
 )"},
-    {10, 11, R"(
-..aab..baa..
-aab......baa
+    {10, 10, R"(
+..aa....aa..
+ba........ab
 )"},
-    {10, 11, R"(
+    {10, 10, R"(
 ............
 .bbbb..bbbb.
 )"},
-    {10, 11, R"(
+    {10, 10, R"(
 .aaa........
-ab..b..aaaab
+b..b....aaab
 )"},
-    {10, 11, R"(
-aaaaa..aaaaa
+    {10, 10, R"(
+aaaab..baaaa
 ............
 )"},
-    {10, 11, R"(
+    {10, 10, R"(
 .baa....aab.
 aaab....baaa
 )"},
@@ -187,8 +187,8 @@ constexpr Art kEyes[] = {
     {10, 13, R"(
 .KKK....KKK.
 KwpwK..KwpwK
-.viv....viv.
-.222....222.
+.2i2....2i2.
+..2......2..
 )"},
     // Calm.
     {10, 13, R"(
@@ -224,9 +224,9 @@ Kwvip..wvipK
     // Narrowed.
     {10, 13, R"(
 .2222..2222.
-KKKKK..KKKKK
-.vpi1..1ipv.
-..111..111..
+.KKKK..KKKK.
+.wpv1..1vpw.
+..22....22..
 )"},
     // Tired.
     {10, 13, R"(
@@ -371,51 +371,56 @@ mmmmmmmm
 )"},
 };
 
-constexpr Art kExtras[] = {
-    {0, 0, ""},
+constexpr Art kNone = {0, 0, ""};
+
+constexpr Extra kExtras[] = {
+    {kNone, kNone},
     // Eye black.
-    {10, 16, R"(
+    {{10, 16, R"(
 .eee....eee.
 .eee....eee.
 )"},
-    // Round glasses.
-    {8, 12, R"(
-...gggg..gggg...
-ggg....gg....ggg
-..g....gg....g..
-..gq...gg.q..g..
-...gggg..gggg...
-)"},
-    // Square glasses.
-    {8, 13, R"(
-gggggggggggggggg
-..g....gg....g..
-..gq...ggq...g..
-..gggggggggggg..
-)"},
-    // A scar on the cheek.
-    {8, 15, R"(
-...........1....
-..........2.....
-..........2.....
-.........1......
-)"},
-    // A strip of tape across the nose.
-    {12, 15, R"(
-..wwwv..
-..wwvv..
-)"},
-    // Freckles.
-    {8, 16, R"(
-..2.2......2....
-...2.2....2.2...
-)"},
+     kNone},
     // Eye black drawn out to the jaw.
-    {10, 16, R"(
+    {{10, 16, R"(
 .eee....eee.
 .ee......ee.
 .e........e.
 )"},
+     kNone},
+    // A scar on the cheek.
+    {{8, 16, R"(
+............1...
+...........2....
+...........2....
+..........1.....
+)"},
+     kNone},
+    // Freckles.
+    {{8, 16, R"(
+..2.2......2....
+...2.2....2.2...
+)"},
+     kNone},
+    // A strip across the nose.
+    {kNone, {13, 16, R"(
+wwwwvv
+)"}},
+    // Round glasses.
+    {kNone, {8, 12, R"(
+...ggg....ggg...
+gggq..ggggq..ggg
+..g...g..g...g..
+..g...g..g...g..
+...ggg....ggg...
+)"}},
+    // Square glasses.
+    {kNone, {8, 13, R"(
+gggggggggggggggg
+..g....gg....g..
+..gq...ggq...g..
+..gggggggggggg..
+)"}},
 };
 
 constexpr Art kEars[] = {
@@ -460,7 +465,7 @@ std::span<const Art> Noses() {
 std::span<const Art> Mouths() {
   return kMouths;
 }
-std::span<const Art> Extras() {
+std::span<const Extra> Extras() {
   return kExtras;
 }
 std::span<const Art> Ears() {

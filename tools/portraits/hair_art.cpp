@@ -434,9 +434,9 @@ constexpr Art kTopKnot = {4, 0, R"(
 .....hhdhhhdhhbhhhh.....
 ....hhdhhhdhhhhbhhhh....
 ....hhhhhhhhhhhhbhhh....
-...hhhbbhhhhhhhbbhhhh...
 ...hhb..bbbbbbb..bhhh...
 ...hhb............bhh...
+...hh..............hh...
 ...hh..............hh...
 ....h..............h....
 )"};
@@ -543,39 +543,39 @@ constexpr Art kBandedLong = {4, 1, R"(
 )"};
 
 constexpr HairStyle kStyles[] = {
-    {Texture::Straight, kNone, kCrop},
-    {Texture::Straight, kNone, kSidePart},
-    {Texture::Straight, kNone, kCrew},
-    {Texture::Straight, kNone, kBuzz},
-    {Texture::Coils, kNone, kFade},
-    {Texture::Coils, kNone, kHighTop},
-    {Texture::Coils, kNone, kAfro},
-    {Texture::Coils, kNone, kShortAfro},
-    {Texture::Curls, kNone, kCurls},
-    {Texture::Strands, kLongBack, kCentrePart},
-    {Texture::Waves, kMulletBack, kMullet},
-    {Texture::Straight, kNone, kSlickBack},
-    {Texture::Straight, kNone, kReceding},
-    {Texture::Straight, kNone, kBaldSides},
-    {Texture::Straight, kNone, kNone},
-    {Texture::Strands, kNone, kMohawk},
-    {Texture::Straight, kNone, kSpikes},
-    {Texture::Strands, kNone, kFringe},
-    {Texture::Waves, kNone, kWavesToJaw},
-    {Texture::Straight, kNone, kCornrows},
-    {Texture::Straight, kCornrowTails, kCornrows},
-    {Texture::Strands, kLocksBack, kLocks},
-    {Texture::Curls, kNone, kTwists},
-    {Texture::Straight, kNone, kTopKnot},
-    {Texture::Strands, kPonytail, kSlickBack},
-    {Texture::Straight, kNone, kCap},
-    {Texture::Straight, kNone, kKnitCap},
-    {Texture::Straight, kNone, kSkullCap},
-    {Texture::Curls, kNone, kBandedCurls},
-    {Texture::Strands, kLongBack, kBandedLong},
-    {Texture::Coils, kNone, kBandedCurls},
-    {Texture::Waves, kNone, kCrop},
-    {Texture::Curls, kNone, kFade},
+    {Texture::Straight, false, kNone, kCrop},
+    {Texture::Straight, false, kNone, kSidePart},
+    {Texture::Straight, false, kNone, kCrew},
+    {Texture::Straight, false, kNone, kBuzz},
+    {Texture::Coils, false, kNone, kFade},
+    {Texture::Coils, false, kNone, kHighTop},
+    {Texture::Coils, true, kNone, kAfro},
+    {Texture::Coils, false, kNone, kShortAfro},
+    {Texture::Curls, false, kNone, kCurls},
+    {Texture::Strands, true, kLongBack, kCentrePart},
+    {Texture::Waves, false, kMulletBack, kMullet},
+    {Texture::Straight, false, kNone, kSlickBack},
+    {Texture::Straight, false, kNone, kReceding},
+    {Texture::Straight, false, kNone, kBaldSides},
+    {Texture::Straight, false, kNone, kNone},
+    {Texture::Strands, false, kNone, kMohawk},
+    {Texture::Straight, false, kNone, kSpikes},
+    {Texture::Strands, true, kNone, kFringe},
+    {Texture::Waves, true, kNone, kWavesToJaw},
+    {Texture::Straight, false, kNone, kCornrows},
+    {Texture::Straight, false, kCornrowTails, kCornrows},
+    {Texture::Strands, true, kLocksBack, kLocks},
+    {Texture::Curls, false, kNone, kTwists},
+    {Texture::Straight, false, kNone, kTopKnot},
+    {Texture::Strands, false, kPonytail, kSlickBack},
+    {Texture::Straight, false, kNone, kCap},
+    {Texture::Straight, false, kNone, kKnitCap},
+    {Texture::Straight, false, kNone, kSkullCap},
+    {Texture::Curls, false, kNone, kBandedCurls},
+    {Texture::Strands, true, kLongBack, kBandedLong},
+    {Texture::Coils, false, kNone, kBandedCurls},
+    {Texture::Waves, false, kNone, kCrop},
+    {Texture::Curls, false, kNone, kFade},
 };
 
 }  // namespace

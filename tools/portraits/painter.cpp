@@ -8,7 +8,7 @@ namespace {
 
 constexpr int kLeftTemple = 9;
 constexpr int kRightTemple = 22;
-constexpr int kForeheadRow = 10;
+constexpr int kForeheadRow = 9;
 constexpr int kChinRow = 23;
 constexpr int kHalf = kPictureSize / 2;
 
@@ -43,8 +43,10 @@ Canvas Shaded(const Art& art, Texture texture) {
   return canvas;
 }
 
-void Grow(Canvas& head, const Whiskers& whiskers, const Canvas& skull) {
-  Canvas beard = Shaded(whiskers.beard, Texture::Waves);
+void Grow(Canvas& head, const Whiskers& whiskers, const HairStyle& hair, const Canvas& skull) {
+  if (whiskers.from_temples && hair.hides_temples) return;
+  Canvas beard =
+      Shaded(whiskers.beard, whiskers.overhangs_chin ? Texture::Waves : Texture::Straight);
   if (!whiskers.overhangs_chin) beard.KeepWithin(skull);
   head.Lay(beard);
 }
@@ -57,6 +59,7 @@ int TurnOf(const Recipe& recipe) {
 Canvas Head(const Recipe& recipe) {
   const Canvas skull = Skull(Jaws()[recipe.jaw]);
   const int turn = TurnOf(recipe);
+  const HairStyle& hair = HairStyles()[recipe.hair];
   const Whiskers& whiskers = WhiskerStyles()[recipe.whiskers];
 
   Canvas face = skull;
@@ -66,7 +69,8 @@ Canvas Head(const Recipe& recipe) {
   features.Stamp(Noses()[recipe.nose], turn);
   features.Stamp(Eyes()[recipe.eyes], turn);
   features.Stamp(Brows()[recipe.brows], turn);
-  Grow(features, whiskers, skull);
+  features.Stamp(Extras()[recipe.extra].on_skin, turn);
+  Grow(features, whiskers, hair, skull);
   features.Stamp(Mouths()[recipe.mouth], turn);
   features.Lay(Shaded(whiskers.moustache, Texture::Straight));
 
@@ -75,9 +79,8 @@ Canvas Head(const Recipe& recipe) {
   if (turn <= 0) head.Stamp(Ears()[1]);
   head.Lay(face);
   head.Lay(features);
-  const HairStyle& hair = HairStyles()[recipe.hair];
   head.Lay(Shaded(hair.front, hair.texture));
-  head.Stamp(Extras()[recipe.extra], turn);
+  head.Stamp(Extras()[recipe.extra].worn, turn);
   return head;
 }
 

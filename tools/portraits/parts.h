@@ -26,6 +26,7 @@ enum class Texture : std::uint8_t { Straight, Strands, Waves, Curls, Coils };
 
 struct HairStyle {
   Texture texture;
+  bool hides_temples;
   Art behind;  // drawn before neck and face
   Art front;
 };
@@ -34,6 +35,12 @@ struct Whiskers {
   Art beard;  // under the mouth
   Art moustache;
   bool overhangs_chin;
+  bool from_temples;
+};
+
+struct Extra {
+  Art on_skin;  // under whiskers and hair
+  Art worn;     // over everything
 };
 
 std::span<const Jaw> Jaws();
@@ -43,7 +50,7 @@ std::span<const Art> Brows();
 std::span<const Art> Eyes();
 std::span<const Art> Noses();
 std::span<const Art> Mouths();
-std::span<const Art> Extras();
+std::span<const Extra> Extras();
 std::span<const Art> Ears();  // left, right
 std::span<const HairStyle> HairStyles();
 std::span<const Whiskers> WhiskerStyles();

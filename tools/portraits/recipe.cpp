@@ -29,7 +29,7 @@ constexpr std::uint8_t kLightIrises[] = {0, 1, 2, 3, 4, 5, 0, 2};
 constexpr std::uint8_t kDarkSkins[] = {6, 7, 8, 9, 10, 11};
 constexpr std::uint8_t kDarkHairs[] = {3,  4,  5,  6,  7,  8,  13, 14, 15, 19, 20, 21, 22,
                                        23, 25, 26, 27, 28, 30, 32, 2,  4,  7,  14, 21, 22};
-constexpr std::uint8_t kDarkHairColours[] = {0, 1, 0, 1, 2, 0, 1, 2, 3, 10, 1, 0};
+constexpr std::uint8_t kDarkHairColours[] = {0, 1, 0, 1, 2, 0, 1, 2, 1, 10, 1, 0};
 constexpr std::uint8_t kDarkIrises[] = {0, 1, 1, 0, 4, 1};
 
 constexpr std::array<Page, 2> kPages = {{
@@ -47,8 +47,8 @@ constexpr std::uint8_t kWhiskers[] = {0, 0, 0, 0, 0,  0,  0,  0,  0,  0,  1,  2,
 constexpr std::uint8_t kBrows[] = {0, 1, 2, 3, 4, 5, 6, 7, 8};
 constexpr std::uint8_t kEyes[] = {0, 1, 2, 3, 4, 5, 6, 7, 0, 1};
 constexpr std::uint8_t kNoses[] = {0, 1, 2, 3, 4, 5, 6};
-constexpr std::uint8_t kMouths[] = {0, 1, 2, 3, 4, 5, 6, 7, 8};
-constexpr std::uint8_t kExtras[] = {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 1, 2, 3, 4, 5, 6, 7};
+constexpr std::uint8_t kMouths[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 1, 2, 6};
+constexpr std::uint8_t kExtras[] = {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 2, 3, 4, 5, 6, 7};
 constexpr std::uint8_t kKits[] = {0,  1,  2,  3,  4,  5,  6,  7,  8,  9,
                                   10, 11, 12, 13, 14, 15, 16, 17, 18, 19};
 constexpr std::uint8_t kCollars[] = {0, 1, 2, 3, 4, 5};

@@ -8,6 +8,7 @@ namespace rostermill {
 namespace {
 
 constexpr int kFarEnough = 4;
+constexpr int kHalf = kPictureSize / 2;
 
 // How many pixels lie between this one and the edge of the shape, at most kFarEnough.
 int Depth(const Canvas& shape, int x, int y, int step_x, int step_y) {
@@ -32,7 +33,9 @@ Role SkullTone(const Canvas& shape, int x, int y) {
   const int below = Depth(shape, x, y, 0, 1);
   const int corner = Depth(shape, x, y, 1, 1);
   const bool jaw = y >= kHeadTop + kCraniumRows + 3;
-  if (jaw && (right <= 1 || below == 0) && x > 15) return Role::SkinDeep;
+  const bool chin = y >= kHeadTop + kCraniumRows + 6;
+  if (jaw && (right == 0 || (chin && right == 1)) && x > kHalf) return Role::SkinDeep;
+  if (chin && below == 0 && x > 12) return Role::SkinDeep;
   if (right <= 2 || below == 0 || (jaw && corner <= 1)) return Role::SkinShade;
   return Role::Skin;
 }
@@ -41,18 +44,32 @@ Role SkullTone(const Canvas& shape, int x, int y) {
 using Tile = std::array<std::string_view, 4>;
 
 constexpr Tile kTiles[] = {
-    {"....", "....", "....", "...."},  // Straight
-    {"+.-.", "+.-.", "+.-.", "+.-."},  // Strands
-    {"+...", ".+-.", "..+-", "-..+"},  // Waves
-    {".+-.", "+..-", "-.+.", ".-.+"},  // Curls
-    {"+.-.", "....", "-.+.", "...."},  // Coils
+    {"........", "........", "........", "........"},  // Straight
+    {"+..-.+-.", "+..-.+-.", "+.--.+-.", "+..-..-."},  // Strands
+    {"+-...+-.", ".+-...+-", "..+-...+", "...+-..."},  // Waves
+    {".+-.+..-", "+..-.-+.", "-.+..+.-", ".-+.-.+."},  // Curls
+    {"..+-...+", "-....+-.", ".+-.-..+", "....+..-"},  // Coils
 };
 
 int TextureShift(Texture texture, int x, int y) {
-  const std::string_view row =
-      kTiles[static_cast<std::size_t>(texture)][static_cast<std::size_t>(y % 4)];
-  const char mark = row[static_cast<std::size_t>(x % 4)];
-  return mark == '+' ? 1 : mark == '-' ? -1 : 0;
+  const Tile& tile = kTiles[static_cast<std::size_t>(texture)];
+  // Each repetition further down moves sideways, so that no grid shows.
+  const int column = x + y / 4 * 3;
+  switch (tile[static_cast<std::size_t>(y % 4)][static_cast<std::size_t>(column % 8)]) {
+    case '+':
+      return 1;
+    case '-':
+      return -1;
+    default:
+      return 0;
+  }
+}
+
+// The gloss on the crown: an arch that keeps its distance from the parting.
+bool InGloss(int x, int above) {
+  if (above == 1) return x >= 10 && x <= 15;
+  if (above == 2) return x >= 8 && x <= 18;
+  return above == 3 && x >= 8 && x <= 10;
 }
 
 Role HairTone(const Canvas& shape, Texture texture, int x, int y) {
@@ -64,14 +81,14 @@ Role HairTone(const Canvas& shape, Texture texture, int x, int y) {
   int tone = 2;
   if (right <= 1 || below == 0) --tone;
   if (x > 20 && right <= 2) --tone;
-  if ((above == 1 || above == 2) && left >= 1 && x < 18) ++tone;
+  if (left >= 1 && below >= 1 && InGloss(x, above)) ++tone;
   tone += TextureShift(texture, x, y);
   return kTones[static_cast<std::size_t>(std::clamp(tone, 1, 3))];
 }
 
 Role ClothTone(const Canvas& shape, int x, int y) {
   const int above = Depth(shape, x, y, 0, -1);
-  if (x >= 25 || (x >= 20 && above >= 3)) return Role::JerseyShade;
+  if (x * 2 + y >= 73) return Role::JerseyShade;
   if (x < 16 && (above == 1 || (x < 9 && above == 2))) return Role::JerseyLight;
   return Role::Jersey;
 }

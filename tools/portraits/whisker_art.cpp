@@ -33,20 +33,21 @@ xxxxxxxxxxxxxxxx
 constexpr Art kSideburns = {8, 11, R"(
 hh............hh
 hh............hh
+h..............h
+h..............h
 hh............hh
 hh............hh
 hhh..........hhh
 hhh..........hhh
-hhh..........hhh
-.hh..........hh.
 )"};
 
 constexpr Art kMuttonChops = {8, 11, R"(
 hh............hh
 hh............hh
+h..............h
+h..............h
 hh............hh
 hh............hh
-hhh..........hhh
 hhh..........hhh
 hhhh........hhhh
 hhhhh......hhhhh
@@ -174,27 +175,27 @@ constexpr Art kHorseshoe = {11, 19, R"(
 )"};
 
 constexpr Whiskers kWhiskers[] = {
-    {kNone, kNone, false},
-    {kStubble, kNone, false},
-    {kHeavyStubble, kNone, false},
-    {kNone, kMoustache, false},
-    {kNone, kBroadMoustache, false},
-    {kVanDyke, kMoustache, true},
-    {kGoatee, kNone, false},
-    {kChinPatch, kNone, false},
-    {kChinPatch, kPencilMoustache, false},
-    {kShortBeard, kMoustache, false},
-    {kFullBeard, kBroadMoustache, true},
-    {kLongBeard, kBroadMoustache, true},
-    {kSideburns, kNone, false},
-    {kMuttonChops, kNone, false},
-    {kMuttonChops, kBroadMoustache, false},
-    {kChinStrap, kNone, false},
-    {kNone, kHandlebar, false},
-    {kNone, kHorseshoe, false},
-    {kStubble, kMoustache, false},
-    {kChinStrap, kPencilMoustache, false},
-    {kShortBeard, kNone, false},
+    {kNone, kNone, false, false},
+    {kStubble, kNone, false, false},
+    {kHeavyStubble, kNone, false, false},
+    {kNone, kMoustache, false, false},
+    {kNone, kBroadMoustache, false, false},
+    {kVanDyke, kMoustache, true, false},
+    {kGoatee, kNone, false, false},
+    {kChinPatch, kNone, false, false},
+    {kChinPatch, kPencilMoustache, false, false},
+    {kShortBeard, kMoustache, false, false},
+    {kFullBeard, kBroadMoustache, true, false},
+    {kLongBeard, kBroadMoustache, true, false},
+    {kSideburns, kNone, false, true},
+    {kMuttonChops, kNone, false, true},
+    {kMuttonChops, kBroadMoustache, false, true},
+    {kChinStrap, kNone, false, false},
+    {kNone, kHandlebar, false, false},
+    {kNone, kHorseshoe, false, false},
+    {kStubble, kMoustache, false, false},
+    {kChinStrap, kPencilMoustache, false, false},
+    {kShortBeard, kNone, false, false},
 };
 
 }  // namespace
