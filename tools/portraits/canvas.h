@@ -73,7 +73,6 @@ class Canvas {
 
   // Ignored outside the canvas.
   void Set(int x, int y, Role role);
-  void Fill(Role role) { pixels_.fill(role); }
 
   void Stamp(const Art& art, int shift_x = 0, int shift_y = 0);
   void Lay(const Canvas& upper);

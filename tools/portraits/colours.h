@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <cstddef>
 #include <cstdint>
 
 #include "tools/portraits/canvas.h"
@@ -10,6 +11,25 @@ namespace rostermill {
 
 using Rgb = std::uint32_t;  // 0xRRGGBB
 using Palette = std::array<Rgb, kRoleCount>;
+
+// In the order of the table of hair colours.
+enum HairColour : std::uint8_t {
+  kBlueBlack,
+  kSoftBlack,
+  kDarkBrown,
+  kBrown,
+  kChestnut,
+  kAuburn,
+  kGinger,
+  kDarkBlond,
+  kBlond,
+  kSand,
+  kGrey,
+  kHairColourCount
+};
+
+std::size_t KitCount();
+std::size_t BackdropCount();
 
 Palette PaletteOf(const Recipe& recipe);
 

@@ -1,3 +1,5 @@
+#include <iterator>
+
 #include "tools/portraits/parts.h"
 
 namespace rostermill {
@@ -577,6 +579,8 @@ constexpr HairStyle kStyles[] = {
     {Texture::Waves, false, kNone, kCrop},
     {Texture::Curls, false, kNone, kFade},
 };
+
+static_assert(std::size(kStyles) == kHairNameCount);
 
 }  // namespace
 

@@ -1,11 +1,9 @@
 #include <QImage>
+#include <QList>
 #include <QString>
 
-#include <algorithm>
-#include <array>
 #include <cstdio>
 #include <exception>
-#include <iterator>
 #include <span>
 #include <stdexcept>
 #include <string>

@@ -10,7 +10,6 @@ constexpr int kLeftTemple = 9;
 constexpr int kRightTemple = 22;
 constexpr int kForeheadRow = 9;
 constexpr int kChinRow = 23;
-constexpr int kHalf = kPictureSize / 2;
 
 Canvas Backdrop() {
   Canvas canvas;
@@ -28,7 +27,7 @@ Canvas Skull(const Jaw& jaw) {
   constexpr std::array<int, kCraniumRows> kCranium = {4, 6, 7, 7, 8, 8, 8, 8, 8, 8};
   Canvas canvas;
   const auto fill_row = [&](int y, int half_width) {
-    for (int x = kHalf - half_width; x < kHalf + half_width; ++x) canvas.Set(x, y, Role::Skin);
+    for (int x = kMiddle - half_width; x < kMiddle + half_width; ++x) canvas.Set(x, y, Role::Skin);
   };
   int y = kHeadTop;
   for (const int half_width : kCranium) fill_row(y++, half_width);
@@ -36,19 +35,11 @@ Canvas Skull(const Jaw& jaw) {
   return canvas;
 }
 
-Canvas Shaded(const Art& art, Texture texture) {
+Canvas Shaded(const Art& art, Texture texture, int shift = 0) {
   Canvas canvas;
-  canvas.Stamp(art);
+  canvas.Stamp(art, shift);
   ShadeHair(canvas, texture);
   return canvas;
-}
-
-void Grow(Canvas& head, const Whiskers& whiskers, const HairStyle& hair, const Canvas& skull) {
-  if (whiskers.from_temples && hair.hides_temples) return;
-  Canvas beard =
-      Shaded(whiskers.beard, whiskers.overhangs_chin ? Texture::Waves : Texture::Straight);
-  if (!whiskers.overhangs_chin) beard.KeepWithin(skull);
-  head.Lay(beard);
 }
 
 // -1 and 1 turn the face a little to the left or right.
@@ -56,12 +47,20 @@ int TurnOf(const Recipe& recipe) {
   return recipe.turn - 1;
 }
 
+Canvas Beard(const Recipe& recipe, const Canvas& skull) {
+  const Whiskers& whiskers = WhiskerStyles()[recipe.whiskers];
+  const Reach reach = whiskers.reach;
+  if (reach == Reach::Temples && HairStyles()[recipe.hair].hides_temples) return {};
+  const Texture texture = reach == Reach::Beyond ? Texture::Waves : Texture::Straight;
+  // What grows on the jaw stays there when the features turn.
+  Canvas beard = Shaded(whiskers.beard, texture, reach == Reach::Chin ? TurnOf(recipe) : 0);
+  if (reach != Reach::Beyond) beard.KeepWithin(skull);
+  return beard;
+}
+
 Canvas Head(const Recipe& recipe) {
   const Canvas skull = Skull(Jaws()[recipe.jaw]);
   const int turn = TurnOf(recipe);
-  const HairStyle& hair = HairStyles()[recipe.hair];
-  const Whiskers& whiskers = WhiskerStyles()[recipe.whiskers];
-
   Canvas face = skull;
   ShadeSkull(face);
   Canvas features;
@@ -70,15 +69,16 @@ Canvas Head(const Recipe& recipe) {
   features.Stamp(Eyes()[recipe.eyes], turn);
   features.Stamp(Brows()[recipe.brows], turn);
   features.Stamp(Extras()[recipe.extra].on_skin, turn);
-  Grow(features, whiskers, hair, skull);
+  features.Lay(Beard(recipe, skull));
   features.Stamp(Mouths()[recipe.mouth], turn);
-  features.Lay(Shaded(whiskers.moustache, Texture::Straight));
+  features.Lay(Shaded(WhiskerStyles()[recipe.whiskers].moustache, Texture::Straight, turn));
 
   Canvas head;
   if (turn >= 0) head.Stamp(Ears()[0]);
   if (turn <= 0) head.Stamp(Ears()[1]);
   head.Lay(face);
   head.Lay(features);
+  const HairStyle& hair = HairStyles()[recipe.hair];
   head.Lay(Shaded(hair.front, hair.texture));
   head.Stamp(Extras()[recipe.extra].worn, turn);
   return head;

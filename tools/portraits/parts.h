@@ -8,6 +8,7 @@
 
 namespace rostermill {
 
+inline constexpr int kMiddle = kPictureSize / 2;
 inline constexpr int kHeadTop = 4;
 inline constexpr int kCraniumRows = 10;
 inline constexpr int kJawRows = 11;
@@ -24,6 +25,44 @@ struct Build {
 
 enum class Texture : std::uint8_t { Straight, Strands, Waves, Curls, Coils };
 
+// In the order of HairStyles().
+enum HairName : std::uint8_t {
+  kCropped,
+  kSideParted,
+  kCrewCut,
+  kBuzzCut,
+  kCoiledFade,
+  kHighTopped,
+  kAfroFull,
+  kAfroShort,
+  kCurly,
+  kLongParted,
+  kMulleted,
+  kSlickedBack,
+  kThinning,
+  kBaldCrown,
+  kShaven,
+  kMohawked,
+  kSpiked,
+  kFringed,
+  kJawLength,
+  kCornrowed,
+  kCornrowedLong,
+  kLocked,
+  kTwisted,
+  kTopKnotted,
+  kPonytailed,
+  kCapped,
+  kKnitCapped,
+  kSkullCapped,
+  kCurlsInBand,
+  kLongInBand,
+  kCoilsInBand,
+  kWavyCrop,
+  kCurlyFade,
+  kHairNameCount
+};
+
 struct HairStyle {
   Texture texture;
   bool hides_temples;
@@ -31,11 +70,13 @@ struct HairStyle {
   Art front;
 };
 
+// How far a beard spreads: over the chin, along the jaw, down from the temples, or beyond the face.
+enum class Reach : std::uint8_t { Chin, JawLine, Temples, Beyond };
+
 struct Whiskers {
   Art beard;  // under the mouth
   Art moustache;
-  bool overhangs_chin;
-  bool from_temples;
+  Reach reach;
 };
 
 struct Extra {

@@ -1,9 +1,11 @@
 #include "tools/portraits/recipe.h"
 
 #include <array>
+#include <numeric>
 #include <span>
 #include <utility>
 
+#include "tools/portraits/colours.h"
 #include "tools/portraits/parts.h"
 
 namespace rostermill {
@@ -21,15 +23,25 @@ struct Page {
 };
 
 constexpr std::uint8_t kLightSkins[] = {0, 1, 2, 3, 4, 5};
-constexpr std::uint8_t kLightHairs[] = {0,  1,  2,  3,  4,  8,  9,  10, 11, 12, 13, 14, 15, 16,
-                                        17, 18, 23, 24, 25, 26, 28, 29, 31, 0,  1,  2,  8,  32};
-constexpr std::uint8_t kLightHairColours[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 2, 3, 7};
+constexpr std::uint8_t kLightHairs[] = {
+    kCropped,    kSideParted,  kCrewCut,    kBuzzCut,    kCoiledFade, kCurly,      kLongParted,
+    kMulleted,   kSlickedBack, kThinning,   kBaldCrown,  kShaven,     kMohawked,   kSpiked,
+    kFringed,    kJawLength,   kTopKnotted, kPonytailed, kCapped,     kKnitCapped, kCurlsInBand,
+    kLongInBand, kWavyCrop,    kCropped,    kSideParted, kCrewCut,    kCurly,      kCurlyFade};
+constexpr std::uint8_t kLightHairColours[] = {
+    kBlueBlack, kSoftBlack, kDarkBrown, kBrown, kChestnut,  kAuburn, kGinger,
+    kDarkBlond, kBlond,     kSand,      kGrey,  kDarkBrown, kBrown,  kDarkBlond};
 constexpr std::uint8_t kLightIrises[] = {0, 1, 2, 3, 4, 5, 0, 2};
 
 constexpr std::uint8_t kDarkSkins[] = {6, 7, 8, 9, 10, 11};
-constexpr std::uint8_t kDarkHairs[] = {3,  4,  5,  6,  7,  8,  13, 14, 15, 19, 20, 21, 22,
-                                       23, 25, 26, 27, 28, 30, 32, 2,  4,  7,  14, 21, 22};
-constexpr std::uint8_t kDarkHairColours[] = {0, 1, 0, 1, 2, 0, 1, 2, 1, 10, 1, 0};
+constexpr std::uint8_t kDarkHairs[] = {
+    kBuzzCut,    kCoiledFade, kHighTopped,  kAfroFull,      kAfroShort,   kCurly,     kBaldCrown,
+    kShaven,     kMohawked,   kCornrowed,   kCornrowedLong, kLocked,      kTwisted,   kTopKnotted,
+    kCapped,     kKnitCapped, kSkullCapped, kCurlsInBand,   kCoilsInBand, kCurlyFade, kCrewCut,
+    kCoiledFade, kAfroShort,  kShaven,      kLocked,        kTwisted};
+constexpr std::uint8_t kDarkHairColours[] = {kBlueBlack, kSoftBlack, kBlueBlack, kSoftBlack,
+                                             kDarkBrown, kBlueBlack, kSoftBlack, kDarkBrown,
+                                             kSoftBlack, kGrey,      kSoftBlack, kBlueBlack};
 constexpr std::uint8_t kDarkIrises[] = {0, 1, 1, 0, 4, 1};
 
 constexpr std::array<Page, 2> kPages = {{
@@ -37,24 +49,23 @@ constexpr std::array<Page, 2> kPages = {{
     {kDarkSkins, kDarkHairs, kDarkHairColours, kDarkIrises},
 }};
 
-constexpr std::uint8_t kJaws[] = {0, 1, 2, 3, 4, 5, 6, 7};
-constexpr std::uint8_t kBuilds[] = {0, 1, 2, 3, 4, 5, 6};
-constexpr std::uint8_t kReliefs[] = {0, 1, 2, 3, 4};
-constexpr std::uint8_t kNecks[] = {0, 1, 2};
-constexpr std::uint8_t kShoulders[] = {0, 1, 2};
+// A third of the players shave, and more than half wear nothing on the face.
 constexpr std::uint8_t kWhiskers[] = {0, 0, 0, 0, 0,  0,  0,  0,  0,  0,  1,  2,  3,  4,  5,
                                       6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20};
-constexpr std::uint8_t kBrows[] = {0, 1, 2, 3, 4, 5, 6, 7, 8};
 constexpr std::uint8_t kEyes[] = {0, 1, 2, 3, 4, 5, 6, 7, 0, 1};
-constexpr std::uint8_t kNoses[] = {0, 1, 2, 3, 4, 5, 6};
 constexpr std::uint8_t kMouths[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 1, 2, 6};
 constexpr std::uint8_t kExtras[] = {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 2, 3, 4, 5, 6, 7};
-constexpr std::uint8_t kKits[] = {0,  1,  2,  3,  4,  5,  6,  7,  8,  9,
-                                  10, 11, 12, 13, 14, 15, 16, 17, 18, 19};
-constexpr std::uint8_t kCollars[] = {0, 1, 2, 3, 4, 5};
-constexpr std::uint8_t kPatterns[] = {0, 1, 2, 3, 4, 5, 6};
-constexpr std::uint8_t kBackdrops[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10};
 constexpr std::uint8_t kTurns[] = {0, 1, 1, 2};
+
+constexpr auto kCounting = [] {
+  std::array<std::uint8_t, 32> numbers{};
+  std::iota(numbers.begin(), numbers.end(), std::uint8_t{0});
+  return numbers;
+}();
+
+Options First(std::size_t count) {
+  return Options(kCounting).first(count);
+}
 
 // Same numbers on every machine, unlike the distributions of the standard library.
 class Dice {
@@ -95,21 +106,21 @@ Recipe RecipeOf(int portrait) {
   recipe.hair = deal(page.hairs);
   recipe.hair_colour = deal(page.hair_colours);
   recipe.iris = deal(page.irises);
-  recipe.jaw = deal(kJaws);
-  recipe.build = deal(kBuilds);
-  recipe.relief = deal(kReliefs);
-  recipe.neck = deal(kNecks);
-  recipe.shoulders = deal(kShoulders);
+  recipe.jaw = deal(First(Jaws().size()));
+  recipe.build = deal(First(Builds().size()));
+  recipe.relief = deal(First(Reliefs().size()));
+  recipe.neck = deal(First(Necks().size()));
+  recipe.shoulders = deal(First(Shoulders().size()));
   recipe.whiskers = deal(kWhiskers);
-  recipe.brows = deal(kBrows);
+  recipe.brows = deal(First(Brows().size()));
   recipe.eyes = deal(kEyes);
-  recipe.nose = deal(kNoses);
+  recipe.nose = deal(First(Noses().size()));
   recipe.mouth = deal(kMouths);
   recipe.extra = deal(kExtras);
-  recipe.kit = deal(kKits);
-  recipe.collar = deal(kCollars);
-  recipe.pattern = deal(kPatterns);
-  recipe.backdrop = deal(kBackdrops);
+  recipe.kit = deal(First(KitCount()));
+  recipe.collar = deal(First(Collars().size()));
+  recipe.pattern = deal(First(Patterns().size()));
+  recipe.backdrop = deal(First(BackdropCount()));
   recipe.turn = deal(kTurns);
   return recipe;
 }

@@ -8,7 +8,6 @@ namespace rostermill {
 namespace {
 
 constexpr int kFarEnough = 4;
-constexpr int kHalf = kPictureSize / 2;
 
 // How many pixels lie between this one and the edge of the shape, at most kFarEnough.
 int Depth(const Canvas& shape, int x, int y, int step_x, int step_y) {
@@ -34,7 +33,7 @@ Role SkullTone(const Canvas& shape, int x, int y) {
   const int corner = Depth(shape, x, y, 1, 1);
   const bool jaw = y >= kHeadTop + kCraniumRows + 3;
   const bool chin = y >= kHeadTop + kCraniumRows + 6;
-  if (jaw && (right == 0 || (chin && right == 1)) && x > kHalf) return Role::SkinDeep;
+  if (jaw && (right == 0 || (chin && right == 1)) && x > kMiddle) return Role::SkinDeep;
   if (chin && below == 0 && x > 12) return Role::SkinDeep;
   if (right <= 2 || below == 0 || (jaw && corner <= 1)) return Role::SkinShade;
   return Role::Skin;
