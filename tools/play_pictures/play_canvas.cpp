@@ -1,5 +1,7 @@
 #include "tools/play_pictures/play_canvas.h"
 
+#include <QList>
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -60,7 +62,10 @@ QPoint EndDirection(const std::vector<QPoint>& points) {
 }  // namespace
 
 PlayCanvas::PlayCanvas() : image_(kPictureWidth, kPictureHeight, QImage::Format_Indexed8) {
-  image_.setColorTable({kInks.begin(), kInks.end()});
+  // A full table, as a short one would make the file four bits deep.
+  QList<QRgb> table(kInks.begin(), kInks.end());
+  table.resize(256, qRgb(0, 0, 0));
+  image_.setColorTable(table);
   image_.fill(static_cast<uint>(Ink::kGrass));
 }
 
