@@ -34,8 +34,8 @@ std::string HeadingLine(int group) {
 }
 
 std::string RowLine(const LeaderRow& row, int rank, int columns) {
-  std::string line = RightJustified(std::to_string(rank), rank_places) + ". " +
-                     PaddedText(row.Name, name_places);
+  std::string line =
+      RightJustified(std::to_string(rank), rank_places) + ". " + PaddedText(row.Name, name_places);
   AdvanceZone(line);
   for (int column = 1; column <= columns; ++column) {
     line += RightJustified(RatingText(row.Attr[column]), rating_places) + "  ";

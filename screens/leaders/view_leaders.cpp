@@ -12,7 +12,6 @@
 #include "screens/leaders/form_print.h"
 #include "screens/leaders/leader_export.h"
 #include "screens/players/text_forms.h"
-#include "toolkit/elided_label.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/messages.h"
 #include "toolkit/print_lines.h"
@@ -74,9 +73,7 @@ void ViewLeaders::BuildTable() {
       label->setContentsMargins(3, 0, 3, 0);
       KeepRoomWhenHidden(label);
     }
-    auto* name = new ElidedLabel({});
-    name->setContentsMargins(3, 0, 3, 0);
-    lblName.Add(name);
+    lblName.Add(new ElidedLabel({}))->setContentsMargins(3, 0, 3, 0);
   }
 }
 
@@ -173,8 +170,7 @@ void ViewLeaders::ShowLeaderRows(int top) {
   for (int r = 0; r < rows_on_view; ++r) {
     const int k = top + r;
     const bool in_use = k <= RowCount;
-    static_cast<ElidedLabel*>(lblName[r])
-        ->SetText(in_use ? FromLatin1(session_.LeaderRows[k].Name) : QString());
+    lblName[r]->SetText(in_use ? FromLatin1(session_.LeaderRows[k].Name) : QString());
     lblD[0][r]->setText(in_use ? QString::number(k) : QString());
     for (int column = 1; column <= LeaderColumnLimit; ++column) {
       lblD[static_cast<std::size_t>(column)][r]->setText(

@@ -11,9 +11,9 @@
 #include "toolkit/click_label.h"
 #include "toolkit/control_array.h"
 #include "toolkit/drop_down_list.h"
+#include "toolkit/elided_label.h"
 #include "toolkit/form.h"
 
-class QGridLayout;
 class QPrinter;
 class QScrollBar;
 
@@ -70,7 +70,7 @@ class ViewLeaders : public ChildForm {
   DropDownList* cmbPosition = nullptr;
   ControlArray<ClickLabel> lblHead{"lblHead"};
   std::vector<ControlArray<QLabel>> lblD;  ///< lblD0, the rank, to lblD8
-  ControlArray<QLabel> lblName{"lblName"};
+  ControlArray<ElidedLabel> lblName{"lblName"};
   QScrollBar* scrBar = nullptr;
   QPushButton* btnPrint = nullptr;
   QPushButton* btnOK = nullptr;
