@@ -22,6 +22,7 @@ namespace rostermill {
 namespace {
 
 constexpr int rows_on_view = 5;
+constexpr int cell_margin = 3;
 constexpr const char* print_title = "Print...";
 /// Black and white are both readable on it, 4.5 to 1 and better.
 constexpr QColor heading_ground(0x54, 0x7A, 0x96);
@@ -61,19 +62,18 @@ void ViewLeaders::BuildTable() {
   for (int column = 0; column <= LeaderColumnLimit; ++column) {
     ClickLabel* head = lblHead.Add(new ClickLabel);
     head->setAlignment((column == 0 ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
-    head->setMargin(3);
-    head->setAutoFillBackground(true);
-    head->setMinimumWidth(head->fontMetrics().horizontalAdvance("WWW") + 6);
-    KeepRoomWhenHidden(head);
+    head->setMargin(cell_margin);
+    head->setMinimumWidth(head->fontMetrics().averageCharWidth() * (column == 0 ? 24 : 6));
     lblD.emplace_back("lblD" + QString::number(column));
   }
   for (int r = 0; r < rows_on_view; ++r) {
     for (ControlArray<QLabel>& column : lblD) {
       QLabel* label = column.Add(NewNumberLabel({}, "000"));
-      label->setContentsMargins(3, 0, 3, 0);
+      label->setMargin(cell_margin);
+      label->setMinimumWidth(label->minimumWidth() + 2 * cell_margin);
       KeepRoomWhenHidden(label);
     }
-    lblName.Add(new ElidedLabel({}))->setContentsMargins(3, 0, 3, 0);
+    lblName.Add(new ElidedLabel({}))->setMargin(cell_margin);
   }
 }
 
@@ -156,8 +156,9 @@ void ViewLeaders::ShowSortFlags() {
     ClickLabel& head = *lblHead[column];
     QPalette colors = palette();
     colors.setColor(head.foregroundRole(), SortFlags[column] ? Qt::white : Qt::black);
-    if (head.isEnabled()) colors.setColor(head.backgroundRole(), heading_ground);
+    colors.setColor(head.backgroundRole(), heading_ground);
     head.setPalette(colors);
+    head.setAutoFillBackground(head.isEnabled());
     head.setAccessibleDescription(SortFlags[column] ? "sorts" : "does not sort");
   }
 }

@@ -55,8 +55,8 @@ class ViewLeadersTest : public testing::Test {
     for (int i = 0; i <= 8; ++i) {
       const QLabel& head = Label("lblHead", i);
       const QColor color = head.palette().color(head.foregroundRole());
+      EXPECT_TRUE(color == Qt::white || color == Qt::black) << i;
       if (color == Qt::white) text += std::to_string(i);
-      if (color != Qt::white) EXPECT_EQ(color, QColor(Qt::black)) << i;
     }
     return text;
   }
@@ -177,13 +177,15 @@ TEST_F(ViewLeadersTest, KeysAndWheelScrollTheTable) {
   EXPECT_EQ(after(Qt::Key_PageUp), 47);
   EXPECT_EQ(after(Qt::Key_Up), 46);
   EXPECT_EQ(after(Qt::Key_Home), 1);
-  for (QWidget* under :
-       {static_cast<QWidget*>(&Label("lblName", 2)), static_cast<QWidget*>(&Bar())}) {
-    QWheelEvent turn(QPointF(1, 1), under->mapToGlobal(QPointF(1, 1)), {}, QPoint(0, -120), {}, {},
+  const auto after_turn_over = [this](QWidget& under) {
+    QWheelEvent turn(QPointF(1, 1), under.mapToGlobal(QPointF(1, 1)), {}, QPoint(0, -120), {}, {},
                      Qt::NoScrollPhase, false);
-    QApplication::sendEvent(under, &turn);
-  }
-  EXPECT_EQ(Bar().value(), 1 + 2 * QApplication::wheelScrollLines());
+    QApplication::sendEvent(&under, &turn);
+    return Bar().value();
+  };
+  const int lines = QApplication::wheelScrollLines();
+  EXPECT_EQ(after_turn_over(*form), 1 + lines);
+  EXPECT_EQ(after_turn_over(Bar()), 1 + 2 * lines);
   EXPECT_EQ(Label("lblD0", 0).text().toInt(), Bar().value());
 }
 
@@ -262,13 +264,19 @@ TEST_F(ViewLeadersTest, KeyboardReachesEverythingInReadingOrder) {
   QApplication::setActiveWindow(&area);
   Find<QWidget>(*form, "cmbPosition").setFocus();
   QStringList order;
-  for (int step = 0; step < 8; ++step) {
+  for (int step = 0; step < 6; ++step) {
     order << QApplication::focusWidget()->objectName();
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
   }
   EXPECT_EQ(order, QStringList({"cmbPosition", "lblHead(0)", "lblHead(1)", "lblHead(2)",
-                                "lblHead(3)", "lblHead(4)", "btnPrint", "btnOK"}));
-  Find<QPushButton>(*form, "btnOK").click();
+                                "lblHead(3)", "lblHead(4)"}));
+  auto& btnOK = Find<QPushButton>(*form, "btnOK");
+  auto& btnPrint = Find<QPushButton>(*form, "btnPrint");
+  QPushButton& left = btnOK.x() < btnPrint.x() ? btnOK : btnPrint;
+  EXPECT_TRUE(left.hasFocus()) << QApplication::focusWidget()->objectName().toStdString();
+  QTest::keyClick(&left, Qt::Key_Tab);
+  EXPECT_TRUE((&left == &btnOK ? btnPrint : btnOK).hasFocus());
+  btnOK.click();
   EXPECT_TRUE(!form || !form->IsOpen());
 }
 
