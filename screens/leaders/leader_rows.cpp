@@ -11,27 +11,6 @@ namespace rostermill {
 
 namespace {
 
-struct LeaderGroup {
-  std::string_view title;
-  std::string_view file_name;
-  int first_slot;
-  int last_slot;
-  /// What a slot of the group is called under its team's formation; empty where all slots count.
-  std::string_view label;
-};
-
-constexpr IndexedArray<LeaderGroup, 0, LeaderGroupCount - 1> groups{
-    {{{"Quarterback", "rsm_qb.txt", 1, 2, {}},
-      {"Running Back", "rsm_rb.txt", 3, 12, "RB"},
-      {"Wide Receiver", "rsm_wr.txt", 3, 12, "WR"},
-      {"Tight End", "rsm_te.txt", 3, 12, "TE"},
-      {"Offensive Lineman", "rsm_ol.txt", 13, 17, {}},
-      {"Defensive Lineman", "rsm_dl.txt", 18, 20, {}},
-      {"Linebacker", "rsm_lb.txt", 21, 24, {}},
-      {"Secondary", "rsm_se.txt", 25, 28, {}},
-      {"Kicker", "rsm_k.txt", 29, 29, {}},
-      {"Punter", "rsm_p.txt", 30, 30, {}}}}};
-
 constexpr IndexedArray<LeaderHeading, 0, SharedPlaceCount> shared_headings{
     {{{"Name", "Name"},
       {"RS", "Running Speed"},
@@ -40,34 +19,36 @@ constexpr IndexedArray<LeaderHeading, 0, SharedPlaceCount> shared_headings{
       {"HP", "Hitting Power"}}}};
 
 using OwnHeadings = IndexedArray<LeaderHeading, SharedPlaceCount + 1, LeaderColumnLimit>;
+constexpr OwnHeadings passing{{{{"PS", "Passing Speed"},
+                                {"PC", "Pass Control"},
+                                {"PA", "Accuracy"},
+                                {"APB", "Avoid Pass Block"}}}};
+constexpr OwnHeadings carrying{{{{"BC", "Ball Control"}, {"R", "Receptions"}}}};
+constexpr OwnHeadings blocking{};
+constexpr OwnHeadings defending{{{{"PI", "Pass Interception"}, {"Q", "Quickness"}}}};
+constexpr OwnHeadings kicking{{{{"KA", "Kicking Ability"}, {"AKB", "Avoid Kick Block"}}}};
 
-const OwnHeadings& OwnHeadingsOf(PositionGroup group) {
-  static constexpr OwnHeadings qb{{{{"PS", "Passing Speed"},
-                                    {"PC", "Pass Control"},
-                                    {"PA", "Accuracy"},
-                                    {"APB", "Avoid Pass Block"}}}};
-  static constexpr OwnHeadings skill{{{{"BC", "Ball Control"}, {"R", "Receptions"}}}};
-  static constexpr OwnHeadings line{};
-  static constexpr OwnHeadings defense{{{{"PI", "Pass Interception"}, {"Q", "Quickness"}}}};
-  static constexpr OwnHeadings kick{{{{"KA", "Kicking Ability"}, {"AKB", "Avoid Kick Block"}}}};
-  switch (group) {
-    case PositionGroup::QB:
-      return qb;
-    case PositionGroup::Skill:
-      return skill;
-    case PositionGroup::Line:
-      return line;
-    case PositionGroup::Defense:
-      return defense;
-    case PositionGroup::Kick:
-      break;
-  }
-  return kick;
-}
+struct LeaderGroup {
+  std::string_view title;
+  std::string_view file_name;
+  int first_slot;
+  int last_slot;
+  const OwnHeadings& headings;
+  /// What a slot of the group is called under its team's formation; empty where all slots count.
+  std::string_view label;
+};
 
-PositionGroup PositionGroupOf(int group) {
-  return GroupOfSlot(groups[group].first_slot);
-}
+constexpr IndexedArray<LeaderGroup, 0, LeaderGroupCount - 1> groups{
+    {{{"Quarterback", "rsm_qb.txt", 1, 2, passing, {}},
+      {"Running Back", "rsm_rb.txt", 3, 12, carrying, "RB"},
+      {"Wide Receiver", "rsm_wr.txt", 3, 12, carrying, "WR"},
+      {"Tight End", "rsm_te.txt", 3, 12, carrying, "TE"},
+      {"Offensive Lineman", "rsm_ol.txt", 13, 17, blocking, {}},
+      {"Defensive Lineman", "rsm_dl.txt", 18, 20, defending, {}},
+      {"Linebacker", "rsm_lb.txt", 21, 24, defending, {}},
+      {"Secondary", "rsm_se.txt", 25, 28, defending, {}},
+      {"Kicker", "rsm_k.txt", 29, 29, kicking, {}},
+      {"Punter", "rsm_p.txt", 30, 30, kicking, {}}}}};
 
 /// The attribute place on the player screens: these start with Rushing Power, the table with
 /// Running Speed.
@@ -144,12 +125,11 @@ std::string_view LeaderFileName(int group) {
 }
 
 int LeaderColumnCount(int group) {
-  return PlacesInUse(PositionGroupOf(group));
+  return PlacesInUse(GroupOfSlot(groups[group].first_slot));
 }
 
 LeaderHeading HeadingOf(int group, int column) {
-  return column <= shared_headings.last ? shared_headings[column]
-                                        : OwnHeadingsOf(PositionGroupOf(group))[column];
+  return column <= shared_headings.last ? shared_headings[column] : groups[group].headings[column];
 }
 
 int FillLeaderRows(const LeagueData& league, int group, LeaderTable& rows) {

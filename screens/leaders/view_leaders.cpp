@@ -244,8 +244,7 @@ void ViewLeaders::PrintToDefaultPrinter() {
   }
   printer->setDocName("Rostermill");
   if (PrintLines(*printer, lines) == 0 || printer->printerState() == QPrinter::Error) {
-    Complain("The list could not be printed: the printer " + printer->printerName() +
-             " does not take it.");
+    Complain("The list could not be printed: the printer failed.\n" + printer->printerName());
   }
 }
 
