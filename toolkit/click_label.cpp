@@ -17,7 +17,7 @@ void ClickLabel::paintEvent(QPaintEvent* event) {
   if (!hasFocus()) return;
   QPainter painter(this);
   painter.setPen(QPen(palette().color(foregroundRole()), 2));
-  painter.drawRect(rect().adjusted(1, 1, -1, -1));
+  painter.drawRect(rect().adjusted(3, 3, -3, -3));
 }
 
 void ClickLabel::mousePressEvent(QMouseEvent* event) {
