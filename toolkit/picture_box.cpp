@@ -1,11 +1,11 @@
 #include "toolkit/picture_box.h"
 
-#include <QFileInfo>
-#include <QImageReader>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyleOptionFocusRect>
+
+#include "toolkit/picture_cache.h"
 
 namespace rostermill {
 
@@ -17,8 +17,7 @@ PictureBox::PictureBox(const QString& name, QSize picture_size, int magnificatio
 }
 
 bool PictureBox::Load(const QString& path) {
-  if (!QFileInfo(path).isFile()) return false;
-  const QImage picture = QImageReader(path).read();
+  const QImage picture = LoadPicture(path);
   if (picture.isNull()) return false;
   SetPicture(picture);
   return true;
@@ -68,6 +67,7 @@ void PictureBox::keyPressEvent(QKeyEvent* event) {
   const bool pressed = event->key() == Qt::Key_Space || event->key() == Qt::Key_Return ||
                        event->key() == Qt::Key_Enter;
   if (!clickable_ || !pressed) return QFrame::keyPressEvent(event);
+  if (event->isAutoRepeat()) return;
   emit MouseDown(Qt::LeftButton);
   emit Click();
 }
