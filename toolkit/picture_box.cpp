@@ -9,6 +9,15 @@
 
 namespace rostermill {
 
+namespace {
+
+void DrawRing(QPainter& painter, const QRect& outside, int width, const QBrush& brush) {
+  const QRegion ring = QRegion(outside) - outside.adjusted(width, width, -width, -width);
+  for (const QRect& side : ring) painter.fillRect(side, brush);
+}
+
+}  // namespace
+
 PictureBox::PictureBox(const QString& name, QSize picture_size, int magnification)
     : picture_size_(picture_size), magnification_(magnification) {
   setObjectName(name);
@@ -52,8 +61,9 @@ void PictureBox::paintEvent(QPaintEvent* event) {
     painter.drawImage(place, picture_);
   }
   if (hasFocus()) {
-    painter.setPen(QPen(palette().highlight(), 2));
-    painter.drawRect(inside.adjusted(1, 1, -1, -1));
+    // The inner line keeps the mark apart from a picture of the same colour.
+    DrawRing(painter, inside, 3, palette().highlight());
+    DrawRing(painter, inside.adjusted(3, 3, -3, -3), 1, palette().base());
   }
 }
 

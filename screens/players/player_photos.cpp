@@ -70,7 +70,7 @@ void PlayerPhotos::LayOut() {
   side->addWidget(Frame3);
   side->addWidget(Frame4);
   side->addStretch();
-  side->addWidget(Frame2);
+  side->addWidget(Frame2, 0, Qt::AlignRight | Qt::AlignBottom);
   auto* row = new QHBoxLayout(this);
   row->addWidget(Frame1);
   row->addLayout(side);
