@@ -52,6 +52,7 @@ QString PlainCaption(const std::string& text) {
 /// the path.
 QString RecentCaption(int index, QString path) {
   constexpr int longest = 200;
+  path.remove(QChar::Null);
   if (path.size() > longest) path = "..." + path.right(longest);
   return QStringLiteral("&%1 ").arg(index + 1) + path.replace("&", "&&");
 }
