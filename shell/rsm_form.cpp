@@ -11,6 +11,7 @@
 
 #include "league/load_image.h"
 #include "league/save_image.h"
+#include "screens/leaders/view_leaders.h"
 #include "screens/players/text_forms.h"
 #include "screens/players/view_player.h"
 #include "shell/loading.h"
@@ -77,6 +78,7 @@ void FRSMform::BuildWindow() {
       {"mFilExit", [this] { mFilExit_Click(); }},
       {"mHelAbout", [this] { mHelAbout_Click(); }},
       {"mViePlayerData", [this] { mViePlayerData_Click(); }},
+      {"mVieLeaders", [this] { mVieLeaders_Click(); }},
   };
   for (int index = 0; index < RecentFiles::Count; ++index) {
     commands_.insert(MemberName("mnuFileRecent", index),
@@ -211,6 +213,10 @@ void FRSMform::mHelAbout_Click() {
 
 void FRSMform::mViePlayerData_Click() {
   area_->ShowOnly(view_player_, [this] { return new ViewPlayer(session_); });
+}
+
+void FRSMform::mVieLeaders_Click() {
+  area_->ShowOnly(view_leaders_, [this] { return new ViewLeaders(session_); });
 }
 
 void FRSMform::ShowStatus(const std::string& text) {

@@ -16,6 +16,7 @@ namespace rostermill {
 
 class ElidedLabel;
 class Loading;
+class ViewLeaders;
 class ViewPlayer;
 
 /// The main window: menu, status bar, and inside it the child forms. Loads, saves and unloads the
@@ -53,6 +54,7 @@ class FRSMform : public QMainWindow, private PipelineHost {
   void mFilExit_Click();
   void mHelAbout_Click();
   void mViePlayerData_Click();
+  void mVieLeaders_Click();
 
   void ShowStatus(const std::string& text);
   /// Ends the program, whatever is open.
@@ -78,6 +80,7 @@ class FRSMform : public QMainWindow, private PipelineHost {
 
   QPointer<Loading> loading_;
   QPointer<ViewPlayer> view_player_;
+  QPointer<ViewLeaders> view_leaders_;
 };
 
 }  // namespace rostermill
