@@ -68,6 +68,11 @@ QDialogButtonBox* ButtonRow(QPushButton* accept, QPushButton* reject,
   return row;
 }
 
+QString PlainToolTip(const QString& text) {
+  if (!Qt::mightBeRichText(text)) return text;
+  return "<span style='white-space: pre'>" + text.toHtmlEscaped() + "</span>";
+}
+
 void KeepRoomWhenHidden(QWidget* widget) {
   QSizePolicy policy = widget->sizePolicy();
   policy.setRetainSizeWhenHidden(true);
