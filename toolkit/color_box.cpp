@@ -7,6 +7,8 @@ namespace rostermill {
 
 namespace {
 
+constexpr int caption_gap = 4;
+
 /// Diagonal lines whose period fits small blocks as well as large fields.
 QImage HatchTile() {
   constexpr int period = 4;
@@ -22,9 +24,14 @@ QBrush ColorBrush(const std::optional<QColor>& color) {
   return color ? QBrush(*color) : QBrush(HatchTile());
 }
 
+QSize ColorIconSize(int side) {
+  return {side + caption_gap, side};
+}
+
 QIcon ColorIcon(const std::optional<QColor>& color, int side, qreal pixel_ratio) {
-  QPixmap swatch(QSize(side, side) * pixel_ratio);
+  QPixmap swatch(ColorIconSize(side) * pixel_ratio);
   swatch.setDevicePixelRatio(pixel_ratio);
+  swatch.fill(Qt::transparent);
   QPainter painter(&swatch);
   painter.fillRect(QRect(0, 0, side, side), ColorBrush(color));
   // A rim that stands out from either scheme, for black on black and white on white.
@@ -41,14 +48,13 @@ void ColorBox::SetBackColor(const std::optional<QColor>& color) {
 }
 
 void ColorBox::paintEvent(QPaintEvent* event) {
-  QPainter painter(this);
-  painter.fillRect(contentsRect(), ColorBrush(color_));
+  QPainter(this).fillRect(contentsRect(), ColorBrush(color_));
   PictureBox::paintEvent(event);
-  if (hasFocus()) {
-    // One of the two rings stands out from any colour.
-    painter.setPen(palette().color(QPalette::HighlightedText));
-    painter.drawRect(contentsRect().adjusted(2, 2, -3, -3));
-  }
+  if (!hasFocus()) return;
+  // One of the two rings stands out from any colour.
+  QPainter painter(this);
+  painter.setPen(palette().color(QPalette::HighlightedText));
+  painter.drawRect(contentsRect().adjusted(2, 2, -3, -3));
 }
 
 }  // namespace rostermill

@@ -14,7 +14,9 @@ namespace rostermill {
 /// What a colour is painted with; a neutral hatching where there is none.
 QBrush ColorBrush(const std::optional<QColor>& color);
 
-/// A swatch for a button, `side` logical pixels square.
+/// The size of a button's icon with a swatch of `side` logical pixels and a gap behind it.
+QSize ColorIconSize(int side);
+/// A square swatch for a button whose icon has this size.
 QIcon ColorIcon(const std::optional<QColor>& color, int side, qreal pixel_ratio);
 
 /// A picture box that shows one colour.

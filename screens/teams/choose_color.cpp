@@ -55,6 +55,7 @@ void ChooseColor::LayOut() {
   }
   grid->addLayout(colors, 0, 0);
   auto* bottom = new QHBoxLayout;
+  bottom->setSpacing(8);
   bottom->addWidget(picCurrentColor);
   bottom->addWidget(lblColor, 1);
   bottom->addWidget(ButtonRow(btnOK, btnCancel));

@@ -54,6 +54,7 @@ void ChoosePlay::LayOut() {
     grid->addLayout(tile, choice / columns, choice % columns);
   }
   auto* bottom = new QHBoxLayout;
+  bottom->setSpacing(8);
   bottom->addWidget(lblChosen, 1);
   bottom->addWidget(ButtonRow(btnOK, btnCancel));
   grid->addLayout(bottom, choices / columns, 0, 1, columns);
@@ -79,12 +80,19 @@ void ChoosePlay::Form_Load() {
     const bool pictured = ShowPlay(*picRun[choice], session_.AppDir, slot_, choice);
     lblName[choice]->setFocusPolicy(pictured ? Qt::NoFocus : Qt::StrongFocus);
   }
-  ShowChoice(session_.League.TeamPlays[session_.ViewTeam][slot_]);
+  const int stored = session_.League.TeamPlays[session_.ViewTeam][slot_];
+  ShowChoice(stored);
+  if (stored < choices) FocusPlay(stored);
 }
 
 void ChoosePlay::ShowChoice(int choice) {
   lblChosen->SetText(FromLatin1(PlayName(slot_, choice)));
   session_.PlayChoice = static_cast<std::int16_t>(choice);
+}
+
+void ChoosePlay::FocusPlay(int choice) {
+  QWidget* name = lblName[choice];
+  (picRun[choice]->isHidden() ? name : picRun[choice])->setFocus();
 }
 
 void ChoosePlay::picRun_Click(int Index) {

@@ -29,6 +29,7 @@ class ChoosePlay : public DialogForm {
   void btnCancel_Click();
 
   void ShowChoice(int choice);
+  void FocusPlay(int choice);
 
   LeagueSession& session_;
   int slot_;  ///< 1 to 8

@@ -53,6 +53,7 @@ void EditTeam::BuildControls() {
   txtAbbreviation = new TextBox("txtAbbreviation", AbbreviationLength);
   for (int i = 0; i < color_buttons; ++i) {
     ElidedButton* button = btnChange.Add(new ElidedButton("unkown", "Bright Magenta"));
+    button->setIconSize(ColorIconSize(SwatchSide));
     button->setAccessibleDescription(
         QStringLiteral("Uniform %1, color %2").arg(i / 2 + 1).arg(i % 2 + 1));
   }
@@ -137,8 +138,9 @@ QWidget* EditTeam::LayOutPlayBook() {
 
 QLayout* EditTeam::LayOutBottom() {
   auto* row = new QHBoxLayout;
+  row->addWidget(lblTextRoom);
   row->addWidget(imgTextsTooLong);
-  row->addWidget(lblTextRoom, 1);
+  row->addStretch();
   row->addWidget(ButtonRow(btnSave, btnCancel));
   return row;
 }

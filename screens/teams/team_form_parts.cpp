@@ -15,6 +15,8 @@ namespace rostermill {
 namespace {
 
 constexpr int block_side = 3;
+/// Keeps black and white uniforms apart from the ground in every colour scheme.
+constexpr QRgb figure_ground = qRgb(0x90, 0x90, 0x90);
 
 }  // namespace
 
@@ -45,8 +47,8 @@ bool ShowPlay(PictureBox& box, const std::string& app_dir, int slot, int choice)
 }
 
 void PaintFigure(PictureBox& box, const LeagueSession& session, int uniform) {
-  QImage figure(FigureSize, QImage::Format_ARGB32_Premultiplied);
-  figure.fill(Qt::transparent);
+  QImage figure(FigureSize, QImage::Format_RGB32);
+  figure.fill(figure_ground);
   QPainter painter(&figure);
   for (int row = JerseyPattern.first; row <= JerseyPattern.last; ++row) {
     const auto& cells = JerseyPattern[row];
