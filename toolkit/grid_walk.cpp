@@ -65,6 +65,7 @@ int GridWalk::Neighbour(int index, int key) const {
 
 void GridWalk::FocusCell(int index) {
   QWidget* cell = cells_[static_cast<std::size_t>(index)];
+  SetTabStop(index);
   cell->setFocus(Qt::OtherFocusReason);
   QToolTip::showText(cell->mapToGlobal(QPoint(0, cell->height())), cell->toolTip(), cell);
 }

@@ -106,8 +106,8 @@ TEST_F(TeamForms, ArrowKeysWalkTheColorsAndTabLeavesThem) {
   Team(8).TeamColors[1] = 22;
   OpenEditor(8);
   OnNextDialog([&](QDialog& dialog) {
-    const auto key = [&](Qt::Key key) {
-      QTest::keyClick(dialog.focusWidget(), key);
+    const auto key = [&](Qt::Key pressed) {
+      QTest::keyClick(dialog.focusWidget(), pressed);
       return dialog.focusWidget()->objectName();
     };
     EXPECT_EQ(dialog.focusWidget()->objectName(), "picColor(22)");

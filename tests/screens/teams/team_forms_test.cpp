@@ -1,3 +1,5 @@
+#include <set>
+
 #include "tests/screens/teams/team_forms_fixture.h"
 
 namespace rostermill::test {
@@ -85,7 +87,7 @@ TEST_F(TeamForms, TheEditorFollowsTheViewerAndClosesWithIt) {
 TEST_F(TeamForms, TypedTextsAreUpperCaseWithTheCaretBehindThemAndBounded) {
   OpenEditor(4);
   Box("txtAbbreviation").SetText("");
-  QTest::keyClicks(&Box("txtAbbreviation"), "ab\xC3\xA9zq");
+  QTest::keyClicks(&Box("txtAbbreviation"), "abzqx");
   QTest::keyClick(&Box("txtAbbreviation"), Qt::Key_Home);
   EXPECT_EQ(Box("txtAbbreviation").Text().left(2), "AB");
   EXPECT_EQ(Box("txtAbbreviation").Text().size(), 4);
@@ -149,9 +151,10 @@ TEST_F(TeamForms, OddBytesSurviveOKUntouched) {
   const LeagueData before = session_->League;
   EXPECT_EQ(Caption("btnChange(1)"), "Unknown FF");
   EXPECT_EQ(Find<ColorBox>(*editor_, "picDivChamp(0)").BackColor(), std::nullopt);
-  // A hatching has more than one tone, and none of them is the ground.
   const QImage figure = Find<PictureBox>(*editor_, "picJersey(2)").Picture();
-  EXPECT_NE(figure.pixelColor(18, 3), figure.pixelColor(19, 3));
+  std::set<QRgb> tones;
+  for (int x = 18; x < 24; ++x) tones.insert(figure.pixel(x, 3));
+  EXPECT_EQ(tones.size(), 2u) << "an unknown colour is hatched";
   for (const char* option : {"Option1(0)", "Option2(0)", "Option3(0)"}) {
     EXPECT_FALSE(Find<QRadioButton>(*editor_, option).isChecked()) << option;
   }
