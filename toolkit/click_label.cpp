@@ -6,8 +6,9 @@
 
 namespace rostermill {
 
-ClickLabel::ClickLabel() {
+ClickLabel::ClickLabel(const QString& text) : QLabel(text) {
   setTextFormat(Qt::PlainText);
+  setFocusPolicy(Qt::StrongFocus);
   setCursor(Qt::PointingHandCursor);
 }
 
@@ -15,31 +16,30 @@ void ClickLabel::paintEvent(QPaintEvent* event) {
   QLabel::paintEvent(event);
   if (!hasFocus()) return;
   QPainter painter(this);
-  painter.setPen(QPen(palette().highlight(), 2));
-  painter.drawRect(rect().adjusted(1, 1, -1, -1));
+  painter.setPen(QPen(palette().color(foregroundRole()), 2));
+  painter.drawRect(rect().adjusted(3, 3, -3, -3));
 }
 
 void ClickLabel::mousePressEvent(QMouseEvent* event) {
-  if (event->button() == Qt::LeftButton) emit Click();
+  event->setAccepted(event->button() == Qt::LeftButton);
 }
 
-void ClickLabel::keyPressEvent(QKeyEvent* event) {
-  const int key = event->key();
-  if (key == Qt::Key_Space || key == Qt::Key_Return || key == Qt::Key_Enter) {
+void ClickLabel::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) {
     emit Click();
-  } else {
-    QLabel::keyPressEvent(event);
   }
 }
 
-void ClickLabel::focusInEvent(QFocusEvent* event) {
-  QLabel::focusInEvent(event);
-  update();
-}
-
-void ClickLabel::focusOutEvent(QFocusEvent* event) {
-  QLabel::focusOutEvent(event);
-  update();
+void ClickLabel::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      emit Click();
+      return;
+    default:
+      QLabel::keyPressEvent(event);
+  }
 }
 
 }  // namespace rostermill

@@ -4,23 +4,22 @@
 
 namespace rostermill {
 
-/// A label with plain text that can be pressed, by the left button and, while it has the focus,
-/// by Space and Enter. It takes the keyboard focus only where SetFocusPolicy lets it.
+/// A label that is pressed by the left mouse button, Space or Enter. It takes the keyboard focus
+/// and shows it in its text colour. A disabled one reports nothing.
 class ClickLabel : public QLabel {
   Q_OBJECT
 
  public:
-  ClickLabel();
+  explicit ClickLabel(const QString& text = {});
 
  signals:
   void Click();
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
-  void focusInEvent(QFocusEvent* event) override;
-  void focusOutEvent(QFocusEvent* event) override;
 };
 
 }  // namespace rostermill

@@ -15,6 +15,8 @@ namespace {
 
 constexpr int choices = 8;
 constexpr int columns = 4;
+/// Room for the focus frame around a name.
+constexpr int name_margin = 5;
 
 }  // namespace
 
@@ -32,7 +34,8 @@ void ChoosePlay::BuildControls() {
   for (int choice = 0; choice < choices; ++choice) {
     PictureBox* picture = picRun.Add(new PictureBox({}, PlayPictureSize, PlayMagnification));
     KeepRoomWhenHidden(picture);
-    lblName.Add(new ClickLabel)->setText("Name");
+    ClickLabel* name = lblName.Add(new ClickLabel("Name"));
+    name->setMargin(name_margin);
   }
   lblChosen = new ElidedLabel("lblChosen");
   lblChosen->setText("Choose");
@@ -48,7 +51,7 @@ void ChoosePlay::LayOut() {
   auto* grid = new QGridLayout(this);
   for (int choice = 0; choice < choices; ++choice) {
     auto* tile = new QVBoxLayout;
-    tile->setSpacing(2);
+    tile->setSpacing(0);
     tile->addWidget(picRun[choice], 0, Qt::AlignHCenter);
     tile->addWidget(lblName[choice], 0, Qt::AlignHCenter);
     grid->addLayout(tile, choice / columns, choice % columns);
@@ -58,7 +61,6 @@ void ChoosePlay::LayOut() {
   bottom->addWidget(lblChosen, 1);
   bottom->addWidget(ButtonRow(btnOK, btnCancel));
   grid->addLayout(bottom, choices / columns, 0, 1, columns);
-  grid->setVerticalSpacing(10);
   grid->setRowStretch(choices / columns, 1);
 }
 

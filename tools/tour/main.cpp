@@ -21,6 +21,9 @@ QPalette DarkPalette() {
   palette.setColor(QPalette::ToolTipText, QColor(239, 240, 241));
   palette.setColor(QPalette::Highlight, QColor(61, 126, 201));
   palette.setColor(QPalette::HighlightedText, Qt::white);
+  for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
+    palette.setColor(QPalette::Disabled, role, QColor(140, 143, 146));
+  }
   return palette;
 }
 
