@@ -49,6 +49,10 @@ void ChoosePlay::BuildControls() {
 
 void ChoosePlay::LayOut() {
   auto* grid = new QGridLayout(this);
+  const int name_width = fontMetrics().horizontalAdvance("Run and Shoot Sweep Right");
+  for (int column = 0; column < columns; ++column) {
+    grid->setColumnMinimumWidth(column, name_width + 2 * name_margin);
+  }
   for (int choice = 0; choice < choices; ++choice) {
     auto* tile = new QVBoxLayout;
     tile->setSpacing(0);
