@@ -14,6 +14,7 @@
 #include "screens/leaders/view_leaders.h"
 #include "screens/players/text_forms.h"
 #include "screens/players/view_player.h"
+#include "screens/teams/view_teams.h"
 #include "shell/loading.h"
 #include "shell/open_save.h"
 #include "toolkit/elided_label.h"
@@ -78,6 +79,7 @@ void FRSMform::BuildWindow() {
       {"mFilExit", [this] { mFilExit_Click(); }},
       {"mHelAbout", [this] { mHelAbout_Click(); }},
       {"mViePlayerData", [this] { mViePlayerData_Click(); }},
+      {"mVieTeamData", [this] { mVieTeamData_Click(); }},
       {"mVieLeaders", [this] { mVieLeaders_Click(); }},
   };
   for (int index = 0; index < RecentFiles::Count; ++index) {
@@ -193,6 +195,7 @@ void FRSMform::mFilUnloadROM_Click() {
     return;
   }
   ClearLeague(session_, *this);
+  CloseIfOpen(view_teams_);
   CloseIfOpen(view_player_);
   ShowStatus(no_rom);
 }
@@ -213,6 +216,10 @@ void FRSMform::mHelAbout_Click() {
 
 void FRSMform::mViePlayerData_Click() {
   area_->ShowOnly(view_player_, [this] { return new ViewPlayer(session_); });
+}
+
+void FRSMform::mVieTeamData_Click() {
+  area_->ShowOnly(view_teams_, [this] { return new ViewTeams(session_); });
 }
 
 void FRSMform::mVieLeaders_Click() {

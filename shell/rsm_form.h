@@ -18,6 +18,7 @@ class ElidedLabel;
 class Loading;
 class ViewLeaders;
 class ViewPlayer;
+class ViewTeams;
 
 /// The main window: menu, status bar, and inside it the child forms. Loads, saves and unloads the
 /// image, opens every other screen, and has the commands follow whether an image is loaded.
@@ -54,6 +55,7 @@ class FRSMform : public QMainWindow, private PipelineHost {
   void mFilExit_Click();
   void mHelAbout_Click();
   void mViePlayerData_Click();
+  void mVieTeamData_Click();
   void mVieLeaders_Click();
 
   void ShowStatus(const std::string& text);
@@ -80,6 +82,7 @@ class FRSMform : public QMainWindow, private PipelineHost {
 
   QPointer<Loading> loading_;
   QPointer<ViewPlayer> view_player_;
+  QPointer<ViewTeams> view_teams_;
   QPointer<ViewLeaders> view_leaders_;
 };
 

@@ -27,7 +27,8 @@ void ElidedLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   const QRect inside = contentsRect();
   const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, inside.width());
-  style()->drawItemText(&painter, inside, static_cast<int>(alignment() | Qt::AlignVCenter),
+  style()->drawItemText(&painter, inside,
+                        static_cast<int>(alignment() | Qt::AlignVCenter) | Qt::TextSingleLine,
                         palette(), isEnabled(), shown, foregroundRole());
 }
 

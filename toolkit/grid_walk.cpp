@@ -1,6 +1,7 @@
 #include "toolkit/grid_walk.h"
 
 #include <QKeyEvent>
+#include <QToolTip>
 #include <QWidget>
 
 #include <algorithm>
@@ -30,7 +31,9 @@ bool GridWalk::eventFilter(QObject* watched, QEvent* event) {
   } else if (event->type() == QEvent::KeyPress) {
     const int target = Target(static_cast<QKeyEvent*>(event)->key());
     if (target >= 0) {
-      cells_[static_cast<std::size_t>(target)]->setFocus(Qt::OtherFocusReason);
+      QWidget* cell = cells_[static_cast<std::size_t>(target)];
+      cell->setFocus(Qt::OtherFocusReason);
+      QToolTip::showText(cell->mapToGlobal(QPoint(0, cell->height())), cell->toolTip(), cell);
       return true;
     }
   }

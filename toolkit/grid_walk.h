@@ -10,6 +10,7 @@ namespace rostermill {
 
 /// Makes a grid of controls one stop of the Tab key, at the cell that had the focus last. From
 /// there the arrow keys walk the grid, and Home and End go to the ends of the row.
+/// A cell that comes to the focus so shows its tool tip.
 class GridWalk : public QObject {
   Q_OBJECT
 
