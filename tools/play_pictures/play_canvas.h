@@ -1,0 +1,60 @@
+#pragma once
+
+#include <QImage>
+#include <QPoint>
+#include <QRect>
+
+#include <string_view>
+#include <vector>
+
+namespace rostermill {
+
+inline constexpr int kPictureWidth = 112;
+inline constexpr int kPictureHeight = 84;
+
+enum class Ink : unsigned char {
+  kGrass,
+  kYardLine,
+  kScrimmageLine,
+  kShade,  // Around the men, so that lines end clear of them.
+  kBlock,
+  kFake,
+  kRoute,
+  kCarry,
+  kBall,
+  kLineman,
+  kPlayer,
+  kQuarterback,
+  kLetter,
+  kCount
+};
+
+struct Stroke {
+  Ink ink = Ink::kRoute;
+  int thickness = 1;
+  int dash = 0;  // Pixels drawn and pixels left out in turn; 0 for a solid line.
+  int gap = 0;
+};
+
+// A picture that is drawn pixel by pixel: every line has whole pixels of one ink and looks the same
+// whatever the version of the graphics library.
+class PlayCanvas {
+ public:
+  PlayCanvas();
+
+  void Plot(QPoint at, Ink ink);
+  void FillRect(const QRect& rect, Ink ink);
+  void DrawLine(const std::vector<QPoint>& points, const Stroke& stroke);
+  void DrawArrowHead(const std::vector<QPoint>& points, int length, const Stroke& stroke);
+  void DrawBar(const std::vector<QPoint>& points, const Stroke& stroke);
+  // In the rows of a stamp '#' is drawn in the ink and '.' in the filling; a space leaves the
+  // picture as it is. The stamp lies centred on the point.
+  void DrawStamp(QPoint centre, const std::vector<std::string_view>& rows, Ink ink, Ink filling);
+
+  const QImage& image() const { return image_; }
+
+ private:
+  QImage image_;
+};
+
+}  // namespace rostermill

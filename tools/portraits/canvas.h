@@ -1,0 +1,89 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+namespace rostermill {
+
+inline constexpr int kPictureSize = 32;
+
+// What a pixel shows. Each material runs from its outline to its lightest shade, so a lighter or
+// darker pixel of the same material is the next or the previous role.
+enum class Role : std::uint8_t {
+  Clear,
+  Back,
+  BackLight,
+  SkinLine,
+  SkinDeep,
+  SkinShade,
+  Skin,
+  SkinLight,
+  HairLine,
+  HairShade,
+  Hair,
+  HairLight,
+  Stubble,
+  StubbleFaint,
+  Lash,
+  Pupil,
+  Iris,
+  EyeShade,
+  EyeWhite,
+  MouthLine,
+  Lip,
+  LipLight,
+  Teeth,
+  JerseyLine,
+  JerseyShade,
+  Jersey,
+  JerseyLight,
+  TrimLine,
+  TrimShade,
+  Trim,
+  TrimLight,
+  Frame,
+  Glint,
+  Grease,
+  // Placeholders that shading replaces before the picture is finished.
+  HairMass,
+  Cloth,
+  Count
+};
+
+inline constexpr std::size_t kRoleCount = static_cast<std::size_t>(Role::Count);
+
+// A part of a picture: rows of letters, one letter a pixel, '.' where the part leaves a hole.
+struct Art {
+  int left;
+  int top;
+  std::string_view rows;
+};
+
+class Canvas {
+ public:
+  static constexpr bool Holds(int x, int y) {
+    return x >= 0 && x < kPictureSize && y >= 0 && y < kPictureSize;
+  }
+
+  // Clear outside the canvas.
+  Role At(int x, int y) const;
+  bool IsClear(int x, int y) const { return At(x, y) == Role::Clear; }
+
+  // Ignored outside the canvas.
+  void Set(int x, int y, Role role);
+
+  void Stamp(const Art& art, int shift_x = 0, int shift_y = 0);
+  void Lay(const Canvas& upper);
+  void KeepWithin(const Canvas& mask);
+
+ private:
+  static std::size_t Index(int x, int y) { return static_cast<std::size_t>(y * kPictureSize + x); }
+
+  std::array<Role, kPictureSize * kPictureSize> pixels_{};
+};
+
+Role RoleOfLetter(char letter);
+
+}  // namespace rostermill

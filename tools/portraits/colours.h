@@ -1,0 +1,36 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+
+#include "tools/portraits/canvas.h"
+#include "tools/portraits/recipe.h"
+
+namespace rostermill {
+
+using Rgb = std::uint32_t;  // 0xRRGGBB
+using Palette = std::array<Rgb, kRoleCount>;
+
+// In the order of the table of hair colours.
+enum HairColour : std::uint8_t {
+  kBlueBlack,
+  kSoftBlack,
+  kDarkBrown,
+  kBrown,
+  kChestnut,
+  kAuburn,
+  kGinger,
+  kDarkBlond,
+  kBlond,
+  kSand,
+  kGrey,
+  kHairColourCount
+};
+
+std::size_t KitCount();
+std::size_t BackdropCount();
+
+Palette PaletteOf(const Recipe& recipe);
+
+}  // namespace rostermill

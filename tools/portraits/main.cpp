@@ -1,0 +1,124 @@
+#include <QImage>
+#include <QList>
+#include <QString>
+
+#include <cstdio>
+#include <exception>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "tools/portraits/canvas.h"
+#include "tools/portraits/colours.h"
+#include "tools/portraits/no_picture.h"
+#include "tools/portraits/painter.h"
+#include "tools/portraits/recipe.h"
+
+namespace rostermill {
+namespace {
+
+// Two portraits that differ in fewer pixels than this would be taken for one another.
+constexpr int kLeastDifference = 60;
+constexpr int kDotsPerMetre = 2835;
+
+QImage ImageOf(std::span<const Rgb> colours) {
+  QImage image(kPictureSize, kPictureSize, QImage::Format_Indexed8);
+  // Left alone, the resolution depends on the screen of whoever runs this.
+  image.setDotsPerMeterX(kDotsPerMetre);
+  image.setDotsPerMeterY(kDotsPerMetre);
+  QList<QRgb> table;
+  for (const Rgb colour : colours) table.append(0xff000000u | colour);
+  image.setColorTable(table);
+  return image;
+}
+
+QImage PortraitImage(int portrait) {
+  const Recipe recipe = RecipeOf(portrait);
+  const Palette palette = PaletteOf(recipe);
+  const Canvas canvas = Paint(recipe);
+  QImage image = ImageOf(palette);
+  for (int y = 0; y < kPictureSize; ++y) {
+    for (int x = 0; x < kPictureSize; ++x) {
+      image.setPixel(x, y, static_cast<uint>(canvas.At(x, y)));
+    }
+  }
+  return image;
+}
+
+QImage NoPictureImage() {
+  const auto greys = Greys();
+  const GreyPicture picture = NoPicture();
+  QImage image = ImageOf(greys);
+  for (int y = 0; y < kPictureSize; ++y) {
+    for (int x = 0; x < kPictureSize; ++x) {
+      image.setPixel(x, y, picture[static_cast<std::size_t>(y * kPictureSize + x)]);
+    }
+  }
+  return image;
+}
+
+bool ShowsBackdrop(const QImage& image, int x, int y) {
+  const auto role = static_cast<Role>(image.pixelIndex(x, y));
+  return role == Role::Back || role == Role::BackLight;
+}
+
+// Backdrops do not tell two players apart, so pixels where both show theirs do not count.
+int Difference(const QImage& a, const QImage& b) {
+  int count = 0;
+  for (int y = 0; y < kPictureSize; ++y) {
+    for (int x = 0; x < kPictureSize; ++x) {
+      if (ShowsBackdrop(a, x, y) && ShowsBackdrop(b, x, y)) continue;
+      if (a.pixel(x, y) != b.pixel(x, y)) ++count;
+    }
+  }
+  return count;
+}
+
+void CheckDistinct(const std::vector<QImage>& portraits) {
+  for (std::size_t i = 0; i < portraits.size(); ++i) {
+    for (std::size_t j = 0; j < i; ++j) {
+      if (Difference(portraits[i], portraits[j]) < kLeastDifference) {
+        throw std::runtime_error("portraits " + std::to_string(j) + " and " + std::to_string(i) +
+                                 " look alike");
+      }
+    }
+  }
+}
+
+void Save(const QImage& image, const QString& folder, const QString& name) {
+  const QString path = folder + '/' + name + QStringLiteral(".bmp");
+  if (!image.save(path, "BMP")) {
+    throw std::runtime_error("cannot write " + path.toStdString());
+  }
+}
+
+void MakePortraits(const QString& folder) {
+  std::vector<QImage> portraits;
+  for (int portrait = 0; portrait < kPortraitCount; ++portrait) {
+    portraits.push_back(PortraitImage(portrait));
+  }
+  CheckDistinct(portraits);
+  int number = 0;
+  for (const QImage& portrait : portraits) {
+    Save(portrait, folder, QStringLiteral("%1").arg(number++, 2, 16, QLatin1Char('0')).toUpper());
+  }
+  Save(NoPictureImage(), folder, QStringLiteral("na"));
+}
+
+}  // namespace
+}  // namespace rostermill
+
+int main(int argc, char** argv) {
+  if (argc != 2) {
+    std::fputs("usage: make_portraits FOLDER\n", stderr);
+    return 1;
+  }
+  try {
+    rostermill::MakePortraits(QString::fromLocal8Bit(argv[1]));
+  } catch (const std::exception& error) {
+    std::fprintf(stderr, "make_portraits: %s\n", error.what());
+    return 1;
+  }
+  return 0;
+}

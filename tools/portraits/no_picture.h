@@ -1,0 +1,17 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+
+#include "tools/portraits/canvas.h"
+
+namespace rostermill {
+
+inline constexpr int kGreyCount = 8;
+
+// Shown where there is no portrait: a grey helmet with a question mark, as indexes into Greys().
+using GreyPicture = std::array<std::uint8_t, kPictureSize * kPictureSize>;
+GreyPicture NoPicture();
+std::array<std::uint32_t, kGreyCount> Greys();
+
+}  // namespace rostermill

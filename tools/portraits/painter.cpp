@@ -1,0 +1,137 @@
+#include "tools/portraits/painter.h"
+
+#include "tools/portraits/parts.h"
+#include "tools/portraits/shading.h"
+
+namespace rostermill {
+namespace {
+
+constexpr int kLeftTemple = 9;
+constexpr int kRightTemple = 22;
+constexpr int kForeheadRow = 9;
+constexpr int kChinRow = 23;
+
+Canvas Backdrop() {
+  Canvas canvas;
+  for (int y = 0; y < kPictureSize; ++y) {
+    for (int x = 0; x < kPictureSize; ++x) {
+      const int along = x + y;
+      const bool light = along < 24 || (along < 30 && (x + y * 2) % 4 == 0);
+      canvas.Set(x, y, light ? Role::BackLight : Role::Back);
+    }
+  }
+  return canvas;
+}
+
+Canvas Skull(const Jaw& jaw) {
+  constexpr std::array<int, kCraniumRows> kCranium = {4, 6, 7, 7, 8, 8, 8, 8, 8, 8};
+  Canvas canvas;
+  const auto fill_row = [&](int y, int half_width) {
+    for (int x = kMiddle - half_width; x < kMiddle + half_width; ++x) canvas.Set(x, y, Role::Skin);
+  };
+  int y = kHeadTop;
+  for (const int half_width : kCranium) fill_row(y++, half_width);
+  for (const int half_width : jaw) fill_row(y++, half_width);
+  return canvas;
+}
+
+Canvas Shaded(const Art& art, Texture texture, int shift = 0) {
+  Canvas canvas;
+  canvas.Stamp(art, shift);
+  ShadeHair(canvas, texture);
+  return canvas;
+}
+
+// -1 and 1 turn the face a little to the left or right.
+int TurnOf(const Recipe& recipe) {
+  return recipe.turn - 1;
+}
+
+Canvas Beard(const Recipe& recipe, const Canvas& skull) {
+  const Whiskers& whiskers = WhiskerStyles()[recipe.whiskers];
+  const Reach reach = whiskers.reach;
+  if (reach == Reach::Temples && HairStyles()[recipe.hair].hides_temples) return {};
+  const Texture texture = reach == Reach::Beyond ? Texture::Waves : Texture::Straight;
+  // What grows on the jaw stays there when the features turn.
+  Canvas beard = Shaded(whiskers.beard, texture, reach == Reach::Chin ? TurnOf(recipe) : 0);
+  if (reach != Reach::Beyond) beard.KeepWithin(skull);
+  return beard;
+}
+
+Canvas Head(const Recipe& recipe) {
+  const Canvas skull = Skull(Jaws()[recipe.jaw]);
+  const int turn = TurnOf(recipe);
+  Canvas face = skull;
+  ShadeSkull(face);
+  Canvas features;
+  features.Stamp(Reliefs()[recipe.relief], turn);
+  features.Stamp(Noses()[recipe.nose], turn);
+  features.Stamp(Eyes()[recipe.eyes], turn);
+  features.Stamp(Brows()[recipe.brows], turn);
+  features.Stamp(Extras()[recipe.extra].on_skin, turn);
+  features.Lay(Beard(recipe, skull));
+  features.Stamp(Mouths()[recipe.mouth], turn);
+  features.Lay(Shaded(WhiskerStyles()[recipe.whiskers].moustache, Texture::Straight, turn));
+
+  Canvas head;
+  if (turn >= 0) head.Stamp(Ears()[0]);
+  if (turn <= 0) head.Stamp(Ears()[1]);
+  head.Lay(face);
+  head.Lay(features);
+  const HairStyle& hair = HairStyles()[recipe.hair];
+  head.Lay(Shaded(hair.front, hair.texture));
+  head.Stamp(Extras()[recipe.extra].worn, turn);
+  return head;
+}
+
+int SourceColumn(int x, int columns) {
+  if (x < kLeftTemple + (columns < 0 ? 1 : 0)) return x + columns;
+  if (x > kRightTemple - (columns < 0 ? 1 : 0)) return x - columns;
+  return x;
+}
+
+int SourceRow(int y, const Build& build) {
+  if (y < kForeheadRow) return y + build.forehead;
+  if (y > kChinRow) return y - build.chin;
+  return y;
+}
+
+Canvas Rebuild(const Canvas& nominal, const Build& build) {
+  Canvas canvas;
+  for (int y = 0; y < kPictureSize; ++y) {
+    for (int x = 0; x < kPictureSize; ++x) {
+      canvas.Set(x, y, nominal.At(SourceColumn(x, build.columns), SourceRow(y, build)));
+    }
+  }
+  return canvas;
+}
+
+Canvas Body(const Recipe& recipe) {
+  Canvas shoulders;
+  shoulders.Stamp(Shoulders()[recipe.shoulders]);
+  Canvas pattern;
+  pattern.Stamp(Patterns()[recipe.pattern]);
+  pattern.KeepWithin(shoulders);
+
+  Canvas body = shoulders;
+  ShadeCloth(body);
+  body.Lay(pattern);
+  body.Stamp(Necks()[recipe.neck]);
+  body.Stamp(Collars()[recipe.collar]);
+  return body;
+}
+
+}  // namespace
+
+Canvas Paint(const Recipe& recipe) {
+  const Build& build = Builds()[recipe.build];
+  const HairStyle& hair = HairStyles()[recipe.hair];
+  Canvas picture = Backdrop();
+  picture.Lay(Rebuild(Shaded(hair.behind, hair.texture), build));
+  picture.Lay(Body(recipe));
+  picture.Lay(Rebuild(Head(recipe), build));
+  Outline(picture);
+  return picture;
+}
+
+}  // namespace rostermill

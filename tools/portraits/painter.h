@@ -1,0 +1,10 @@
+#pragma once
+
+#include "tools/portraits/canvas.h"
+#include "tools/portraits/recipe.h"
+
+namespace rostermill {
+
+Canvas Paint(const Recipe& recipe);
+
+}  // namespace rostermill

@@ -1,0 +1,103 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <span>
+
+#include "tools/portraits/canvas.h"
+
+namespace rostermill {
+
+inline constexpr int kMiddle = kPictureSize / 2;
+inline constexpr int kHeadTop = 4;
+inline constexpr int kCraniumRows = 10;
+inline constexpr int kJawRows = 11;
+
+// Half the width of the head, row by row, from the cheekbones to the chin.
+using Jaw = std::array<int, kJawRows>;
+
+// Adds or takes away a column on either side of the face, a row of forehead and a row of chin.
+struct Build {
+  int columns;
+  int forehead;
+  int chin;
+};
+
+enum class Texture : std::uint8_t { Straight, Strands, Waves, Curls, Coils };
+
+// In the order of HairStyles().
+enum HairName : std::uint8_t {
+  kCropped,
+  kSideParted,
+  kCrewCut,
+  kBuzzCut,
+  kCoiledFade,
+  kHighTopped,
+  kAfroFull,
+  kAfroShort,
+  kCurly,
+  kLongParted,
+  kMulleted,
+  kSlickedBack,
+  kThinning,
+  kBaldCrown,
+  kShaven,
+  kMohawked,
+  kSpiked,
+  kFringed,
+  kJawLength,
+  kCornrowed,
+  kCornrowedLong,
+  kLocked,
+  kTwisted,
+  kTopKnotted,
+  kPonytailed,
+  kCapped,
+  kKnitCapped,
+  kSkullCapped,
+  kCurlsInBand,
+  kLongInBand,
+  kCoilsInBand,
+  kWavyCrop,
+  kCurlyFade,
+  kHairNameCount
+};
+
+struct HairStyle {
+  Texture texture;
+  bool hides_temples;
+  Art behind;  // drawn before neck and face
+  Art front;
+};
+
+// How far a beard spreads: over the chin, along the jaw, down from the temples, or beyond the face.
+enum class Reach : std::uint8_t { Chin, JawLine, Temples, Beyond };
+
+struct Whiskers {
+  Art beard;  // under the mouth
+  Art moustache;
+  Reach reach;
+};
+
+struct Extra {
+  Art on_skin;  // under whiskers and hair
+  Art worn;     // over everything
+};
+
+std::span<const Jaw> Jaws();
+std::span<const Build> Builds();
+std::span<const Art> Reliefs();
+std::span<const Art> Brows();
+std::span<const Art> Eyes();
+std::span<const Art> Noses();
+std::span<const Art> Mouths();
+std::span<const Extra> Extras();
+std::span<const Art> Ears();  // left, right
+std::span<const HairStyle> HairStyles();
+std::span<const Whiskers> WhiskerStyles();
+std::span<const Art> Necks();
+std::span<const Art> Shoulders();
+std::span<const Art> Collars();
+std::span<const Art> Patterns();
+
+}  // namespace rostermill

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <cstdint>
+
+namespace rostermill {
+
+inline constexpr int kPortraitCount = 256;
+inline constexpr int kPageSize = 128;  // light complexions, then dark ones
+
+// One choice from each list of parts.
+struct Recipe {
+  std::uint8_t skin, jaw, build, relief, neck, shoulders;
+  std::uint8_t hair, hair_colour, whiskers;
+  std::uint8_t brows, eyes, iris, nose, mouth;
+  std::uint8_t extra, kit, collar, pattern, backdrop, turn;
+};
+
+Recipe RecipeOf(int portrait);
+
+}  // namespace rostermill

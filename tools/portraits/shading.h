@@ -1,0 +1,16 @@
+#pragma once
+
+#include "tools/portraits/canvas.h"
+#include "tools/portraits/parts.h"
+
+namespace rostermill {
+
+// The light comes from the upper left in all of these.
+void ShadeSkull(Canvas& head);
+void ShadeHair(Canvas& hair, Texture texture);
+void ShadeCloth(Canvas& body);
+
+// Darkens the rim of the figure; what is clear or backdrop lies outside it.
+void Outline(Canvas& figure);
+
+}  // namespace rostermill
