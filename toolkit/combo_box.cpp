@@ -1,5 +1,6 @@
 #include "toolkit/combo_box.h"
 
+#include <QApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -28,10 +29,10 @@ void ComboBox::FollowText(const QString& text) {
 void ComboBox::focusOutEvent(QFocusEvent* event) {
   DropDownList::focusOutEvent(event);
   const Qt::FocusReason reason = event->reason();
-  if (reason != Qt::PopupFocusReason && reason != Qt::MenuBarFocusReason &&
-      reason != Qt::ActiveWindowFocusReason) {
-    emit LostFocus();
-  }
+  const bool comes_back = reason == Qt::PopupFocusReason || reason == Qt::MenuBarFocusReason ||
+                          reason == Qt::ActiveWindowFocusReason ||
+                          QApplication::activePopupWidget() != nullptr;
+  if (!comes_back) emit LostFocus();
 }
 
 void ComboBox::keyPressEvent(QKeyEvent* event) {

@@ -4,6 +4,7 @@
 #include <QEvent>
 #include <QHeaderView>
 #include <QScrollBar>
+#include <QStyle>
 
 #include <algorithm>
 
@@ -17,6 +18,7 @@ constexpr int twips_per_inch = 1440;
 constexpr int default_width = 960;  // twips
 constexpr int row_padding = 6;
 constexpr int columns_at_first = 8;
+constexpr int longest_measured = 100;  // characters; a damaged text can have thousands
 
 void ShowBare(QTableView& view) {
   view.horizontalHeader()->hide();
@@ -72,6 +74,17 @@ void FlexGrid::SetColWidth(int column, int twips) {
   if (column != 0) return;
   fixed_->setColumnWidth(0, Pixels(twips));
   PlaceFixedColumn();
+}
+
+void FlexGrid::WidenToText(int column) {
+  const int margin = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 2);
+  const int width = columnWidth(column);
+  int widest = width;
+  for (int row = 0; row < rowCount(); ++row) {
+    const QString text = TextMatrix(row, column).left(longest_measured);
+    widest = std::max(widest, fontMetrics().horizontalAdvance(text) + margin);
+  }
+  setColumnWidth(column, std::min(widest, 2 * width));
 }
 
 void FlexGrid::SetTextMatrix(int row, int column, const QString& text, const QString& tool_tip) {

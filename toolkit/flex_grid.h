@@ -15,6 +15,8 @@ class FlexGrid : public QTableWidget {
 
   /// `twips`: 1440 are an inch.
   void SetColWidth(int column, int twips);
+  /// Widens a column to its widest text, at most to twice the width that it has.
+  void WidenToText(int column);
   void SetTextMatrix(int row, int column, const QString& text, const QString& tool_tip = {});
   QString TextMatrix(int row, int column) const;
 

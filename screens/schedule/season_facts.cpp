@@ -1,5 +1,6 @@
 #include "screens/schedule/season_facts.h"
 
+#include <algorithm>
 #include <array>
 
 #include "screens/players/text_forms.h"
@@ -9,6 +10,7 @@ namespace rostermill {
 namespace {
 
 constexpr int side_count = TeamCount + 2;
+constexpr std::size_t column_width = 3;
 
 /// The league's texts of the two all-star sides are its second and third.
 const std::string& AllStarText(const LeagueData& league, int side) {
@@ -21,7 +23,7 @@ bool IsTeam(int side) {
 
 std::string Column(int number) {
   const std::string digits = std::to_string(number);
-  return std::string(digits.size() < 3 ? 3 - digits.size() : 0, ' ') + digits;
+  return std::string(column_width - std::min(column_width, digits.size()), ' ') + digits;
 }
 
 }  // namespace
@@ -60,7 +62,7 @@ WeekFacts FactsOfWeek(const ScheduleWeek& week) {
   return facts;
 }
 
-int GamesOfSeason(const IndexedArray<ScheduleWeek, 0, WeekCount - 1>& season) {
+int GamesOfSeason(const Season& season) {
   int games = 0;
   for (const ScheduleWeek& week : season) games += week.GameCount;
   return games;
@@ -75,14 +77,16 @@ std::string SideList(const LeagueData& league, const std::vector<int>& sides) {
   return sides.empty() ? "none" : list;
 }
 
-std::string GamesByWeek(const IndexedArray<ScheduleWeek, 0, WeekCount - 1>& season) {
-  std::string weeks;
-  std::string games;
-  for (int week = 0; week < WeekCount; ++week) {
-    weeks += Column(week + 1);
-    games += Column(season[week].GameCount);
-  }
-  return weeks + "\n" + games;
+std::string WeekColumns() {
+  std::string columns;
+  for (int week = 1; week <= WeekCount; ++week) columns += Column(week);
+  return columns + "  all";
+}
+
+std::string GamesByWeek(const Season& season) {
+  std::string columns;
+  for (const ScheduleWeek& week : season) columns += Column(week.GameCount);
+  return columns + "  " + Column(GamesOfSeason(season));
 }
 
 }  // namespace rostermill

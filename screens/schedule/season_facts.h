@@ -30,13 +30,17 @@ struct WeekFacts {
 /// Looks at the places in use. A number outside 0 to 29 belongs to no side.
 WeekFacts FactsOfWeek(const ScheduleWeek& week);
 
+using Season = decltype(LeagueData::ScheduleData);
+
 /// The games of all weeks together.
-int GamesOfSeason(const IndexedArray<ScheduleWeek, 0, WeekCount - 1>& season);
+int GamesOfSeason(const Season& season);
 
 /// "HAR., POR." or "none".
 std::string SideList(const LeagueData& league, const std::vector<int>& sides);
 
-/// The numbers of the weeks, and under them their counts of games, in fixed-pitch columns.
-std::string GamesByWeek(const IndexedArray<ScheduleWeek, 0, WeekCount - 1>& season);
+/// "  1  2 ... 17  all", to stand over GamesByWeek in a fixed-pitch font.
+std::string WeekColumns();
+/// The games of each week and of the season, in the columns of WeekColumns.
+std::string GamesByWeek(const Season& season);
 
 }  // namespace rostermill

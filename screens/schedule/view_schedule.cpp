@@ -32,6 +32,7 @@ void ViewSchedule::LayOut() {
 void ViewSchedule::Form_Load() {
   grdSchedule->SetColWidth(0, week_width);
   for (int w = 1; w <= WeekCount; ++w) ShowWeek(w);
+  for (int game = 1; game <= GamesPerWeek; ++game) grdSchedule->WidenToText(game);
 }
 
 void ViewSchedule::ShowWeek(int w) {

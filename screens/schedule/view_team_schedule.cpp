@@ -10,7 +10,7 @@ namespace rostermill {
 
 namespace {
 
-constexpr int line_width = 44;  // average characters
+constexpr int line_width = 52;  // average characters
 
 }  // namespace
 
