@@ -9,6 +9,7 @@
 #include <algorithm>
 
 #include "toolkit/copy_text.h"
+#include "toolkit/form_parts.h"
 
 namespace rostermill {
 
@@ -18,6 +19,8 @@ constexpr int twips_per_inch = 1440;
 constexpr int default_width = 960;  // twips
 constexpr int row_padding = 6;
 constexpr int columns_at_first = 8;
+constexpr int widest_at_first = 10 * twips_per_inch;
+constexpr int longest_tool_tip = 400;
 constexpr int longest_measured = 100;  // characters; a damaged text can have thousands
 
 void ShowBare(QTableView& view) {
@@ -89,7 +92,7 @@ void FlexGrid::WidenToText(int column) {
 
 void FlexGrid::SetTextMatrix(int row, int column, const QString& text, const QString& tool_tip) {
   auto* cell = new QTableWidgetItem(text);
-  if (!tool_tip.isEmpty()) cell->setToolTip("<p>" + tool_tip.toHtmlEscaped() + "</p>");
+  cell->setToolTip(PlainToolTip(tool_tip.left(longest_tool_tip)));
   setItem(row, column, cell);
 }
 
@@ -103,7 +106,8 @@ QSize FlexGrid::sizeHint() const {
   for (int column = 0; column < std::min(columnCount(), columns_at_first); ++column) {
     width += columnWidth(column);
   }
-  return {width, verticalHeader()->length() + horizontalScrollBar()->sizeHint().height()};
+  return {std::min(width, Pixels(widest_at_first)),
+          verticalHeader()->length() + horizontalScrollBar()->sizeHint().height()};
 }
 
 void FlexGrid::scrollTo(const QModelIndex& index, ScrollHint hint) {

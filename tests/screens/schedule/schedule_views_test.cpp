@@ -64,7 +64,8 @@ TEST_F(ScheduleViewsTest, TheGridHoldsTheSeason) {
   EXPECT_EQ(grid.columnWidth(2), 87);  // 1300 twips
   EXPECT_GT(grid.columnWidth(1), grid.fontMetrics().horizontalAdvance("P&V  @ WES."));
   EXPECT_EQ(grid.columnWidth(3), 64);
-  EXPECT_EQ(grid.item(16, 1)->toolTip(), "<p>PORT &amp; VALE KILNS at WEST&lt;B&gt;MARK MILLS</p>");
+  EXPECT_EQ(grid.item(0, 1)->toolTip(), "HARBORTON SPARROWS at PORT & VALE KILNS");
+  EXPECT_TRUE(grid.item(16, 1)->toolTip().contains("at WEST&lt;B&gt;MARK MILLS"));
 }
 
 // Would catch a gap beside the grid, and a cursor that walks under the fixed column.
@@ -127,6 +128,8 @@ TEST_F(ScheduleViewsTest, ATeamsLinesTellHomeFromAway) {
   EXPECT_EQ(line(3), "Bye Week");
   EXPECT_EQ(line(5), "harborton sparrows");
   EXPECT_EQ(line(16), "Bye Week");
+
+  EXPECT_EQ(Find<QLabel>(form, "lblOpponent(0)").toolTip(), "port & vale kilns");
 
   session->SchedTeam = 28;
   form.ShowTeam();
