@@ -1,10 +1,9 @@
 #include "screens/probowl/choose_player_form.h"
 
+#include <QDialogButtonBox>
 #include <QGridLayout>
-#include <QGroupBox>
 
 #include "screens/players/text_forms.h"
-#include "toolkit/button_frame.h"
 #include "toolkit/control_array.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/text_codec.h"
@@ -57,12 +56,15 @@ void frmChoosePlayer::BuildControls() {
 }
 
 void frmChoosePlayer::LayOut() {
+  auto* Frame1 = ButtonRow(btnOK, btnCancel);
+  Frame1->setObjectName("Frame1");
+
   auto* grid = new QGridLayout(this);
   grid->addWidget(NewCaption(MemberName("Label1", 0), "Team:", cmbTeam), 0, 0);
   grid->addWidget(cmbTeam, 0, 1);
   grid->addWidget(NewCaption(MemberName("Label1", 1), "Player:", cmbPlayer), 1, 0);
   grid->addWidget(cmbPlayer, 1, 1);
-  grid->addWidget(NewButtonFrame("Frame1", btnOK, btnCancel), 3, 0, 1, 2);
+  grid->addWidget(Frame1, 3, 0, 1, 2);
   grid->setColumnStretch(1, 1);
   grid->setRowStretch(2, 1);
 }

@@ -14,7 +14,7 @@ constexpr int text_margin = 3;
 
 PlaceLabel::PlaceLabel(const QString& place_name) : ElidedLabel({}), place_name_(place_name) {
   setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-  setMargin(text_margin);
+  setContentsMargins(text_margin, text_margin, text_margin, text_margin);
   setBackgroundRole(QPalette::Base);
   setForegroundRole(QPalette::Text);
   setAutoFillBackground(true);

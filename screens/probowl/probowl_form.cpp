@@ -1,10 +1,10 @@
 #include "screens/probowl/probowl_form.h"
 
+#include <QDialogButtonBox>
 #include <QGroupBox>
 #include <QHBoxLayout>
 
 #include "screens/probowl/roster_form.h"
-#include "toolkit/button_frame.h"
 #include "toolkit/form_parts.h"
 
 namespace rostermill {
@@ -25,6 +25,9 @@ void frmProbowl::BuildControls() {
 }
 
 void frmProbowl::LayOut() {
+  auto* Frame2 = ButtonRow(btnOK, nullptr);
+  Frame2->setObjectName("Frame2");
+
   auto* Frame1 = NewFrame("Frame1", "Rosters");
   auto* rosters = new QHBoxLayout(Frame1);
   rosters->addWidget(btnAFCroster);
@@ -33,7 +36,7 @@ void frmProbowl::LayOut() {
   auto* whole = new QVBoxLayout(this);
   whole->addWidget(Frame1);
   whole->addStretch();
-  whole->addWidget(NewButtonFrame("Frame2", btnOK));
+  whole->addWidget(Frame2);
 }
 
 void frmProbowl::Connect() {

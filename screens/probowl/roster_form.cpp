@@ -1,5 +1,6 @@
 #include "screens/probowl/roster_form.h"
 
+#include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QGroupBox>
 
@@ -9,7 +10,6 @@
 #include "screens/players/text_forms.h"
 #include "screens/probowl/choose_player_form.h"
 #include "screens/probowl/place_label.h"
-#include "toolkit/button_frame.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/text_codec.h"
 
@@ -79,6 +79,9 @@ void frmRoster::BuildControls() {
 }
 
 void frmRoster::LayOut() {
+  auto* Frame2 = ButtonRow(btnOK, nullptr);
+  Frame2->setObjectName("Frame2");
+
   auto* columns = new QHBoxLayout;
   QVBoxLayout* column = nullptr;
   for (int number = Frame1.First(); number < Frame1.Next(); ++number) {
@@ -91,7 +94,7 @@ void frmRoster::LayOut() {
   auto* whole = new QVBoxLayout(this);
   whole->addLayout(columns);
   whole->addStretch();
-  whole->addWidget(NewButtonFrame("Frame2", btnOK));
+  whole->addWidget(Frame2);
 }
 
 void frmRoster::Form_Load() {

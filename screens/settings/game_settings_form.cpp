@@ -1,9 +1,8 @@
 #include "screens/settings/game_settings_form.h"
 
+#include <QDialogButtonBox>
 #include <QGridLayout>
-#include <QGroupBox>
 
-#include "toolkit/button_frame.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/text_codec.h"
 
@@ -39,6 +38,9 @@ void frmEditGameSettings::BuildControls() {
 }
 
 void frmEditGameSettings::LayOut() {
+  auto* Frame1 = ButtonRow(cmdOK, cmdCancel);
+  Frame1->setObjectName("Frame1");
+
   auto* grid = new QGridLayout(this);
   grid->addWidget(NewCaption("Label1", "Roster Year:", txtRosterYear), 0, 0);
   grid->addWidget(txtRosterYear, 0, 1);
@@ -48,7 +50,7 @@ void frmEditGameSettings::LayOut() {
   grid->addWidget(txtLeague[1], 2, 1);
   grid->addWidget(NewCaption("Label4", "League C:", txtLeague[2]), 3, 0);
   grid->addWidget(txtLeague[2], 3, 1);
-  grid->addWidget(NewButtonFrame("Frame1", cmdOK, cmdCancel), 5, 0, 1, 2);
+  grid->addWidget(Frame1, 5, 0, 1, 2);
   grid->setColumnStretch(1, 1);
   grid->setRowStretch(4, 1);
 }

@@ -97,8 +97,8 @@ TEST_F(GameSettingsFormTest, LeavingWithoutOkStoresNothing) {
 
 // Would catch a byte that a box or its text code changes on the way through.
 TEST_F(GameSettingsFormTest, OpeningAndOkKeepsAnyBytes) {
+  Press("cmdCancel");
   for (int byte = 0; byte <= 0xFF; byte += 3) {
-    Press("cmdCancel");
     const std::string odd = {static_cast<char>(byte), static_cast<char>(byte + 1),
                              static_cast<char>(byte + 2)};
     SetTexts(odd + " ", odd, " " + odd.substr(0, 2), "  " + odd.substr(2));
