@@ -87,6 +87,8 @@ void FRSMform::MDIForm_Load() {
 }
 
 void FRSMform::Run(const QString& item) {
+  // A load or a save is running, and this is a key that was pressed meanwhile.
+  if (!isEnabled()) return;
   if (const auto command = commands_.value(item)) command();
 }
 
@@ -112,10 +114,7 @@ bool FRSMform::OpenImageFile(const std::string& path) {
   session_.ImagePath = path;
   loading_ = new Loading;
   area_->ShowForm(loading_);
-  loading_->parentWidget()->move(
-      QRect(QPoint(), loading_->parentWidget()->size())
-          .translated(area_->rect().center() - loading_->parentWidget()->rect().center())
-          .topLeft());
+  area_->CentreForm(loading_);
   const LoadOutcome outcome = LoadImage(session_, *this);
   if (outcome == LoadOutcome::Loaded) {
     ShowStatus(path);
@@ -146,9 +145,9 @@ void FRSMform::mFilExit_Click() {
 void FRSMform::mHelAbout_Click() {
   const QString text = QStringLiteral(
                            "Rostermill, 1.3\n\n"
-                           "Made for people who keep leagues alive.\n\n"
+                           "Made for people who keep leagues alive\n\n"
                            "Qt %1\n"
-                           "Image layout: iNES, mapper 4, 393,232 bytes")
+                           "Image layout 1: iNES, mapper 4, 393,232 bytes")
                            .arg(qVersion());
   ShowMessageBox(this, QMessageBox::Information, text, "About");
 }

@@ -78,6 +78,11 @@ void ChildArea::ShowForm(ChildForm* form) {
   form->setFocus();
 }
 
+void ChildArea::CentreForm(ChildForm* form) {
+  QWidget* window = form->parentWidget();
+  window->move(rect().center() - window->rect().center());
+}
+
 DialogForm::DialogForm(QWidget* parent, const QString& name, const QString& caption)
     : QDialog(parent) {
   setObjectName(name);

@@ -54,6 +54,9 @@ class ChildArea : public QMdiArea {
   /// its content asks.
   void ShowForm(ChildForm* form);
 
+  /// Moves the window of a form that is shown to the middle of the area.
+  void CentreForm(ChildForm* form);
+
   /// Shows the form that `slot` keeps; makes one first when none is open.
   template <typename Form, typename Make>
   Form* ShowOnly(QPointer<Form>& slot, Make make) {

@@ -42,7 +42,7 @@ void ViewPlayer::BuildControls() {
 void ViewPlayer::LayOut() {
   auto* grid = new QGridLayout(this);
   grid->addWidget(NewCaption("Label1", "Team:", cmbTeam), 0, 0);
-  grid->addWidget(cmbTeam, 0, 1);
+  grid->addWidget(cmbTeam, 0, 1, 1, 2);
   grid->addWidget(NewCaption(MemberName("Label2", 0), "Player:", cmbPlayer), 1, 0);
   grid->addWidget(cmbPlayer, 1, 1);
   grid->addWidget(cmbPosition, 1, 2);

@@ -3,6 +3,8 @@
 #include <QStandardPaths>
 #include <gtest/gtest.h>
 
+#include "tools/driver/driver.h"
+
 namespace {
 
 /// A missing font gives wrong widths without a word.
@@ -20,5 +22,6 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName("RostermillTest");
   QApplication::setOrganizationName("RostermillTest");
   QStandardPaths::setTestModeEnabled(true);
+  rostermill::driver::on_complaint = [](const std::string& text) { ADD_FAILURE() << text; };
   return RUN_ALL_TESTS();
 }

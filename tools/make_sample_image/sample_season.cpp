@@ -1,5 +1,4 @@
-#include <set>
-#include <utility>
+#include <array>
 #include <vector>
 
 #include "tools/make_sample_image/sample_league.h"
@@ -8,67 +7,74 @@ namespace rostermill {
 
 namespace {
 
-using Round = std::vector<GamePlace>;
+/// A tournament of 27 rounds in which everybody meets everybody once: team 27 stands still and the
+/// others move round it.
+constexpr int Moving = TeamCount - 1;
 
-/// Round `round` of a tournament in which everybody meets everybody once: team 27 stands still and
-/// the others move round it.
-Round TournamentRound(int round) {
-  constexpr int moving = TeamCount - 1;
-  Round games;
-  const auto add = [&](int a, int b) {
-    const bool swap = (round + a) % 2 == 0;
-    games.push_back(
-        {static_cast<std::int16_t>(swap ? b : a), static_cast<std::int16_t>(swap ? a : b)});
-  };
-  add(moving, round % moving);
-  for (int step = 1; step < TeamCount / 2; ++step) {
-    add((round + step) % moving, (round - step + moving) % moving);
-  }
-  return games;
+/// The round in which two teams meet, `low` being below `high`.
+int RoundOf(int low, int high) {
+  constexpr int half = (Moving + 1) / 2;  // halves a sum modulo 27
+  return high == Moving ? low : (low + high) * half % Moving;
 }
 
-/// Takes one game out of each of 14 weeks so that every team rests exactly once; false where no
-/// choice from `week` on works.
-bool ChooseRests(const std::vector<Round>& weeks, std::size_t week, std::set<int>& rested,
-                 std::vector<int>& chosen) {
-  if (week == chosen.size()) return true;
-  for (std::size_t game = 0; game < weeks[week].size(); ++game) {
-    const GamePlace& place = weeks[week][game];
-    if (rested.count(place.HomeTeam) != 0 || rested.count(place.AwayTeam) != 0) continue;
-    rested.insert(place.HomeTeam);
-    rested.insert(place.AwayTeam);
-    chosen[week] = static_cast<int>(game);
-    if (ChooseRests(weeks, week + 1, rested, chosen)) return true;
-    rested.erase(place.HomeTeam);
-    rested.erase(place.AwayTeam);
+int OpponentIn(int round, int team) {
+  if (team == Moving) return round;
+  return team == round ? Moving : (2 * round - team + Moving) % Moving;
+}
+
+/// The teams that rest together, by the round from which their game is taken: -1 for none.
+using Rests = std::array<int, Moving>;
+
+/// Pairs all teams so that no two pairs meet in the same round; everybody then rests once.
+bool PairRests(int team, std::array<bool, TeamCount>& paired, Rests& rests) {
+  while (team < TeamCount && paired[static_cast<std::size_t>(team)]) ++team;
+  if (team == TeamCount) return true;
+  for (int other = team + 1; other < TeamCount; ++other) {
+    int& rest = rests[static_cast<std::size_t>(RoundOf(team, other))];
+    if (paired[static_cast<std::size_t>(other)] || rest >= 0) continue;
+    paired[static_cast<std::size_t>(team)] = paired[static_cast<std::size_t>(other)] = true;
+    rest = team;
+    if (PairRests(team + 1, paired, rests)) return true;
+    paired[static_cast<std::size_t>(team)] = paired[static_cast<std::size_t>(other)] = false;
+    rest = -1;
   }
   return false;
+}
+
+/// The rounds in the order of the weeks: two in which everybody plays, those with rests, and one
+/// more in which everybody plays.
+std::vector<int> RoundsOfSeason(const Rests& rests) {
+  std::vector<int> full;
+  std::vector<int> season;
+  for (int round = 0; round < Moving; ++round) {
+    (rests[static_cast<std::size_t>(round)] < 0 ? full : season).push_back(round);
+  }
+  season.insert(season.begin(), full.begin(), full.begin() + 2);
+  season.push_back(full[2]);
+  return season;
 }
 
 }  // namespace
 
 void FillSeason(LeagueData& league) {
-  // Rests lie in weeks 3 to 16, so that the season opens and closes with everybody playing.
-  constexpr int first_rest_week = 2;
-  constexpr int rest_weeks = TeamCount / 2;
-  std::vector<Round> weeks;
-  for (int w = 0; w < WeekCount; ++w) weeks.push_back(TournamentRound(w));
-  const std::vector<Round> with_rests(weeks.begin() + first_rest_week,
-                                      weeks.begin() + first_rest_week + rest_weeks);
-  std::set<int> rested;
-  std::vector<int> chosen(rest_weeks);
-  if (ChooseRests(with_rests, 0, rested, chosen)) {
-    for (int w = 0; w < rest_weeks; ++w) {
-      Round& games = weeks[static_cast<std::size_t>(first_rest_week + w)];
-      games.erase(games.begin() + chosen[static_cast<std::size_t>(w)]);
-    }
-  }
-  for (int w = 0; w < WeekCount; ++w) {
-    const Round& games = weeks[static_cast<std::size_t>(w)];
-    ScheduleWeek& week = league.ScheduleData[w];
-    week.GameCount = static_cast<std::uint8_t>(games.size());
-    for (int game = 0; game < week.GameCount; ++game) {
-      week.Games[game] = games[static_cast<std::size_t>(game)];
+  std::array<bool, TeamCount> paired{};
+  Rests rests;
+  rests.fill(-1);
+  PairRests(0, paired, rests);
+  std::array<int, TeamCount> home_games{};
+  int w = 0;
+  for (const int round : RoundsOfSeason(rests)) {
+    const int resting = rests[static_cast<std::size_t>(round)];
+    ScheduleWeek& week = league.ScheduleData[w++];
+    for (int team = 0; team < TeamCount; ++team) {
+      const int other = OpponentIn(round, team);
+      if (other < team || team == resting) continue;
+      int& own = home_games[static_cast<std::size_t>(team)];
+      int& theirs = home_games[static_cast<std::size_t>(other)];
+      const bool at_home = own == theirs ? round % 2 == 0 : own < theirs;
+      ++(at_home ? own : theirs);
+      week.Games[week.GameCount++] = {static_cast<std::int16_t>(at_home ? team : other),
+                                      static_cast<std::int16_t>(at_home ? other : team)};
     }
   }
 }

@@ -1,0 +1,48 @@
+# Sourced by run and test: installs the Debian packages that are missing.
+
+# need_packages PACKAGE...
+need_packages() {
+  local missing=() name
+  if ! command -v dpkg-query >/dev/null; then
+    # Not a Debian: carry on where the tools are there, name them where they aren't.
+    if command -v cmake >/dev/null && command -v ninja >/dev/null; then return 0; fi
+    echo "This system is no Debian. Please install what these Debian packages hold: $*" >&2
+    exit 1
+  fi
+  for name in "$@"; do
+    dpkg-query -W -f='${Status}' "$name" 2>/dev/null | grep -q 'ok installed' || missing+=("$name")
+  done
+  [ ${#missing[@]} -eq 0 ] && return 0
+
+  local root=()
+  if [ "$(id -u)" -ne 0 ]; then
+    if ! command -v sudo >/dev/null; then
+      echo "These packages are missing: ${missing[*]}" >&2
+      echo "Install them as root: apt-get install ${missing[*]}" >&2
+      exit 1
+    fi
+    root=(sudo)
+  fi
+  echo "Installing ${missing[*]}"
+  if ! { "${root[@]}" apt-get update -qq &&
+    "${root[@]}" env DEBIAN_FRONTEND=noninteractive \
+      apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null; }; then
+    echo "These packages could not be installed: ${missing[*]}" >&2
+    exit 1
+  fi
+}
+
+# build PRESET [TARGET...]
+build() {
+  local preset=$1
+  shift
+  cmake --preset "$preset" >"/tmp/rostermill-configure-$$.log" 2>&1 || {
+    cat "/tmp/rostermill-configure-$$.log" >&2
+    exit 1
+  }
+  rm -f "/tmp/rostermill-configure-$$.log"
+  cmake --build "build/$preset" ${1:+--target "$@"}
+}
+
+build_packages=(g++ cmake ninja-build qt6-base-dev)
+test_packages=(libgtest-dev libgmock-dev)

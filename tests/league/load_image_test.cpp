@@ -1,0 +1,164 @@
+#include "league/load_image.h"
+
+#include <gtest/gtest.h>
+
+#include <filesystem>
+
+#include "tests/support/damage.h"
+#include "tests/support/fake_host.h"
+#include <sys/stat.h>
+
+namespace rostermill::test {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+class LoadImageTest : public testing::Test {
+ protected:
+  LoadImageTest() { session_.AppDir = BinFolder(); }
+
+  LoadOutcome Load(const Bytes& bytes) {
+    WriteFile(path_, bytes);
+    session_.ImagePath = path_;
+    return LoadImage(session_, host_);
+  }
+
+  TempFolder folder_;
+  std::string path_ = folder_.Path("league.nes");
+  LeagueSession session_;
+  FakeHost host_;
+};
+
+TEST(ImageHeader, OnlyTheOneLayoutPasses) {
+  const Bytes good{0x4E, 0x45, 0x53, 0x1A, 0x10, 0x10, 0x40, 0, 0, 0, 0, 0, 0, 0, 0, 0};
+  EXPECT_TRUE(IsImageHeader(good));
+  Bytes battery = good;
+  battery[6] = 0x42;
+  EXPECT_TRUE(IsImageHeader(battery));
+  for (std::size_t at = 0; at < good.size(); ++at) {
+    Bytes bad = good;
+    bad[at] = static_cast<std::uint8_t>(bad[at] ^ 0x01);
+    EXPECT_FALSE(IsImageHeader(bad)) << "byte " << at;
+  }
+  EXPECT_FALSE(IsImageHeader(std::span(good).first(15)));
+  EXPECT_FALSE(IsImageHeader({}));
+}
+
+TEST_F(LoadImageTest, AGoodImageIsLoadedWithOneBeepAndNoMessage) {
+  EXPECT_EQ(Load(SampleBytes()), LoadOutcome::Loaded);
+  EXPECT_EQ(session_.ImageLoaded, 1);
+  EXPECT_EQ(session_.League.TeamData[28].City, "PEACHFORD");
+  EXPECT_FALSE(session_.League.PaletteData[63].Name.empty());
+  EXPECT_EQ(host_.beeps, 1);
+  EXPECT_FALSE(host_.busy);
+  EXPECT_FALSE(host_.loading_open);
+  EXPECT_TRUE(host_.messages.empty());
+  ASSERT_EQ(host_.captions.size(), 16u);
+  EXPECT_EQ(host_.captions[0], "0:Validating...Checking");
+  EXPECT_EQ(host_.captions[1], "0:Validating...File OK");
+  EXPECT_EQ(host_.captions[2], "1:Player Attributes...Loading");
+  EXPECT_EQ(host_.captions[15], "7:Game Settings...Done");
+  EXPECT_EQ(host_.yields, 28 + 840 + 28 + 28);
+}
+
+TEST_F(LoadImageTest, ALongerFileLoadsAndASecondLoadLeavesNothingOfTheFirst) {
+  Bytes longer = SampleBytes();
+  longer.resize(longer.size() + 5000, 0xEE);
+  EXPECT_EQ(Load(longer), LoadOutcome::Loaded);
+  session_.League.NameData[3][3] = {"old", "NAME", "99"};
+  session_.League.TeamData[5].Formation = 2;
+  EXPECT_EQ(Load(SampleBytes()), LoadOutcome::Loaded);
+  LeagueData fresh = SampleLeague();
+  fresh.PaletteData = session_.League.PaletteData;
+  EXPECT_EQ(session_.League, fresh);
+}
+
+TEST_F(LoadImageTest, WhatIsNoImageIsTurnedAwayAndTheLeagueStays) {
+  ASSERT_EQ(Load(SampleBytes()), LoadOutcome::Loaded);
+  const LeagueData before = session_.League;
+  Bytes bad = SampleBytes();
+  bad[7] = 0x01;
+  Bytes header_only = SampleBytes();
+  header_only.resize(16);
+  Bytes one_short = SampleBytes();
+  one_short.pop_back();
+
+  const std::string wrong = "Error: Not a valid ROM file!";
+  const auto expect_rejected = [&](LoadOutcome outcome, const std::string& message) {
+    EXPECT_EQ(outcome, LoadOutcome::Rejected);
+    ASSERT_EQ(host_.messages.size(), 1u);
+    EXPECT_EQ(host_.messages[0], message);
+    EXPECT_EQ(session_.League, before);
+    EXPECT_EQ(session_.ImageLoaded, 1);
+    EXPECT_FALSE(host_.busy);
+    host_.messages.clear();
+  };
+  expect_rejected(Load(bad), wrong);
+  expect_rejected(Load({}), wrong);
+  expect_rejected(Load(header_only), wrong +
+                                         "\n\nThe file is 16 bytes long; a whole image has "
+                                         "393,232 bytes.");
+  expect_rejected(Load(one_short), wrong +
+                                       "\n\nThe file is 393,231 bytes long; a whole image has "
+                                       "393,232 bytes.");
+}
+
+TEST_F(LoadImageTest, APathThatNamesNoFileIsTurnedAwayAndNoFileIsLeft) {
+  for (const std::string& path : {folder_.Path("missing.nes"), folder_.Path()}) {
+    session_.ImagePath = path;
+    EXPECT_EQ(LoadImage(session_, host_), LoadOutcome::Rejected) << path;
+  }
+  EXPECT_FALSE(std::filesystem::exists(folder_.Path("missing.nes")));
+
+  ASSERT_EQ(mkfifo(folder_.Path("pipe.nes").c_str(), 0600), 0);
+  session_.ImagePath = folder_.Path("pipe.nes");
+  EXPECT_EQ(LoadImage(session_, host_), LoadOutcome::Rejected) << "a pipe would never answer";
+}
+
+TEST_F(LoadImageTest, TheProgramsFolderIsAskedForUntilThePaletteIsThere) {
+  session_.AppDir = folder_.Path("nowhere/");
+  host_.folder_answers = {folder_.Path("elsewhere"), BinFolder().substr(0, BinFolder().size() - 1)};
+  EXPECT_EQ(Load(SampleBytes()), LoadOutcome::Loaded);
+  EXPECT_EQ(session_.AppDir, BinFolder()) << "a separator is added where it was left out";
+  ASSERT_EQ(host_.prompts.size(), 2u);
+  EXPECT_EQ(host_.prompts[0],
+            "File Not Found: Please Enter Path of Rostermill. (Example: C:\\RSML\\). Leave blank "
+            "to end program. [" +
+                folder_.Path("nowhere/") + "]");
+}
+
+TEST_F(LoadImageTest, ABlankAnswerEndsTheProgram) {
+  session_.AppDir = folder_.Path("nowhere/");
+  EXPECT_EQ(Load(SampleBytes()), LoadOutcome::EndProgram);
+  EXPECT_EQ(host_.prompts.size(), 1u);
+  EXPECT_TRUE(host_.messages.empty());
+  EXPECT_FALSE(host_.busy);
+}
+
+TEST_F(LoadImageTest, ADamagedPaletteEndsTheProgramWithItsNumber) {
+  session_.AppDir = folder_.Path("");
+  WriteFile(folder_.Path("colors.txt"), std::string("Black,0,0,0\n"));
+  EXPECT_EQ(Load(SampleBytes()), LoadOutcome::EndProgram);
+  ASSERT_EQ(host_.messages.size(), 1u);
+  EXPECT_EQ(host_.messages[0].rfind("Error: Error: 61\n\n", 0), 0u) << host_.messages[0];
+  EXPECT_FALSE(host_.busy);
+}
+
+TEST_F(LoadImageTest, NoDamageOfThePointersLeadsOutsideTheImage) {
+  for (const int word : {0x0000, 0x7FEF, 0x7FF0, 0x86CA, 0xFFFF}) {
+    Bytes bytes = SampleBytes();
+    const auto fill = [&](int first, int end) {
+      for (int at = first; at < end; at += 4) {
+        bytes[static_cast<std::size_t>(at)] = static_cast<std::uint8_t>(word);
+        bytes[static_cast<std::size_t>(at + 1)] = static_cast<std::uint8_t>(word >> 8);
+      }
+    };
+    fill(0x48, 0x6DA);
+    fill(0x1FC50, 0x1FD00);
+    fill(0x329A7, 0x329C9);
+    EXPECT_EQ(Load(bytes), LoadOutcome::Loaded) << word;
+  }
+}
+
+}  // namespace
+}  // namespace rostermill::test

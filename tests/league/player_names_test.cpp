@@ -1,0 +1,116 @@
+#include "league/player_names.h"
+
+#include <gtest/gtest.h>
+
+#include "league/save_image.h"
+#include "tests/support/damage.h"
+
+namespace rostermill::test {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+void PutWord(Bytes& bytes, std::size_t offset, int value) {
+  bytes[offset] = static_cast<std::uint8_t>(value);
+  bytes[offset + 1] = static_cast<std::uint8_t>(value >> 8);
+}
+
+int WordAt(const Bytes& bytes, std::size_t offset) {
+  return bytes[offset] | bytes[offset + 1] << 8;
+}
+
+/// Gives player 1 an entry of these bytes in free space at 0x7000 (address 0xEFF0), by a pointer
+/// pair of its own; the second player's entry then starts behind it and runs on as junk.
+NameRec FirstNameOf(const std::string& entry) {
+  return LeagueOfChanged([&](Bytes& bytes) {
+           std::copy(entry.begin(), entry.end(), bytes.begin() + 0x7000);
+           PutWord(bytes, 0x48, 0x7000 + 0x7FF0);
+           PutWord(bytes, 0x4A, 0x7000 + 0x7FF0 + static_cast<int>(entry.size()));
+         })
+      .NameData[1][1];
+}
+
+TEST(PlayerNames, AnEntryIsANumberByteAndANameSplitAtItsFirstCapital) {
+  EXPECT_EQ(FirstNameOf("\x12samPLOVER"), (NameRec{"sam", "PLOVER", "12"}));
+  EXPECT_EQ(FirstNameOf("\x07OTTER"), (NameRec{"", "OTTER", "07"}));
+  EXPECT_EQ(FirstNameOf("\xA9"
+                        "bobMcKANE"),
+            (NameRec{"bob", "McKANE", "A9"}));
+  EXPECT_EQ(FirstNameOf("\x33nocapital"), (NameRec{"", "", "33"}));
+  EXPECT_EQ(FirstNameOf("\x44"), (NameRec{"", "", "44"}));
+  EXPECT_EQ(FirstNameOf(""), (NameRec{"", "", ""}));
+}
+
+TEST(PlayerNames, PointersOutOfOrderOrOutsideTheImageGiveEmptyEntries) {
+  const LeagueData league = LeagueOfChanged([](Bytes& bytes) {
+    PutWord(bytes, 0x48, 0x0000);  // below the image
+    PutWord(bytes, 0x4A, 0x86CA);
+    PutWord(bytes, 0x6D8 - 2, 0xFFFF);  // the last entry ends before it starts
+    PutWord(bytes, 0x6D8, 0x86CA);
+  });
+  EXPECT_EQ(league.NameData[1][1], NameRec{});
+  EXPECT_FALSE(league.NameData[1][2].LastName.empty());
+  EXPECT_EQ(league.NameData[28][30], NameRec{});
+}
+
+TEST(PlayerNames, ASavePacksTheEntriesFromTheFixedFirstPointer) {
+  LeagueData league = SampleLeague();
+  league.NameData[1][1] = {"sam", "PLOVER", "12"};
+  league.NameData[1][2] = {"", "Mixed", "7"};
+  league.NameData[1][3] = {"", "", ""};
+  const Bytes saved = SavedBytes(league);
+  EXPECT_EQ(WordAt(saved, 0x48), 0x86CA);
+  EXPECT_EQ(WordAt(saved, 0x4A), 0x86D4);
+  EXPECT_EQ(WordAt(saved, 0x4C), 0x86DA);
+  EXPECT_EQ(WordAt(saved, 0x4E), 0x86DB);
+  EXPECT_EQ(std::string(saved.begin() + 0x6DA, saved.begin() + 0x6DA + 17),
+            std::string("\x12samPLOVER\x07MIXED\x00", 17));
+  const int end = WordAt(saved, 0x6D8);
+  EXPECT_EQ(end, 0x86CA + NameBytesNeeded(league));
+  EXPECT_EQ(saved[static_cast<std::size_t>(end - 0x7FF0)], 0xFF);
+}
+
+TEST(PlayerNames, NumberTextsBecomeTheirHexadecimalByte) {
+  LeagueData league = SampleLeague();
+  const std::vector<std::pair<std::string, int>> numbers{
+      {"07", 0x07}, {"7", 0x07}, {"99", 0x99}, {"AB", 0xAB}, {"", 0}, {"123", 0x23}, {"-1", 0}};
+  for (const auto& [text, byte] : numbers) {
+    league.NameData[1][1].JerseyNumber = text;
+    EXPECT_EQ(SavedBytes(league)[0x6DA], byte) << text;
+  }
+}
+
+TEST(PlayerNames, ALetterMoreMovesEveryLaterEntryByOne) {
+  LeagueData league = SampleLeague();
+  const Bytes before = SavedBytes(league);
+  league.NameData[14][30].LastName += "S";
+  const Bytes after = SavedBytes(league);
+  const std::size_t next = 0x48 + 2 * (30 * 14);
+  EXPECT_EQ(WordAt(after, next - 2), WordAt(before, next - 2));
+  EXPECT_EQ(WordAt(after, next), WordAt(before, next) + 1);
+  EXPECT_EQ(WordAt(after, 0x6D8), WordAt(before, 0x6D8) + 1);
+  for (const int offset : DifferingOffsets(before, after)) {
+    EXPECT_GE(offset, 0x48);
+    EXPECT_LT(offset, 0x3010);
+  }
+}
+
+TEST(PlayerNames, FilledToTheLastByteIsSavedAndOneMoreIsRefused) {
+  LeagueData league = SampleLeague();
+  league.NameData[1][1].LastName.append(static_cast<std::size_t>(10'550 - NameBytesNeeded(league)),
+                                        'X');
+  EXPECT_FALSE(TextOverflow(league).has_value());
+  const Bytes saved = SavedBytes(league);
+  EXPECT_EQ(WordAt(saved, 0x6D8), 0x3010 + 0x7FF0);
+  EXPECT_EQ(saved[0x3010], SampleBytes()[0x3010]) << "a filler fell on the attributes";
+
+  league.NameData[5][5].LastName += "XX";
+  const auto overflow = TextOverflow(league);
+  ASSERT_TRUE(overflow.has_value());
+  EXPECT_EQ(*overflow,
+            "The players' names are too long for the image: they need 10,552 bytes, and it has "
+            "room for 10,550 bytes. 2 letters must go.");
+}
+
+}  // namespace
+}  // namespace rostermill::test

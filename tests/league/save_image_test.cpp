@@ -1,0 +1,191 @@
+#include "league/save_image.h"
+
+#include <gtest/gtest.h>
+
+#include <csignal>
+#include <filesystem>
+#include <set>
+
+#include "league/load_image.h"
+#include "tests/support/damage.h"
+#include "tests/support/fake_host.h"
+#include <fcntl.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace rostermill::test {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+namespace fs = std::filesystem;
+
+class SaveImageTest : public testing::Test {
+ protected:
+  SaveImageTest() : session_(SampleSession()) {
+    WriteFile(path_, SampleBytes());
+    session_->ImagePath = path_;
+  }
+
+  SaveOutcome Save() { return SaveImage(*session_, host_); }
+
+  /// Runs a save as a user without rights, in a process of its own; true when it was refused with
+  /// this text in its message.
+  bool RefusedAsUser(const std::string& text, int file_size_limit = 0) {
+    const pid_t child = fork();
+    if (child == 0) {
+      if (file_size_limit > 0) {
+        signal(SIGXFSZ, SIG_IGN);
+        const rlimit limit{static_cast<rlim_t>(file_size_limit),
+                           static_cast<rlim_t>(file_size_limit)};
+        setrlimit(RLIMIT_FSIZE, &limit);
+      } else if (geteuid() == 0 && (setgid(65534) != 0 || setuid(65534) != 0)) {
+        _exit(2);
+      }
+      const bool refused = Save() == SaveOutcome::Refused && host_.messages.size() == 1 &&
+                           host_.messages[0].find(text) != std::string::npos && !host_.busy;
+      if (!refused && !host_.messages.empty()) fputs(host_.messages[0].c_str(), stderr);
+      _exit(refused ? 0 : 1);
+    }
+    int status = 0;
+    waitpid(child, &status, 0);
+    return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+  }
+
+  /// Every name in the folder.
+  std::set<std::string> Names() const {
+    std::set<std::string> names;
+    for (const auto& entry : fs::directory_iterator(folder_.Path())) {
+      names.insert(entry.path().filename().string());
+    }
+    return names;
+  }
+
+  TempFolder folder_;
+  std::string path_ = folder_.Path("league.nes");
+  std::unique_ptr<LeagueSession> session_;
+  FakeHost host_;
+};
+
+TEST_F(SaveImageTest, NoLeavesTheFileUnopened) {
+  host_.answer_yes = false;
+  const auto written = fs::last_write_time(path_);
+  EXPECT_EQ(Save(), SaveOutcome::Declined);
+  EXPECT_EQ(fs::last_write_time(path_), written);
+  EXPECT_EQ(FileBytes(path_), SampleBytes());
+  EXPECT_EQ(host_.beeps, 0);
+  ASSERT_EQ(host_.questions.size(), 1u);
+  EXPECT_EQ(host_.questions[0],
+            "Save Confirmation: Are you sure you want to save to " + path_ + "?");
+}
+
+TEST_F(SaveImageTest, AnUnchangedSaveChangesOnlyWhatASaveAdds) {
+  EXPECT_EQ(Save(), SaveOutcome::Saved);
+  EXPECT_EQ(host_.beeps, 1);
+  EXPECT_FALSE(host_.busy);
+  EXPECT_TRUE(host_.messages.empty());
+  const Bytes saved = FileBytes(path_);
+  const auto added = [](int offset) {
+    const auto within = [offset](int first, int size) {
+      return offset >= first && offset < first + size;
+    };
+    return within(0x21642, 10) || within(0x30FF8, 18) || within(0x21FE0, 28) ||
+           within(0x31E80, 28) || offset == 0x3CDC || offset == 0x329DA;
+  };
+  for (const int offset : DifferingOffsets(SampleBytes(), saved)) {
+    EXPECT_TRUE(added(offset)) << std::hex << offset;
+  }
+  EXPECT_EQ(saved[0x21642], 0x8A);
+  EXPECT_EQ(saved[0x329DA], 0xFF);
+
+  EXPECT_EQ(Save(), SaveOutcome::Saved);
+  EXPECT_EQ(FileBytes(path_), saved) << "a second save changes no byte";
+  LeagueSession again;
+  again.AppDir = BinFolder();
+  again.ImagePath = path_;
+  ASSERT_EQ(LoadImage(again, host_), LoadOutcome::Loaded);
+  EXPECT_EQ(again.League, session_->League);
+}
+
+TEST_F(SaveImageTest, WhatLiesOutsideTheSectionsAndBehindTheImageIsKept) {
+  Bytes changed = SampleBytes();
+  changed[0x5000] = static_cast<std::uint8_t>(~changed[0x5000]);
+  changed[0] = 0x00;  // the header isn't looked at again
+  changed.insert(changed.end(), {1, 2, 3});
+  WriteFile(path_, changed);
+  EXPECT_EQ(Save(), SaveOutcome::Saved);
+  const Bytes saved = FileBytes(path_);
+  ASSERT_EQ(saved.size(), 393'235u);
+  EXPECT_EQ(saved[0x5000], changed[0x5000]);
+  EXPECT_EQ(saved[0], 0x00);
+  EXPECT_EQ((Bytes{saved.end() - 3, saved.end()}), (Bytes{1, 2, 3}));
+}
+
+TEST_F(SaveImageTest, ALinkStaysALinkAndPermissionsStay) {
+  fs::create_directory(folder_.Path("real"));
+  fs::rename(path_, folder_.Path("real/image.nes"));
+  fs::create_symlink("real/image.nes", path_);
+  fs::permissions(path_, fs::perms(0640));
+  EXPECT_EQ(Save(), SaveOutcome::Saved);
+  EXPECT_TRUE(fs::is_symlink(path_));
+  EXPECT_EQ(fs::status(path_).permissions(), fs::perms(0640));
+  EXPECT_EQ(FileBytes(folder_.Path("real/image.nes"))[0x21642], 0x8A);
+  EXPECT_EQ(Names(), (std::set<std::string>{"league.nes", "real"}));
+}
+
+TEST_F(SaveImageTest, TextsThatDontFitAreRefusedBeforeTheFileIsTouched) {
+  session_->League.NameData[1][1].LastName.append(2000, 'X');
+  const auto written = fs::last_write_time(path_);
+  EXPECT_EQ(Save(), SaveOutcome::Refused);
+  EXPECT_EQ(fs::last_write_time(path_), written);
+  ASSERT_EQ(host_.messages.size(), 1u);
+  EXPECT_NE(host_.messages[0].find("letters must go.\n\nNothing was written."), std::string::npos);
+  EXPECT_EQ(host_.beeps, 0);
+  EXPECT_FALSE(host_.busy);
+}
+
+TEST_F(SaveImageTest, AMissingOrShortTargetIsRefusedAndNotMade) {
+  WriteFile(path_, Bytes(100));
+  EXPECT_EQ(Save(), SaveOutcome::Refused);
+  EXPECT_NE(host_.messages.back().find("it is 100 bytes long"), std::string::npos);
+  EXPECT_EQ(FileBytes(path_).size(), 100u);
+
+  fs::remove(path_);
+  EXPECT_EQ(Save(), SaveOutcome::Refused);
+  EXPECT_NE(host_.messages.back().find("No such file or directory"), std::string::npos);
+  EXPECT_TRUE(Names().empty());
+}
+
+TEST_F(SaveImageTest, FilesAndFoldersThatCannotBeWrittenKeepTheOldImage) {
+  fs::permissions(folder_.Path(), fs::perms(0777));
+  fs::permissions(path_, fs::perms(0444));
+  EXPECT_TRUE(RefusedAsUser("Permission denied")) << "a read-only file";
+  fs::permissions(path_, fs::perms(0222));
+  EXPECT_TRUE(RefusedAsUser("Permission denied")) << "an unreadable file";
+  fs::permissions(path_, fs::perms(0666));
+  fs::permissions(folder_.Path(), fs::perms(0555));
+  EXPECT_TRUE(RefusedAsUser("Permission denied")) << "a read-only folder";
+  fs::permissions(folder_.Path(), fs::perms(0777));
+  EXPECT_EQ(FileBytes(path_), SampleBytes());
+  EXPECT_EQ(Names(), std::set<std::string>{"league.nes"});
+}
+
+TEST_F(SaveImageTest, ADiskThatFillsUpKeepsTheOldImageAndLeavesNothingBehind) {
+  EXPECT_TRUE(RefusedAsUser("File too large", 200'000));
+  EXPECT_EQ(FileBytes(path_), SampleBytes());
+  EXPECT_EQ(Names(), std::set<std::string>{"league.nes"});
+  EXPECT_EQ(Save(), SaveOutcome::Saved) << "and it can be tried again";
+}
+
+TEST_F(SaveImageTest, WhatAKilledSaveLeftGoesAndTheUsersFilesStay) {
+  WriteFile(folder_.Path(".league.nes.rostermill-aB3xYz"), Bytes(10));
+  WriteFile(folder_.Path("league.nes.backup"), Bytes(10));
+  WriteFile(folder_.Path(".league.nes.rostermill-notes"), Bytes(10));
+  EXPECT_EQ(Save(), SaveOutcome::Saved);
+  EXPECT_EQ(Names(), (std::set<std::string>{"league.nes", "league.nes.backup",
+                                            ".league.nes.rostermill-notes"}));
+}
+
+}  // namespace
+}  // namespace rostermill::test

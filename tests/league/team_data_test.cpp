@@ -1,0 +1,137 @@
+#include "league/team_data.h"
+
+#include <gtest/gtest.h>
+
+#include "league/save_image.h"
+#include "tests/support/damage.h"
+
+namespace rostermill::test {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+
+int WordAt(const Bytes& bytes, std::size_t offset) {
+  return bytes[offset] | bytes[offset + 1] << 8;
+}
+
+std::string TextAt(const Bytes& bytes, int offset, int length) {
+  return {bytes.begin() + offset, bytes.begin() + offset + length};
+}
+
+TEST(TeamData, TextsAreFoundThroughTheirPointers) {
+  const LeagueData league = LeagueOfChanged([](Bytes& bytes) {
+    // Team 3's city: five bytes at 0x1F000 (address 0xAFF0); team 4's pointer ends it.
+    const std::string city = "Delta";
+    std::copy(city.begin(), city.end(), bytes.begin() + 0x1F000);
+    bytes[0x1FC54] = 0xF0;
+    bytes[0x1FC55] = 0xAF;
+    bytes[0x1FC56] = 0xF5;
+    bytes[0x1FC57] = 0xAF;
+    bytes[0x1FD00] = '<';
+  });
+  EXPECT_EQ(league.TeamData[3].City, "Delta");
+  EXPECT_EQ(league.TeamData[2].City, "") << "its end lies before its start now";
+  EXPECT_EQ(league.TeamData[1].City, "HARBORTON");
+  EXPECT_EQ(league.TeamData[28].City, "PEACHFORD");
+  EXPECT_EQ(league.TeamData[28].Nickname, "BEES");
+  EXPECT_EQ(league.TeamData[1].Abbreviation, "<ARB");
+  EXPECT_EQ(TextAt(SavedBytes(league), 0x1FD7C + 9, 5), "DELTA");
+}
+
+TEST(TeamData, ASaveLaysTheTextBlockOutAnew) {
+  LeagueData league = SampleLeague();
+  for (TeamRec& team : league.TeamData) {
+    team.City = "Ab";
+    team.Nickname = "C";
+  }
+  league.TeamData[28].City = "";
+  league.LeagueText[1] = "AAA";
+  league.LeagueText[2] = "BB";
+  league.LeagueText[3] = "CCC";
+  const Bytes saved = SavedBytes(league);
+  EXPECT_EQ(WordAt(saved, 0x1FC50), 0xBD6C);
+  EXPECT_EQ(WordAt(saved, 0x1FC86), 0xBD6C + 54) << "team 28's city";
+  EXPECT_EQ(WordAt(saved, 0x1FC88), 0xBD6C + 54);
+  EXPECT_EQ(WordAt(saved, 0x1FC8A), 0xBD6C + 55);
+  EXPECT_EQ(WordAt(saved, 0x1FC8C), 0xBD6C + 56);
+  EXPECT_EQ(WordAt(saved, 0x1FC8E), 0xBD6C + 56);
+  EXPECT_EQ(WordAt(saved, 0x1FC90), 0xBD6C + 56);
+  EXPECT_EQ(WordAt(saved, 0x1FCC8), 0xBD6C + 84);
+  EXPECT_EQ(WordAt(saved, 0x1FCD0), 0xBD6C + 90) << "1ST, behind two texts and two of no length";
+  EXPECT_EQ(WordAt(saved, 0x1FCE2), 0xBD6C + 121) << "DEFENSE";
+  EXPECT_EQ(WordAt(saved, 0x1FCF6), 0xBD6C + 161) << "SKP";
+  EXPECT_EQ(WordAt(saved, 0x1FCF8), 0xBD6C + 164);
+  EXPECT_EQ(WordAt(saved, 0x1FCFE), 0xBD6C + 164) << "end of the block";
+  EXPECT_EQ(TextAt(saved, 0x1FD7C, 8), "ABABABAB");
+  EXPECT_EQ(TextAt(saved, 0x1FD7C + 54, 2 + 28), "  " + std::string(28, 'C'));
+  EXPECT_EQ(TextAt(saved, 0x1FD7C + 84, 80),
+            "BB CCC1ST2ND3RD4TH\xD6\xD7\xB8\xD4\xD5\xD7\xD8\xD9\xDA\xDB\xDC\xDD"
+            "OFFENSEDEFENSEEASTCENTRALWESTAAABB CCCMANCOACOMSKP");
+}
+
+TEST(TeamData, AbbreviationsOfAnyLengthKeepTheirSlots) {
+  LeagueData league = SampleLeague();
+  league.TeamData[1].Abbreviation = "AB";
+  league.TeamData[2].Abbreviation = "LONGER";
+  league.TeamData[28].Abbreviation = "";
+  league.LeagueText[2] = "OAK";
+  league.LeagueText[3] = "ELM";
+  const Bytes saved = SavedBytes(league);
+  EXPECT_EQ(TextAt(saved, 0x1FD00, 12), "AB  LONGCOPP");
+  EXPECT_EQ(TextAt(saved, 0x1FD6C, 12), "    OAK ELM ");
+  EXPECT_EQ(TextAt(saved, 0x1FD78, 4), TextAt(SampleBytes(), 0x1FD78, 4));
+}
+
+TEST(TeamData, FormationsComeFromTheMarkAndTheFirstTable) {
+  const LeagueData stock = SampleLeague();
+  const std::vector<std::pair<int, int>> known{{13, 2}, {15, 2}, {18, 2}, {8, 1},
+                                               {21, 1}, {28, 1}, {1, 0},  {14, 0}};
+  for (const auto& [team, formation] : known) {
+    EXPECT_EQ(stock.TeamData[team].Formation, formation) << team;
+  }
+  const LeagueData patched = LeagueOfChanged([](Bytes& bytes) {
+    bytes[0x21642] = 0x8A;
+    bytes[0x21643] = 0xA6;
+    for (int team = 0; team < 28; ++team) {
+      bytes[static_cast<std::size_t>(0x21FE0 + team)] = static_cast<std::uint8_t>(team % 4);
+      bytes[static_cast<std::size_t>(0x31E80 + team)] = 1;
+    }
+  });
+  EXPECT_EQ(patched.TeamData[1].Formation, 0);
+  EXPECT_EQ(patched.TeamData[2].Formation, 1);
+  EXPECT_EQ(patched.TeamData[3].Formation, 2);
+  EXPECT_EQ(patched.TeamData[4].Formation, 0) << "3 means nothing";
+  const LeagueData unknown = LeagueOfChanged([](Bytes& bytes) { bytes[0x21642] = 0x55; });
+  EXPECT_EQ(unknown.TeamData[13].Formation, 0);
+}
+
+TEST(TeamData, ASaveTurnsAStockImageIntoAPatchedOne) {
+  const Bytes saved = SavedBytes(SampleLeague());
+  const Bytes patch_a{0x8A, 0xA6, 0x6E, 0xBC, 0xD0, 0x9F, 0xAA, 0x4C, 0x50, 0x96};
+  const Bytes patch_b{0x8A, 0xA6, 0x6E, 0xBC, 0x70, 0x9E, 0xAA, 0xC0, 0x01,
+                      0xF0, 0x11, 0xC0, 0x02, 0xF0, 0x13, 0x4C, 0xFE, 0x8F};
+  EXPECT_TRUE(std::equal(patch_a.begin(), patch_a.end(), saved.begin() + 0x21642));
+  EXPECT_TRUE(std::equal(patch_b.begin(), patch_b.end(), saved.begin() + 0x30FF8));
+  for (const int table : {0x21FE0, 0x31E80}) {
+    EXPECT_EQ(saved[static_cast<std::size_t>(table + 12)], 2);
+    EXPECT_EQ(saved[static_cast<std::size_t>(table + 27)], 1);
+    EXPECT_EQ(saved[static_cast<std::size_t>(table)], 0);
+  }
+}
+
+TEST(TeamData, TheTextBlockMayBeFilledToTheEndOfItsBankAndNoFurther) {
+  LeagueData league = SampleLeague();
+  league.TeamData[1].City.append(static_cast<std::size_t>(660 - TeamTextBytesNeeded(league)), 'X');
+  EXPECT_FALSE(TextOverflow(league).has_value());
+  const Bytes saved = SavedBytes(league);
+  EXPECT_EQ(TextAt(saved, 0x20010 - 3, 3), "SKP");
+  EXPECT_EQ(saved[0x20010], SampleBytes()[0x20010]);
+
+  league.TeamData[28].Nickname += "X";
+  EXPECT_EQ(TextOverflow(league),
+            "The teams' cities and names are too long for the image: they need 661 bytes, and it "
+            "has room for 660 bytes. 1 letter must go.");
+}
+
+}  // namespace
+}  // namespace rostermill::test

@@ -1,0 +1,302 @@
+#include <QCheckBox>
+#include <QLabel>
+#include <QMdiSubWindow>
+#include <QPushButton>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include "league/save_image.h"
+#include "screens/players/edit_player.h"
+#include "screens/players/text_forms.h"
+#include "screens/players/view_player.h"
+#include "tests/support/damage.h"
+#include "tests/support/dialogs.h"
+#include "tests/support/sample.h"
+#include "toolkit/drop_down_list.h"
+#include "toolkit/text_box.h"
+#include "toolkit/text_codec.h"
+
+namespace rostermill::test {
+namespace {
+
+class PlayerForms : public testing::Test {
+ protected:
+  PlayerForms() { area_.resize(1200, 900); }
+
+  void OpenViewer() {
+    viewer_ = new ViewPlayer(*session_);
+    area_.ShowForm(viewer_);
+  }
+
+  void OpenEditor() {
+    Find<QPushButton>(*viewer_, "btnEdit").click();
+    for (QMdiSubWindow* window : area_.subWindowList()) {
+      if (auto* form = qobject_cast<EditPlayer*>(window->widget())) editor_ = form;
+    }
+    ASSERT_NE(editor_, nullptr);
+  }
+
+  void OpenBoth() {
+    OpenViewer();
+    OpenEditor();
+  }
+
+  DropDownList& List(const char* name) { return Find<DropDownList>(*viewer_, name); }
+  QString Viewed(const char* label) { return Find<QLabel>(*viewer_, label).text(); }
+  QString Edited(const char* label) { return Find<QLabel>(*editor_, label).text(); }
+  TextBox& NameBox() { return Find<TextBox>(*editor_, "txtPlayer"); }
+  void Press(const char* button, int times = 1) {
+    for (int time = 0; time < times; ++time) Find<QPushButton>(*editor_, button).click();
+  }
+  void GoTo(int team, int slot) {
+    List("cmbTeam").SetListIndex(List("cmbTeam").findText(
+        FromLatin1(TeamListText(session_->League, team)), Qt::MatchExactly));
+    List("cmbPosition").SetListIndex(slot - 1);
+  }
+  NameRec& Name(int team, int slot) { return session_->League.NameData[team][slot]; }
+
+  std::unique_ptr<LeagueSession> session_ = SampleSession();
+  ChildArea area_;
+  QPointer<ViewPlayer> viewer_;
+  QPointer<EditPlayer> editor_;
+};
+
+TEST_F(PlayerForms, TheViewerOpensOnTheTeamAndPlayerThatSortFirst) {
+  OpenViewer();
+  EXPECT_EQ(List("cmbTeam").Text(), "BAYOU VERDE NEWTS");
+  EXPECT_EQ(session_->CurTeam, 27);
+  EXPECT_EQ(List("cmbPlayer").ListIndex(), 0);
+  EXPECT_EQ(List("cmbPosition").ListIndex(), session_->CurSlot - 1);
+  EXPECT_EQ(List("cmbPlayer").Text(),
+            FromLatin1(PlayerListText(session_->League, 27, session_->CurSlot)));
+}
+
+TEST_F(PlayerForms, EveryOneOfThe840PlayersIsReached) {
+  OpenViewer();
+  for (int team = 1; team <= TeamCount; ++team) {
+    for (int slot = 1; slot <= SlotCount; ++slot) {
+      GoTo(team, slot);
+      ASSERT_EQ(session_->CurTeam, team);
+      ASSERT_EQ(session_->CurSlot, slot);
+      ASSERT_EQ(List("cmbPlayer").Text(), FromLatin1(PlayerListText(session_->League, team, slot)));
+      ASSERT_EQ(Viewed("lblNumber"), FromLatin1("#" + Name(team, slot).JerseyNumber));
+    }
+  }
+}
+
+TEST_F(PlayerForms, PlacesComeAndGoWithTheGroupAndLabelsFollowTheFormation) {
+  OpenViewer();
+  GoTo(1, 13);
+  EXPECT_TRUE(Find<QLabel>(*viewer_, "Label3(3)").isVisibleTo(viewer_));
+  EXPECT_FALSE(Find<QLabel>(*viewer_, "Label2(5)").isVisibleTo(viewer_));
+  EXPECT_FALSE(Find<QLabel>(*viewer_, "Label3(7)").isVisibleTo(viewer_));
+  GoTo(1, 1);
+  session_->League.QBData[1][1].AvoidPassBlock = 15;
+  GoTo(1, 29);
+  EXPECT_EQ(Viewed("Label2(5)"), "Kicking Abiblity:");
+  GoTo(1, 1);
+  EXPECT_TRUE(Find<QLabel>(*viewer_, "Label3(7)").isVisibleTo(viewer_));
+  EXPECT_EQ(Viewed("Label2(8)"), "Avoid Pass Block:");
+  EXPECT_EQ(Viewed("Label3(7)"), "100");
+
+  GoTo(8, 4);  // "1RB 4WR"
+  EXPECT_EQ(List("cmbPosition").Text(), "WR 3");
+  EXPECT_EQ(session_->CurSlot, 4);
+  GoTo(1, 4);
+  EXPECT_EQ(List("cmbPosition").Text(), "RB 2");
+}
+
+TEST_F(PlayerForms, NamesakesShowTheLowerSlotAndTeamsOfOneNameTheFirst) {
+  Name(3, 5) = Name(3, 9) = {"twin", "BROTHERS", "11"};
+  session_->League.TeamData[9].City = session_->League.TeamData[4].City;
+  session_->League.TeamData[9].Nickname = session_->League.TeamData[4].Nickname;
+  OpenBoth();
+  GoTo(3, 9);
+  EXPECT_EQ(session_->CurSlot, 5);
+  EXPECT_EQ(List("cmbPosition").ListIndex(), 4);
+  EXPECT_EQ(NameBox().Text(), "Twin Brothers");
+  auto& teams = List("cmbTeam");
+  const int first = teams.findText("LAKEWICK HERONS");
+  teams.SetListIndex(first + 1);
+  EXPECT_EQ(session_->CurTeam, 4);
+  teams.SetListIndex(first);
+  EXPECT_EQ(session_->CurTeam, 4);
+}
+
+TEST_F(PlayerForms, StepsStayOnTheLadderAndInTheLabels) {
+  OpenBoth();
+  GoTo(2, 1);
+  session_->League.QBData[2][1] = {0, 4, 14, 15, 0, 0, 0, 0, 0};
+  GoTo(2, 2);
+  GoTo(2, 1);
+  Press("btnMinus(0)");
+  Press("btnPlus(1)");
+  Press("btnPlus(2)");
+  Press("btnPlus(3)");
+  EXPECT_EQ(Edited("Label3(0)"), "6");
+  EXPECT_EQ(Edited("Label3(1)"), "38");
+  EXPECT_EQ(Edited("Label3(2)"), "100");
+  EXPECT_EQ(Edited("Label3(3)"), "100");
+  Press("btnPlus(0)", 20);
+  EXPECT_EQ(Edited("Label3(0)"), "100");
+  EXPECT_EQ(session_->League.QBData[2][1].RunningSpeed, 4) << "nothing is stored before the save";
+  EXPECT_EQ(Viewed("Label3(1)"), "31");
+}
+
+TEST_F(PlayerForms, TheNumberStepsInDecimalBetween0And99) {
+  Name(2, 1).JerseyNumber = "09";
+  Name(2, 2).JerseyNumber = "A7";
+  OpenBoth();
+  GoTo(2, 1);
+  Press("btnPlus(8)");
+  EXPECT_EQ(Edited("lblNumber"), "#10");
+  Press("btnMinus(8)", 4);
+  EXPECT_EQ(Edited("lblNumber"), "#6");
+  Press("btnMinus(8)", 9);
+  EXPECT_EQ(Edited("lblNumber"), "#0");
+  Press("btnPlus(8)", 120);
+  EXPECT_EQ(Edited("lblNumber"), "#99");
+  GoTo(2, 2);
+  EXPECT_EQ(Edited("lblNumber"), "#A7");
+  Press("btnSavePlayer");
+  EXPECT_EQ(Name(2, 2).JerseyNumber, "A7");
+  Press("btnPlus(8)");
+  EXPECT_EQ(Edited("lblNumber"), "#1");
+}
+
+TEST_F(PlayerForms, ASavedPlayerMovesToHisNewPlaceInTheListAndStaysOnView) {
+  OpenBoth();
+  GoTo(12, 20);
+  NameBox().SetText("zoe van ZYLE");
+  Press("btnPlus(8)");
+  QTest::keyClick(&NameBox(), Qt::Key_Return);  // the default button
+  EXPECT_EQ(Name(12, 20).FirstName, "zoe");
+  EXPECT_EQ(Name(12, 20).LastName, "VAN ZYLE");
+  EXPECT_EQ(session_->CurTeam, 12);
+  EXPECT_EQ(session_->CurSlot, 20);
+  EXPECT_EQ(List("cmbPlayer").Text(), "VAN ZYLE, zoe");
+  EXPECT_EQ(List("cmbTeam").Text(), "CEDAR PASS LYNXES");
+  EXPECT_EQ(NameBox().Text(), "Zoe Van zyle");
+  EXPECT_EQ(Viewed("lblNumber"), Edited("lblNumber"));
+}
+
+TEST_F(PlayerForms, NamesThatCannotBeSplitAreGivenBackAndTheRestIsSaved) {
+  OpenBoth();
+  GoTo(5, 1);
+  const NameRec before = Name(5, 1);
+  for (const char* text : {"", "oneword"}) {
+    NameBox().SetText(text);
+    Press("btnPlus(8)");
+    const QString number = Edited("lblNumber").mid(1);
+    Press("btnSavePlayer");
+    EXPECT_EQ(Name(5, 1).FirstName, before.FirstName);
+    EXPECT_EQ(Name(5, 1).LastName, before.LastName);
+    EXPECT_EQ(Name(5, 1).JerseyNumber, number.toStdString());
+    EXPECT_EQ(NameBox().Text(), FromLatin1(PlayerEditText(session_->League, 5, 1)));
+  }
+  for (const auto& [text, first, last] :
+       {std::tuple{"Solo ", "solo", ""}, std::tuple{" Alone", "", "ALONE"},
+        std::tuple{" ", "", ""}}) {
+    NameBox().SetText(text);
+    Press("btnSavePlayer");
+    EXPECT_EQ(Name(5, 1).FirstName, first);
+    EXPECT_EQ(Name(5, 1).LastName, last);
+    EXPECT_EQ(session_->CurSlot, 1);
+    EXPECT_EQ(NameBox().Text(), text);
+    Press("btnSavePlayer");
+    EXPECT_EQ(Name(5, 1).FirstName, first) << "a second save keeps the parts";
+  }
+}
+
+TEST_F(PlayerForms, ANameLongerThanTheBoxSurvivesASaveOfSomethingElse) {
+  Name(6, 1) = {"bartholomew", "FEATHERSTONEHAUGH", "12"};
+  OpenBoth();
+  GoTo(6, 1);
+  Press("btnPlus(8)");
+  Press("btnSavePlayer");
+  EXPECT_EQ(Name(6, 1).LastName, "FEATHERSTONEHAUGH");
+  EXPECT_EQ(session_->CurSlot, 1);
+}
+
+TEST_F(PlayerForms, APlayerGivenAMatesNameShowsTheLowerSlotOnBothForms) {
+  OpenBoth();
+  GoTo(7, 25);
+  const NameRec mate = Name(7, 3);
+  NameBox().SetText(FromLatin1(mate.FirstName + " " + mate.LastName));
+  Press("btnSavePlayer");
+  EXPECT_EQ(Name(7, 25).LastName, mate.LastName);
+  EXPECT_EQ(session_->CurSlot, 3);
+  EXPECT_EQ(List("cmbPosition").ListIndex(), 2);
+  EXPECT_EQ(Edited("lblNumber"), FromLatin1("#" + mate.JerseyNumber));
+}
+
+TEST_F(PlayerForms, ReturnersMoveWithinTheTeamAtTheSaveOnly) {
+  for (auto& rec : session_->League.SkillData[1]) rec.KickReturner = rec.PuntReturner = 0;
+  session_->League.SkillData[1][5].KickReturner = 1;
+  session_->League.SkillData[2][5].KickReturner = 1;
+  session_->League.SkillData[1][7].PuntReturner = 1;
+  OpenBoth();
+  auto& kick = Find<QCheckBox>(*editor_, "chkKick");
+  auto& punt = Find<QCheckBox>(*editor_, "chkPunt");
+  GoTo(1, 1);
+  EXPECT_FALSE(kick.isEnabled());
+  GoTo(1, 9);
+  EXPECT_TRUE(kick.isEnabled());
+  EXPECT_FALSE(kick.isChecked());
+  EXPECT_TRUE(punt.isChecked());
+  kick.setChecked(true);
+  EXPECT_EQ(session_->League.SkillData[1][5].KickReturner, 1);
+  punt.setChecked(false);
+  Press("btnSavePlayer");
+  EXPECT_EQ(session_->League.SkillData[1][5].KickReturner, 0);
+  EXPECT_EQ(session_->League.SkillData[1][7].KickReturner, 1);
+  EXPECT_EQ(session_->League.SkillData[1][7].PuntReturner, 0);
+  EXPECT_EQ(session_->League.SkillData[2][5].KickReturner, 1) << "another team's";
+}
+
+TEST_F(PlayerForms, TheEditorFollowsTheViewerAndClosesWithIt) {
+  OpenBoth();
+  GoTo(3, 4);
+  NameBox().SetText("Not Saved");
+  Find<QPushButton>(*viewer_, "btnEdit").click();
+  EXPECT_EQ(NameBox().Text(), "Not Saved") << "the open editor only comes to the front";
+  GoTo(3, 6);
+  EXPECT_EQ(NameBox().Text(), FromLatin1(PlayerEditText(session_->League, 3, 6)));
+  EXPECT_TRUE(session_->EditPlayerOpen);
+  Find<QPushButton>(*editor_, "btnClose").click();
+  EXPECT_FALSE(session_->EditPlayerOpen);
+  OpenEditor();
+  Find<QPushButton>(*viewer_, "btnOK").click();
+  EXPECT_FALSE(session_->EditPlayerOpen);
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_TRUE(editor_.isNull());
+}
+
+TEST_F(PlayerForms, AMissingPhotoFallsBackAndThenToNothing) {
+  TempFolder folder;
+  session_->AppDir = folder.Path("");
+  OpenViewer();
+  auto& face = Find<PictureBox>(*viewer_, "imgFace");
+  EXPECT_TRUE(face.Picture().isNull());
+  std::filesystem::create_directory(folder.Path("faces"));
+  std::filesystem::copy_file(BinFolder() + "faces/na.bmp", folder.Path("faces/na.bmp"));
+  GoTo(1, 2);
+  EXPECT_FALSE(face.Picture().isNull());
+}
+
+TEST_F(PlayerForms, ExactlyTheDocumentedBytesOfAChangeMove) {
+  session_->League = SampleLeague();
+  const auto before = SavedBytes(session_->League);
+  session_->League.SkillData[1][1] = {5, 5, 5, 5, 40, 5, 5, 0, 0};
+  const auto base = SavedBytes(session_->League);
+  OpenBoth();
+  GoTo(1, 3);
+  Press("btnPlus(4)");
+  Press("btnSavePlayer");
+  const auto after = SavedBytes(session_->League);
+  EXPECT_EQ(DifferingOffsets(base, after), std::vector<int>{0x301D});
+  EXPECT_EQ(after[0x301D], 0x65);
+}
+
+}  // namespace
+}  // namespace rostermill::test

@@ -1,0 +1,52 @@
+#pragma once
+
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "league/pipeline_host.h"
+
+namespace rostermill::test {
+
+/// Records what a load or a save tells, and answers what it asks.
+class FakeHost : public PipelineHost {
+ public:
+  bool answer_yes = true;
+  std::deque<std::string> folder_answers;  ///< in turn; blank when there are no more
+
+  int beeps = 0;
+  int yields = 0;
+  int state_updates = 0;
+  bool busy = false;
+  bool loading_open = true;
+  std::vector<std::string> captions;  ///< "line:text"
+  std::vector<std::string> messages;  ///< "title: text"
+  std::vector<std::string> questions;
+  std::vector<std::string> prompts;
+
+  void SetBusy(bool on) override { busy = on; }
+  void SetLoadingCaption(int line, std::string_view caption) override {
+    captions.push_back(std::to_string(line) + ":" + std::string(caption));
+  }
+  void CloseLoading() override { loading_open = false; }
+  void YieldToWindow() override { ++yields; }
+  void Beep() override { ++beeps; }
+  void UpdateCommandState() override { ++state_updates; }
+  void ShowMessage(MessageKind, const std::string& text, const std::string& title) override {
+    messages.push_back(title + ": " + text);
+  }
+  bool Confirm(const std::string& text, const std::string& title) override {
+    questions.push_back(title + ": " + text);
+    return answer_yes;
+  }
+  std::string AskForText(const std::string& prompt, const std::string& title,
+                         const std::string& preset) override {
+    prompts.push_back(title + ": " + prompt + " [" + preset + "]");
+    if (folder_answers.empty()) return {};
+    std::string answer = folder_answers.front();
+    folder_answers.pop_front();
+    return answer;
+  }
+};
+
+}  // namespace rostermill::test

@@ -1,0 +1,178 @@
+#include <QApplication>
+#include <QImage>
+#include <QMdiSubWindow>
+#include <QPushButton>
+#include <QTest>
+#include <QVBoxLayout>
+#include <QWheelEvent>
+#include <gtest/gtest.h>
+
+#include "tests/support/sample.h"
+#include "toolkit/drop_down_list.h"
+#include "toolkit/elided_label.h"
+#include "toolkit/form.h"
+#include "toolkit/picture_box.h"
+#include "toolkit/text_box.h"
+
+namespace rostermill::test {
+namespace {
+
+TEST(DropDownList, ClickFollowsRealChangesOfTheSelectionOnly) {
+  DropDownList list("list", ListOrder::Sorted);
+  int clicks = 0;
+  QObject::connect(&list, &DropDownList::Click, [&clicks] { ++clicks; });
+  list.AddItem("b");
+  list.AddItem("a");
+  EXPECT_EQ(list.ListIndex(), -1) << "adding selects nothing";
+  EXPECT_EQ(clicks, 0);
+  list.SetListIndex(1);
+  EXPECT_EQ(clicks, 1);
+  list.SetListIndex(1);
+  EXPECT_EQ(clicks, 1);
+  list.AddItem("0");  // moves the selected entry down
+  EXPECT_EQ(clicks, 1);
+  EXPECT_EQ(list.Text(), "b");
+  list.SetList(2, "z");
+  EXPECT_EQ(list.Text(), "z");
+  EXPECT_EQ(clicks, 1);
+  list.Clear();
+  EXPECT_EQ(clicks, 1);
+  list.AddItem("b");
+  list.SetListIndex(0);
+  EXPECT_EQ(clicks, 2) << "after clearing, entry 0 is a change again";
+}
+
+TEST(DropDownList, SortsWithoutRegardToAsciiCaseAndKeepsEqualsInOrder) {
+  DropDownList list("list", ListOrder::Sorted);
+  for (const char* text : {"beta", "Alpha", "ALPHA", "alphabet", "", "Beta"}) list.AddItem(text);
+  QStringList order;
+  for (int index = 0; index < list.ListCount(); ++index) order << list.List(index);
+  EXPECT_EQ(order, QStringList({"", "Alpha", "ALPHA", "alphabet", "beta", "Beta"}));
+}
+
+TEST(DropDownList, TheWheelLeavesAListWithoutFocusAlone) {
+  DropDownList list("list");
+  list.AddItem("a");
+  list.AddItem("b");
+  list.SetListIndex(0);
+  QWheelEvent turn(QPointF(5, 5), QPointF(5, 5), QPoint(), QPoint(0, -120), Qt::NoButton,
+                   Qt::NoModifier, Qt::NoScrollPhase, false);
+  QApplication::sendEvent(&list, &turn);
+  EXPECT_EQ(list.ListIndex(), 0);
+}
+
+TEST(TextBox, TakesOnlyOneByteCharactersUpToItsLength) {
+  TextBox box("box", 4);
+  for (const QChar c : QString::fromUtf8("aЖé€b")) box.insert(c);
+  EXPECT_EQ(box.Text(), QString::fromUtf8("aéb"));
+  QTest::keyClicks(&box, "cd");
+  EXPECT_EQ(box.Text().size(), 4);
+}
+
+TEST(TextBox, ALongerTextSetByTheProgramIsNotCut) {
+  TextBox box("box", 4);
+  box.SetText("longer text");
+  EXPECT_EQ(box.Text(), "longer text");
+  QTest::keyClick(&box, Qt::Key_End);
+  QTest::keyClicks(&box, "x");
+  EXPECT_EQ(box.Text(), "longer text") << "it can't grow";
+  box.SetText("ab");
+  QTest::keyClicks(&box, "cde");
+  EXPECT_EQ(box.Text(), "abcd") << "and the limit is back";
+}
+
+TEST(PictureBox, KeepsItsPictureWhenAFileCannotBeLoaded) {
+  PictureBox box("box", QSize(32, 32), 2);
+  EXPECT_TRUE(box.Load(QString::fromStdString(BinFolder() + "faces/00.bmp")));
+  const QImage first = box.Picture();
+  EXPECT_EQ(first.size(), QSize(32, 32));
+  TempFolder folder;
+  WriteFile(folder.Path("bad.bmp"), std::string("BMnot a picture"));
+  EXPECT_FALSE(box.Load(QString::fromStdString(folder.Path("bad.bmp"))));
+  EXPECT_FALSE(box.Load(QString::fromStdString(folder.Path("missing.bmp"))));
+  EXPECT_FALSE(box.Load(QString::fromStdString(folder.Path())));
+  EXPECT_EQ(box.Picture(), first);
+}
+
+TEST(PictureBox, IsPressedByMouseAndKeyboardOnlyWhenClickable) {
+  PictureBox box("box", QSize(8, 8));
+  int clicks = 0;
+  Qt::MouseButtons down;
+  QObject::connect(&box, &PictureBox::Click, [&] { ++clicks; });
+  QObject::connect(&box, &PictureBox::MouseDown, [&](Qt::MouseButtons buttons) { down = buttons; });
+  QTest::mouseClick(&box, Qt::LeftButton);
+  EXPECT_EQ(clicks, 0);
+  box.SetClickable("Photo");
+  QTest::mouseClick(&box, Qt::RightButton);
+  EXPECT_EQ(clicks, 0);
+  EXPECT_EQ(down, Qt::RightButton);
+  QTest::mouseClick(&box, Qt::LeftButton);
+  QTest::keyClick(&box, Qt::Key_Space);
+  QTest::keyClick(&box, Qt::Key_Return);
+  EXPECT_EQ(clicks, 3);
+}
+
+TEST(ElidedLabel, NeverAsksForRoomForItsWholeText) {
+  ElidedLabel label("label");
+  label.SetText(QString(60'000, 'W'));
+  EXPECT_LT(label.sizeHint().width(), 400);
+  EXPECT_EQ(label.text().size(), 60'000);
+}
+
+class SmallForm : public ChildForm {
+ public:
+  SmallForm() : ChildForm("SmallForm", "Small") {
+    auto* column = new QVBoxLayout(this);
+    for (QPushButton* button : {ok, cancel, other}) column->addWidget(button);
+    SetDefaultButton(ok);
+    SetCancelButton(cancel);
+  }
+  QPushButton* ok = new QPushButton("OK");
+  QPushButton* cancel = new QPushButton("Cancel");
+  QPushButton* other = new QPushButton("Other");
+  int unloads = 0;
+
+ protected:
+  void Form_Unload() override { ++unloads; }
+};
+
+TEST(ChildForm, EnterPressesTheFocusedOrElseTheDefaultButton) {
+  ChildArea area;
+  area.resize(400, 300);
+  area.show();
+  auto* form = new SmallForm;
+  area.ShowForm(form);
+  QStringList pressed;
+  for (QPushButton* button : {form->ok, form->cancel, form->other}) {
+    QObject::connect(button, &QPushButton::clicked,
+                     [&pressed, button] { pressed << button->text(); });
+  }
+  form->setFocus();
+  QTest::keyClick(form, Qt::Key_Return);
+  form->other->setFocus();
+  QTest::keyClick(form->other, Qt::Key_Enter);
+  QTest::keyClick(form->other, Qt::Key_Escape);
+  EXPECT_EQ(pressed, QStringList({"OK", "Other", "Cancel"}));
+}
+
+TEST(ChildForm, ClosesOnceHoweverItIsClosedAndOpensAnew) {
+  ChildArea area;
+  QPointer<SmallForm> slot;
+  const auto make = [] { return new SmallForm; };
+  SmallForm* first = area.ShowOnly(slot, make);
+  EXPECT_EQ(area.ShowOnly(slot, make), first) << "an open form only comes to the front";
+  int unloaded = 0;
+  QObject::connect(first, &ChildForm::Unloaded, [&unloaded] { ++unloaded; });
+  first->CloseForm();
+  first->CloseForm();
+  EXPECT_EQ(first->unloads, 1);
+  EXPECT_EQ(unloaded, 1);
+  EXPECT_NE(area.ShowOnly(slot, make), first) << "a closed form is made anew at once";
+  qobject_cast<QMdiSubWindow*>(slot->parentWidget())->close();
+  EXPECT_FALSE(slot->IsOpen());
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_TRUE(slot.isNull());
+}
+
+}  // namespace
+}  // namespace rostermill::test

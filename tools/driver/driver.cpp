@@ -1,0 +1,112 @@
+#include "tools/driver/driver.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QFileDialog>
+#include <QMessageBox>
+#include <QTimer>
+
+#include <cstdio>
+#include <cstdlib>
+#include <deque>
+
+namespace rostermill::driver {
+
+std::function<void(const std::string&)> on_complaint = [](const std::string& text) {
+  std::fprintf(stderr, "%s\n", text.c_str());
+  std::exit(1);
+};
+
+namespace {
+
+/// Watches for modal dialogs while any is expected, and hands each to the first in line.
+class DialogWatch : public QObject {
+ public:
+  static DialogWatch& Instance() {
+    static auto* watch = new DialogWatch(qApp);
+    return *watch;
+  }
+
+  void Expect(std::function<void(QDialog&)> act) {
+    expected_.push_back(std::move(act));
+    timer_.start(1);
+  }
+
+  int Forget() {
+    const auto pending = static_cast<int>(expected_.size());
+    expected_.clear();
+    return pending;
+  }
+
+ private:
+  explicit DialogWatch(QObject* parent) : QObject(parent) {
+    connect(&timer_, &QTimer::timeout, this, [this] { Look(); });
+  }
+
+  void Look() {
+    if (expected_.empty()) {
+      timer_.stop();
+      return;
+    }
+    auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (dialog == nullptr || !dialog->isVisible()) return;
+    const auto act = std::move(expected_.front());
+    expected_.pop_front();
+    act(*dialog);
+  }
+
+  QTimer timer_;
+  std::deque<std::function<void(QDialog&)>> expected_;
+};
+
+/// Complains about a dialog of another kind than the one expected, and closes it.
+template <typename Dialog>
+Dialog* Expected(QDialog& dialog) {
+  auto* found = qobject_cast<Dialog*>(&dialog);
+  if (found == nullptr) {
+    on_complaint("another dialog than expected: " + dialog.objectName().toStdString() + " \"" +
+                 dialog.windowTitle().toStdString() + "\"");
+    dialog.reject();
+  }
+  return found;
+}
+
+}  // namespace
+
+void OnNextDialog(std::function<void(QDialog&)> act) {
+  DialogWatch::Instance().Expect(std::move(act));
+}
+
+int DialogsStillExpected() {
+  return DialogWatch::Instance().Forget();
+}
+
+void ClickButton(QDialog& dialog, const QString& text) {
+  for (QAbstractButton* button : dialog.findChildren<QAbstractButton*>()) {
+    if (button->text().remove('&') == text) return button->click();
+  }
+  on_complaint("no button " + text.toStdString());
+  dialog.reject();
+}
+
+void AnswerNextMessage(const QString& button, QString* text, QString* title) {
+  OnNextDialog([=](QDialog& dialog) {
+    auto* box = Expected<QMessageBox>(dialog);
+    if (box == nullptr) return;
+    if (text != nullptr) *text = box->text();
+    if (title != nullptr) *title = box->windowTitle();
+    ClickButton(*box, button);
+  });
+}
+
+void AnswerNextFileDialog(const QString& path) {
+  OnNextDialog([path](QDialog& dialog) {
+    auto* files = Expected<QFileDialog>(dialog);
+    if (files == nullptr) return;
+    if (path.isEmpty()) return dialog.reject();
+    files->selectFile(path);
+    dialog.accept();
+  });
+}
+
+}  // namespace rostermill::driver

@@ -1,0 +1,123 @@
+#include "tools/tour/tour.h"
+
+#include <QApplication>
+#include <QMdiSubWindow>
+#include <QPushButton>
+
+#include <stdexcept>
+
+#include "shell/loading.h"
+#include "shell/rsm_form.h"
+#include "toolkit/text_codec.h"
+#include "tools/driver/driver.h"
+
+namespace rostermill {
+
+Tour::Tour(const QString& program_folder, const QString& pictures)
+    : pictures_(pictures), image_(pictures_.absoluteFilePath("tour-league.nes")) {
+  if (!pictures_.mkpath(".")) throw std::runtime_error("cannot make the folder of the pictures");
+  QFile::remove(image_);
+  Require(QFile::copy(program_folder + "/sample.nes", image_), "copy of the sample league");
+  session_ = std::make_unique<LeagueSession>();
+  session_->AppDir = ToUtf8(program_folder + "/");
+  window_ = std::make_unique<FRSMform>(*session_);
+  window_->show();
+}
+
+Tour::~Tour() = default;
+
+int Tour::Run() {
+  StartAndLoad();
+  VisitPlayers(*this);
+  SaveAndReload();
+  return count_;
+}
+
+void Tour::StartAndLoad() {
+  Picture(*window_, "start");
+  driver::OnNextDialog([this](QDialog& about) {
+    Picture(about, "about");
+    about.accept();
+  });
+  Pick("mHelAbout");
+
+  Loading loading;
+  Picture(loading, "loading");
+
+  driver::OnNextDialog([this](QDialog& files) {
+    Picture(files, "load-rom");
+    files.reject();
+  });
+  Pick("mFilLoadROM");
+
+  driver::AnswerNextFileDialog(QString::fromStdString(session_->AppDir) + "colors.txt");
+  driver::OnNextDialog([this](QDialog& message) {
+    Picture(message, "not-a-rom");
+    message.accept();
+  });
+  Pick("mFilLoadROM");
+  Require(session_->ImageLoaded == 0, "a palette file was taken for an image");
+
+  driver::AnswerNextFileDialog(image_);
+  Pick("mFilLoadROM");
+  Require(session_->ImageLoaded == 1, "the sample loads");
+}
+
+void Tour::SaveAndReload() {
+  const LeagueData changed = session_->League;
+  driver::OnNextDialog([this](QDialog& question) {
+    Picture(question, "save-question");
+    driver::ClickButton(question, "Yes");
+  });
+  Pick("mFilSaveROM");
+  driver::OnNextDialog([this](QDialog& question) {
+    Picture(question, "unload-question");
+    driver::ClickButton(question, "Yes");
+  });
+  Pick("mFilUnloadROM");
+  Require(session_->ImageLoaded == 0, "the image is unloaded");
+  driver::AnswerNextFileDialog(image_);
+  Pick("mFilLoadROM");
+  Require(session_->League == changed, "the saved file gives the changed league back");
+  Require(driver::DialogsStillExpected() == 0, "every dialog came");
+}
+
+QWidget& Tour::Form(const QString& name) {
+  for (QMdiSubWindow* window : window_->findChildren<QMdiSubWindow*>()) {
+    QWidget* form = window->widget();
+    if (form != nullptr && form->objectName() == name && window->isVisible()) return *form;
+  }
+  throw std::runtime_error("form " + name.toStdString() + " is not open");
+}
+
+void Tour::Pick(const QString& item) {
+  QAction& action = driver::Find<QAction>(*window_, item);
+  Require(action.isEnabled(), item + " is enabled");
+  action.trigger();
+  QCoreApplication::processEvents();
+}
+
+void Tour::Click(const QString& form, const QString& button) {
+  driver::Find<QPushButton>(Form(form), button).click();
+  QCoreApplication::processEvents();
+}
+
+void Tour::Choose(QComboBox& list, const QString& beginning) {
+  const int index = list.findText(beginning, Qt::MatchStartsWith | Qt::MatchCaseSensitive);
+  Require(index >= 0, "a list holds " + beginning);
+  list.setCurrentIndex(index);
+}
+
+void Tour::Picture(QWidget& what, const QString& name) {
+  QCoreApplication::processEvents();
+  QWidget* frame = qobject_cast<QMdiSubWindow*>(what.parentWidget());
+  const QString file = QStringLiteral("%1-%2.png").arg(++count_, 2, 10, QChar('0')).arg(name);
+  Require((frame != nullptr ? frame : &what)->grab().save(pictures_.filePath(file)),
+          "picture " + file + " is written");
+}
+
+void Tour::Require(bool holds, const QString& what) {
+  if (!holds) throw std::runtime_error("not so: " + what.toStdString());
+}
+
+}  // namespace rostermill
