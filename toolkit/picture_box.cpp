@@ -7,6 +7,8 @@
 #include <QPainter>
 #include <QStyleOptionFocusRect>
 
+#include "toolkit/press_key.h"
+
 namespace rostermill {
 
 PictureBox::PictureBox(const QString& name, QSize picture_size, int magnification)
@@ -65,9 +67,7 @@ void PictureBox::mousePressEvent(QMouseEvent* event) {
 }
 
 void PictureBox::keyPressEvent(QKeyEvent* event) {
-  const bool pressed = event->key() == Qt::Key_Space || event->key() == Qt::Key_Return ||
-                       event->key() == Qt::Key_Enter;
-  if (!clickable_ || !pressed) return QFrame::keyPressEvent(event);
+  if (!clickable_ || !IsPressKey(*event)) return QFrame::keyPressEvent(event);
   emit MouseDown(Qt::LeftButton);
   emit Click();
 }

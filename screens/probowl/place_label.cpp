@@ -4,6 +4,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include "toolkit/press_key.h"
+
 namespace rostermill {
 
 namespace {
@@ -14,7 +16,7 @@ constexpr int text_margin = 3;
 
 PlaceLabel::PlaceLabel(const QString& place_name) : ElidedLabel({}), place_name_(place_name) {
   setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-  setContentsMargins(text_margin, text_margin, text_margin, text_margin);
+  setMargin(text_margin);
   setBackgroundRole(QPalette::Base);
   setForegroundRole(QPalette::Text);
   setAutoFillBackground(true);
@@ -47,15 +49,8 @@ void PlaceLabel::mousePressEvent(QMouseEvent* event) {
 }
 
 void PlaceLabel::keyPressEvent(QKeyEvent* event) {
-  switch (event->key()) {
-    case Qt::Key_Space:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      emit MouseDown(Qt::LeftButton);
-      break;
-    default:
-      ElidedLabel::keyPressEvent(event);
-  }
+  if (!IsPressKey(*event)) return ElidedLabel::keyPressEvent(event);
+  emit MouseDown(Qt::LeftButton);
 }
 
 }  // namespace rostermill
