@@ -17,6 +17,10 @@ struct LeaderRow {
   bool operator==(const LeaderRow&) const = default;
 };
 
+/// Rows of the leaders table. The largest group is that of the receivers in a league whose teams
+/// all play the formation with six.
+inline constexpr int LeaderRowLimit = 6 * TeamCount;
+
 /// What the program holds while it runs: the league, the path it came from, and the words by
 /// which screens hand each other their subject. One instance, made in main.
 struct LeagueSession {
@@ -48,7 +52,7 @@ struct LeagueSession {
 
   // Schedule, leaders and all-star screens.
   std::int16_t SchedTeam = 1;
-  IndexedArray<LeaderRow, 1, 140> LeaderRows;
+  IndexedArray<LeaderRow, 1, LeaderRowLimit> LeaderRows;
   std::int16_t PrintCancelled = 1;
   std::int16_t PrintToPrinter = -1;
   std::int16_t RosterConference = 1;  ///< 1 AFC, 2 NFC

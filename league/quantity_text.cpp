@@ -3,9 +3,11 @@
 namespace rostermill {
 
 std::string QuantityText(std::uint64_t count, std::string_view noun) {
-  std::string text = std::to_string(count);
-  for (int at = static_cast<int>(text.size()) - 3; at > 0; at -= 3) {
-    text.insert(static_cast<std::size_t>(at), ",");
+  const std::string digits = std::to_string(count);
+  std::string text;
+  for (std::size_t at = 0; at < digits.size(); ++at) {
+    if (at != 0 && (digits.size() - at) % 3 == 0) text += ',';
+    text += digits[at];
   }
   text += " ";
   text += noun;

@@ -3,6 +3,8 @@
 #include <QPainter>
 #include <QStyle>
 
+#include "toolkit/form_parts.h"
+
 namespace rostermill {
 
 ElidedLabel::ElidedLabel(const QString& name) {
@@ -13,7 +15,7 @@ ElidedLabel::ElidedLabel(const QString& name) {
 
 void ElidedLabel::SetText(const QString& text) {
   setText(text);
-  setToolTip(text.toHtmlEscaped());
+  setToolTip(PlainToolTip(text));
 }
 
 QSize ElidedLabel::minimumSizeHint() const {

@@ -4,6 +4,7 @@
 #include <QFontDatabase>
 #include <QFontMetrics>
 #include <QGroupBox>
+#include <QLayout>
 #include <QSizePolicy>
 
 namespace rostermill {
@@ -65,7 +66,19 @@ QDialogButtonBox* ButtonRow(QPushButton* accept, QPushButton* reject,
   if (accept != nullptr) row->addButton(accept, QDialogButtonBox::AcceptRole);
   if (reject != nullptr) row->addButton(reject, QDialogButtonBox::RejectRole);
   for (QPushButton* action : actions) row->addButton(action, QDialogButtonBox::ActionRole);
+  // The platform chose the order of places; the tab key follows it.
+  QWidget* previous = nullptr;
+  for (int place = 0; place < row->layout()->count(); ++place) {
+    QWidget* button = row->layout()->itemAt(place)->widget();
+    if (previous != nullptr && button != nullptr) QWidget::setTabOrder(previous, button);
+    if (button != nullptr) previous = button;
+  }
   return row;
+}
+
+QString PlainToolTip(const QString& text) {
+  if (!Qt::mightBeRichText(text)) return text;
+  return "<span style='white-space: pre'>" + text.toHtmlEscaped() + "</span>";
 }
 
 void KeepRoomWhenHidden(QWidget* widget) {

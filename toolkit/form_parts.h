@@ -32,6 +32,9 @@ QGroupBox* NewFrame(const QString& name, const QString& title = {});
 QDialogButtonBox* ButtonRow(QPushButton* accept, QPushButton* reject,
                             std::initializer_list<QPushButton*> actions = {});
 
+/// The text as a tool tip that shows it as it stands, never as markup.
+QString PlainToolTip(const QString& text);
+
 /// Keeps the room of a control that comes and goes, so that the others don't move.
 void KeepRoomWhenHidden(QWidget* widget);
 

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QCheckBox>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
@@ -126,26 +127,42 @@ TEST_F(MainWindow, UnloadAsksAndClosesTheViewers) {
   EXPECT_EQ(session_.ImagePath, path_);
 }
 
-TEST_F(MainWindow, TheMainJobEndToEnd) {
+TEST_F(MainWindow, AChangeOfOnePlayerMovesItsOwnBytesAndNoOthers) {
+  const auto save = [this] {
+    AnswerNextMessage("Yes");
+    Item("mFilSaveROM").trigger();
+    return FileBytes(path_);
+  };
   Load(path_);
+  // The first back of team 1: his entry is the third, and he returns neither kicks nor punts.
+  session_.League.NameData[1][3] = {"sid", "TESTER", "29"};
+  session_.League.SkillData[1][1] = {5, 5, 5, 5, 40, 5, 5, 0, 0};
+  for (SkillRec& mate : session_.League.SkillData[1]) mate.KickReturner = 0;
+  session_.League.SkillData[1][4].KickReturner = 1;
+  const auto before = save();
   Item("mViePlayerData").trigger();
   QWidget* viewer = Form("ViewPlayer");
   ASSERT_NE(viewer, nullptr);
   auto& teams = Find<DropDownList>(*viewer, "cmbTeam");
   teams.SetListIndex(teams.findText("HARBORTON SPARROWS"));
-  Find<DropDownList>(*viewer, "cmbPosition").SetListIndex(0);
+  Find<DropDownList>(*viewer, "cmbPosition").SetListIndex(2);
   Find<QPushButton>(*viewer, "btnEdit").click();
   QWidget* editor = Form("EditPlayer");
   ASSERT_NE(editor, nullptr);
-  Find<TextBox>(*editor, "txtPlayer").setText("ned test");
-  for (int step = 0; step < 16; ++step) Find<QPushButton>(*editor, "btnPlus(0)").click();
+  Find<TextBox>(*editor, "txtPlayer").setText("tid TESTES");
+  Find<QPushButton>(*editor, "btnPlus(4)").click();
+  Find<QPushButton>(*editor, "btnPlus(8)").click();
+  Find<QCheckBox>(*editor, "chkKick").setChecked(true);
   Find<QPushButton>(*editor, "btnSavePlayer").click();
-  AnswerNextMessage("Yes");
-  Item("mFilSaveROM").trigger();
+  const auto after = save();
 
-  const auto saved = FileBytes(path_);
-  EXPECT_EQ(saved[0x3010] >> 4, 15);
-  EXPECT_EQ(std::string(saved.begin() + 0x6DB, saved.begin() + 0x6E2), "nedTEST");
+  const int entry = (before[0x4C] | before[0x4D] << 8) - 0x7FF0;
+  EXPECT_EQ(DifferingOffsets(before, after),
+            (std::vector<int>{entry, entry + 1, entry + 9, 0x301D, 0x239D3, 0x328D3}));
+  EXPECT_EQ(std::string(after.begin() + entry, after.begin() + entry + 10), "\x30tidTESTES");
+  EXPECT_EQ(after[0x301D], 0x65);
+  EXPECT_EQ(after[0x239D3] >> 4, 2);
+  EXPECT_EQ(after[0x328D3], after[0x239D3]);
   const LeagueData changed = session_.League;
   Load(path_);
   EXPECT_EQ(session_.League, changed);

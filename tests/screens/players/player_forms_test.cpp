@@ -5,11 +5,9 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
-#include "league/save_image.h"
 #include "screens/players/edit_player.h"
 #include "screens/players/text_forms.h"
 #include "screens/players/view_player.h"
-#include "tests/support/damage.h"
 #include "tests/support/dialogs.h"
 #include "tests/support/sample.h"
 #include "toolkit/drop_down_list.h"
@@ -282,20 +280,6 @@ TEST_F(PlayerForms, AMissingPhotoFallsBackAndThenToNothing) {
   std::filesystem::copy_file(BinFolder() + "faces/na.bmp", folder.Path("faces/na.bmp"));
   GoTo(1, 2);
   EXPECT_FALSE(face.Picture().isNull());
-}
-
-TEST_F(PlayerForms, ExactlyTheDocumentedBytesOfAChangeMove) {
-  session_->League = SampleLeague();
-  const auto before = SavedBytes(session_->League);
-  session_->League.SkillData[1][1] = {5, 5, 5, 5, 40, 5, 5, 0, 0};
-  const auto base = SavedBytes(session_->League);
-  OpenBoth();
-  GoTo(1, 3);
-  Press("btnPlus(4)");
-  Press("btnSavePlayer");
-  const auto after = SavedBytes(session_->League);
-  EXPECT_EQ(DifferingOffsets(base, after), std::vector<int>{0x301D});
-  EXPECT_EQ(after[0x301D], 0x65);
 }
 
 }  // namespace

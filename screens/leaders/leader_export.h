@@ -1,0 +1,18 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "screens/leaders/leader_rows.h"
+
+namespace rostermill {
+
+/// What printer and file get: the heading of the group, then rows 1 to `row_count` in their order,
+/// Latin-1, without line ends. A name has 21 places; a longer one is cut.
+std::vector<std::string> LeaderLines(const LeaderTable& rows, int row_count, int group);
+
+/// The bytes of an export file: every line ends with CR LF.
+std::vector<std::uint8_t> ExportBytes(const std::vector<std::string>& lines);
+
+}  // namespace rostermill

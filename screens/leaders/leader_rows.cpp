@@ -1,0 +1,194 @@
+#include "screens/leaders/leader_rows.h"
+
+#include <array>
+#include <utility>
+
+#include "league/league_tables.h"
+#include "screens/players/position_layout.h"
+#include "screens/players/text_forms.h"
+
+namespace rostermill {
+
+namespace {
+
+constexpr IndexedArray<LeaderHeading, 0, SharedPlaceCount> shared_headings{
+    {{{"Name", "Name"},
+      {"RS", "Running Speed"},
+      {"RP", "Rushing Power"},
+      {"MS", "Maximum Speed"},
+      {"HP", "Hitting Power"}}}};
+
+using OwnHeadings = IndexedArray<LeaderHeading, SharedPlaceCount + 1, LeaderColumnLimit>;
+constexpr OwnHeadings passing{{{{"PS", "Passing Speed"},
+                                {"PC", "Pass Control"},
+                                {"PA", "Accuracy"},
+                                {"APB", "Avoid Pass Block"}}}};
+constexpr OwnHeadings carrying{{{{"BC", "Ball Control"}, {"R", "Receptions"}}}};
+constexpr OwnHeadings blocking{};
+constexpr OwnHeadings defending{{{{"PI", "Pass Interception"}, {"Q", "Quickness"}}}};
+constexpr OwnHeadings kicking{{{{"KA", "Kicking Ability"}, {"AKB", "Avoid Kick Block"}}}};
+
+struct LeaderGroup {
+  std::string_view title;
+  std::string_view file_name;
+  int first_slot;
+  int last_slot;
+  const OwnHeadings& headings;
+  /// What a slot of the group is called under its team's formation; empty where all slots count.
+  std::string_view label;
+};
+
+constexpr IndexedArray<LeaderGroup, 0, LeaderGroupCount - 1> groups{
+    {{{"Quarterback", "rsm_qb.txt", 1, 2, passing, {}},
+      {"Running Back", "rsm_rb.txt", 3, 12, carrying, "RB"},
+      {"Wide Receiver", "rsm_wr.txt", 3, 12, carrying, "WR"},
+      {"Tight End", "rsm_te.txt", 3, 12, carrying, "TE"},
+      {"Offensive Lineman", "rsm_ol.txt", 13, 17, blocking, {}},
+      {"Defensive Lineman", "rsm_dl.txt", 18, 20, defending, {}},
+      {"Linebacker", "rsm_lb.txt", 21, 24, defending, {}},
+      {"Secondary", "rsm_se.txt", 25, 28, defending, {}},
+      {"Kicker", "rsm_k.txt", 29, 29, kicking, {}},
+      {"Punter", "rsm_p.txt", 30, 30, kicking, {}}}}};
+
+/// The attribute place on the player screens: these start with Rushing Power, the table with
+/// Running Speed.
+int PlaceOfColumn(int column) {
+  return column <= 2 ? 2 - column : column - 1;
+}
+
+std::string_view LabelOfSlot(int formation, int slot) {
+  for (const auto& [index, label] : PositionLabels(formation)) {
+    if (index == slot - 1) return label;
+  }
+  return SlotLabels[slot];
+}
+
+bool BelongsTo(const LeaderGroup& group, int formation, int slot) {
+  return group.label.empty() || LabelOfSlot(formation, slot).starts_with(group.label);
+}
+
+/// "Miller, J.T."
+std::string DisplayName(const LeagueData& league, int team, int slot) {
+  std::string name = LowerText(PlayerListText(league, team, slot));
+  name.resize(name.find_last_not_of(' ') + 1);
+  bool starts_word = true;
+  for (char& c : name) {
+    if (starts_word) c = UpperChar(c);
+    starts_word = c == '.' || c == ' ';
+  }
+  return name;
+}
+
+int TotalOf(const LeaderRow& row, const SortFlagTable& flags) {
+  int total = 0;
+  for (int column = 1; column <= LeaderColumnLimit; ++column) {
+    if (flags[column]) total += row.Attr[column];
+  }
+  return total;
+}
+
+bool MustExchange(const LeaderRow& upper, const LeaderRow& lower, const SortFlagTable& flags) {
+  if (!flags[0]) {
+    const int upper_total = TotalOf(upper, flags);
+    const int lower_total = TotalOf(lower, flags);
+    if (upper_total != lower_total) return lower_total > upper_total;
+  }
+  return upper.Name > lower.Name;
+}
+
+/// Moves the row at `low` to its place among rows low to high, smaller ones before it and larger
+/// ones behind it. Returns its place.
+int Partition(LeaderTable& rows, int low, int high, const SortFlagTable& flags) {
+  bool from_above = true;
+  while (high > low) {
+    if (MustExchange(rows[low], rows[high], flags)) {
+      std::swap(rows[low], rows[high]);
+      from_above = !from_above;
+    }
+    if (from_above) {
+      --high;
+    } else {
+      ++low;
+    }
+  }
+  return low;
+}
+
+}  // namespace
+
+std::string_view LeaderGroupTitle(int group) {
+  return groups[group].title;
+}
+
+std::string_view LeaderFileName(int group) {
+  return groups[group].file_name;
+}
+
+int LeaderColumnCount(int group) {
+  return PlacesInUse(GroupOfSlot(groups[group].first_slot));
+}
+
+LeaderHeading HeadingOf(int group, int column) {
+  return column <= shared_headings.last ? shared_headings[column] : groups[group].headings[column];
+}
+
+int FillLeaderRows(const LeagueData& league, int group, LeaderTable& rows) {
+  const LeaderGroup& taken = groups[group];
+  const int columns = LeaderColumnCount(group);
+  int count = 0;
+  for (int team = 1; team <= TeamCount; ++team) {
+    for (int slot = taken.first_slot; slot <= taken.last_slot; ++slot) {
+      if (!BelongsTo(taken, league.TeamData[team].Formation, slot)) continue;
+      LeaderRow& row = rows[++count];
+      row.Name = DisplayName(league, team, slot);
+      for (int column = 1; column <= columns; ++column) {
+        row.Attr[column] =
+            static_cast<std::int16_t>(PlaceCode(league, team, slot, PlaceOfColumn(column)));
+      }
+    }
+  }
+  return count;
+}
+
+void ToggleHeading(SortFlagTable& flags, int column) {
+  flags[column] = !flags[column];
+  if (!flags[column]) return;
+  if (column == 0) {
+    flags = {};
+    flags[0] = true;
+  } else {
+    flags[0] = false;
+  }
+}
+
+// Rows alike in key and name must come out in one order everywhere, so that exports of the same
+// league are the same: no library sort promises that.
+void SortLeaderRows(LeaderTable& rows, int row_count, const SortFlagTable& flags) {
+  if (row_count < 2) return;
+  IndexedArray<int, 1, 20> SortStack;
+  int top = 0;
+  int low = 1;
+  int high = row_count;
+  for (;;) {
+    while (low < high) {
+      const int middle = Partition(rows, low, high, flags);
+      // The larger part waits, so that the stack never holds more than eight parts.
+      if (middle - low <= high - middle) {
+        SortStack[top + 1] = middle + 1;
+        SortStack[top + 2] = high;
+        high = middle;
+      } else {
+        SortStack[top + 1] = low;
+        SortStack[top + 2] = middle - 1;
+        low = middle;
+      }
+      top += 2;
+    }
+    if (top == 0) return;
+    high = SortStack[top];
+    low = SortStack[top - 1];
+    top -= 2;
+  }
+}
+
+}  // namespace rostermill

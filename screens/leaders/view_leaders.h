@@ -1,0 +1,79 @@
+#pragma once
+
+#include <QLabel>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+#include "league/league_session.h"
+#include "screens/leaders/leader_rows.h"
+#include "toolkit/click_label.h"
+#include "toolkit/control_array.h"
+#include "toolkit/drop_down_list.h"
+#include "toolkit/elided_label.h"
+#include "toolkit/form.h"
+
+class QPrinter;
+class QScrollBar;
+
+namespace rostermill {
+
+/// "View Leaders": all players of a position group, five at a time, sorted by the headings that
+/// are on. The rows are a snapshot taken when the group is chosen; the league is never changed.
+class ViewLeaders : public ChildForm {
+  Q_OBJECT
+
+ public:
+  /// Gives the printer to print on, null where there is none. Called only to print.
+  using PrinterMaker = std::function<std::unique_ptr<QPrinter>()>;
+
+  explicit ViewLeaders(LeagueSession& session);
+
+  /// Prints on another printer than the system's default one.
+  void SetPrinterMaker(PrinterMaker make) { make_printer_ = std::move(make); }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+
+ private:
+  void BuildControls();
+  void BuildTable();
+  void LayOut();
+  QWidget* LayOutTable();
+  void Connect();
+
+  void Form_Load();
+  void cmbPosition_Click();
+  void scrBar_Change();
+  void lblHead_Click(int Index);
+  void btnPrint_Click();
+  void btnOK_Click();
+
+  /// Draws the rows from `top` on; those behind the last one are blank.
+  void ShowLeaderRows(int top);
+  void ShowHeadings();
+  void ShowSortFlags();
+  void PrintToDefaultPrinter();
+  void WriteExportFile();
+  void Complain(const QString& text);
+
+  LeagueSession& session_;
+  PrinterMaker make_printer_;
+  SortFlagTable SortFlags;
+  int ColumnCount = 0;
+  int RowCount = 0;
+  int wheel_turn_ = 0;  ///< what the wheel has turned short of a row, in eighths of a degree
+
+  DropDownList* cmbPosition = nullptr;
+  ControlArray<ClickLabel> lblHead{"lblHead"};
+  std::vector<ControlArray<QLabel>> lblD;  ///< lblD0, the rank, to lblD8
+  ControlArray<ElidedLabel> lblName{"lblName"};
+  QScrollBar* scrBar = nullptr;
+  QPushButton* btnPrint = nullptr;
+  QPushButton* btnOK = nullptr;
+};
+
+}  // namespace rostermill

@@ -1,0 +1,50 @@
+#include "toolkit/print_lines.h"
+
+#include <QBuffer>
+#include <QPdfWriter>
+#include <gtest/gtest.h>
+
+namespace rostermill::test {
+
+namespace {
+
+struct Paper {
+  Paper(QSizeF millimetres, double margin) : writer(&buffer) {
+    buffer.open(QIODevice::WriteOnly);
+    writer.setPageSize(QPageSize(millimetres, QPageSize::Millimeter));
+    writer.setPageMargins(QMarginsF(margin, margin, margin, margin), QPageLayout::Millimeter);
+  }
+  QBuffer buffer;
+  QPdfWriter writer;
+};
+
+QStringList Lines(int count, int length) {
+  QStringList lines;
+  for (int i = 0; i < count; ++i) lines << QString(length, 'W');
+  return lines;
+}
+
+TEST(PrintLines, PagesFollowThePaperAndNarrowPaperTakesSmallerLetters) {
+  const auto pages = [](QSizeF paper, int count, int length) {
+    Paper sheet(paper, 10);
+    return PrintLines(sheet.writer, Lines(count, length));
+  };
+  const QSizeF a4(210, 297);
+  EXPECT_EQ(pages(a4, 1, 68), 1);
+  const int whole = pages(a4, 141, 68);
+  EXPECT_GE(whole, 2);
+  EXPECT_LE(whole, 4);
+  EXPECT_GT(pages(QSizeF(210, 148), 141, 68), whole) << "half the height must make more pages";
+  EXPECT_LT(pages(QSizeF(70, 297), 141, 68), whole)
+      << "lines wider than the paper must be shrunk, not cut";
+  EXPECT_EQ(pages(QSizeF(210, 24), 6, 68), 6) << "a page as high as one line takes one line";
+}
+
+TEST(PrintLines, AFailingDeviceIsReported) {
+  QPdfWriter writer("/no such folder/list.pdf");
+  EXPECT_EQ(PrintLines(writer, Lines(3, 10)), 0);
+}
+
+}  // namespace
+
+}  // namespace rostermill::test

@@ -1,0 +1,45 @@
+#include "toolkit/click_label.h"
+
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace rostermill {
+
+ClickLabel::ClickLabel(const QString& text) : QLabel(text) {
+  setTextFormat(Qt::PlainText);
+  setFocusPolicy(Qt::StrongFocus);
+  setCursor(Qt::PointingHandCursor);
+}
+
+void ClickLabel::paintEvent(QPaintEvent* event) {
+  QLabel::paintEvent(event);
+  if (!hasFocus()) return;
+  QPainter painter(this);
+  painter.setPen(QPen(palette().color(foregroundRole()), 2));
+  painter.drawRect(rect().adjusted(3, 3, -3, -3));
+}
+
+void ClickLabel::mousePressEvent(QMouseEvent* event) {
+  event->setAccepted(event->button() == Qt::LeftButton);
+}
+
+void ClickLabel::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) {
+    emit Click();
+  }
+}
+
+void ClickLabel::keyPressEvent(QKeyEvent* event) {
+  switch (event->key()) {
+    case Qt::Key_Space:
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+      emit Click();
+      return;
+    default:
+      QLabel::keyPressEvent(event);
+  }
+}
+
+}  // namespace rostermill
