@@ -25,7 +25,7 @@ QSize ElidedLabel::minimumSizeHint() const {
 
 void ElidedLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  const QRect inside = contentsRect();
+  const QRect inside = contentsRect().adjusted(margin(), margin(), -margin(), -margin());
   const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, inside.width());
   style()->drawItemText(&painter, inside,
                         static_cast<int>(alignment() | Qt::AlignVCenter) | Qt::TextSingleLine,

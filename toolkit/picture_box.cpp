@@ -6,6 +6,7 @@
 #include <QStyleOptionFocusRect>
 
 #include "toolkit/picture_cache.h"
+#include "toolkit/press_key.h"
 
 namespace rostermill {
 
@@ -74,9 +75,7 @@ void PictureBox::mousePressEvent(QMouseEvent* event) {
 }
 
 void PictureBox::keyPressEvent(QKeyEvent* event) {
-  const bool pressed = event->key() == Qt::Key_Space || event->key() == Qt::Key_Return ||
-                       event->key() == Qt::Key_Enter;
-  if (!clickable_ || !pressed) return QFrame::keyPressEvent(event);
+  if (!clickable_ || !IsPressKey(*event)) return QFrame::keyPressEvent(event);
   if (event->isAutoRepeat()) return;
   emit MouseDown(Qt::LeftButton);
   emit Click();
