@@ -14,6 +14,11 @@
 #include "screens/leaders/view_leaders.h"
 #include "screens/players/text_forms.h"
 #include "screens/players/view_player.h"
+#include "screens/probowl/probowl_form.h"
+#include "screens/schedule/edit_schedule.h"
+#include "screens/schedule/view_schedule.h"
+#include "screens/schedule/view_team_schedule.h"
+#include "screens/settings/game_settings_form.h"
 #include "screens/teams/view_teams.h"
 #include "shell/loading.h"
 #include "shell/open_save.h"
@@ -78,9 +83,13 @@ void FRSMform::BuildWindow() {
       {"mFilUnloadROM", [this] { mFilUnloadROM_Click(); }},
       {"mFilExit", [this] { mFilExit_Click(); }},
       {"mHelAbout", [this] { mHelAbout_Click(); }},
+      {"mnuEditGameSettings", [this] { mnuEditGameSettings_Click(); }},
       {"mViePlayerData", [this] { mViePlayerData_Click(); }},
       {"mVieTeamData", [this] { mVieTeamData_Click(); }},
+      {"mSchEdit", [this] { mSchEdit_Click(); }},
+      {"mDatProbowl", [this] { mDatProbowl_Click(); }},
       {"mVieLeaders", [this] { mVieLeaders_Click(); }},
+      {"mSchVieAll", [this] { mSchVieAll_Click(); }},
   };
   for (int index = 0; index < RecentFiles::Count; ++index) {
     commands_.insert(MemberName("mnuFileRecent", index),
@@ -109,14 +118,16 @@ void FRSMform::MDIForm_Load() {
 void FRSMform::Run(const QString& item) {
   // A load or a save is running, and this is a key that was pressed meanwhile.
   if (!isEnabled()) return;
-  if (const auto command = commands_.value(item)) command();
+  if (const int team = MenuTree::TeamOfItem(item); team != 0) {
+    ShowTeamSchedule(team);
+  } else if (const auto command = commands_.value(item)) {
+    command();
+  }
 }
 
 void FRSMform::UpdateCommandState() {
   for (const char* name : image_items) {
-    QAction* item = menu_.Item(name);
-    item->setEnabled(session_.ImageLoaded != 0 &&
-                     (commands_.contains(name) || item->menu() != nullptr));
+    menu_.Item(name)->setEnabled(session_.ImageLoaded != 0);
   }
   for (int team = 1; team <= TeamCount; ++team) {
     menu_.TeamItem(team)->setText(PlainCaption(TeamListText(session_.League, team)));
@@ -224,6 +235,28 @@ void FRSMform::mVieTeamData_Click() {
 
 void FRSMform::mVieLeaders_Click() {
   area_->ShowOnly(view_leaders_, [this] { return new ViewLeaders(session_); });
+}
+
+void FRSMform::mnuEditGameSettings_Click() {
+  area_->ShowOnly(game_settings_, [this] { return new frmEditGameSettings(session_); });
+}
+
+void FRSMform::mSchEdit_Click() {
+  area_->ShowOnly(edit_schedule_, [this] { return new frmEditSchedule(session_); });
+}
+
+void FRSMform::mDatProbowl_Click() {
+  area_->ShowOnly(probowl_, [this] { return new frmProbowl(session_); });
+}
+
+void FRSMform::mSchVieAll_Click() {
+  area_->ShowOnly(view_schedule_, [this] { return new ViewSchedule(session_); });
+}
+
+void FRSMform::ShowTeamSchedule(int team) {
+  session_.SchedTeam = static_cast<std::int16_t>(team);
+  area_->ShowOnly(view_team_schedule_, [this] { return new ViewTeamSchedule(session_); })
+      ->ShowTeam();
 }
 
 void FRSMform::ShowStatus(const std::string& text) {

@@ -18,7 +18,12 @@ class ElidedLabel;
 class Loading;
 class ViewLeaders;
 class ViewPlayer;
+class ViewSchedule;
 class ViewTeams;
+class ViewTeamSchedule;
+class frmEditGameSettings;
+class frmEditSchedule;
+class frmProbowl;
 
 /// The main window: menu, status bar, and inside it the child forms. Loads, saves and unloads the
 /// image, opens every other screen, and has the commands follow whether an image is loaded.
@@ -54,9 +59,15 @@ class FRSMform : public QMainWindow, private PipelineHost {
   void mnuFileRecent_Click(int Index);
   void mFilExit_Click();
   void mHelAbout_Click();
+  void mnuEditGameSettings_Click();
   void mViePlayerData_Click();
   void mVieTeamData_Click();
+  void mSchEdit_Click();
+  void mDatProbowl_Click();
   void mVieLeaders_Click();
+  void mSchVieAll_Click();
+  /// The 28 team commands.
+  void ShowTeamSchedule(int team);
 
   void ShowStatus(const std::string& text);
   /// Ends the program, whatever is open.
@@ -84,6 +95,11 @@ class FRSMform : public QMainWindow, private PipelineHost {
   QPointer<ViewPlayer> view_player_;
   QPointer<ViewTeams> view_teams_;
   QPointer<ViewLeaders> view_leaders_;
+  QPointer<ViewSchedule> view_schedule_;
+  QPointer<ViewTeamSchedule> view_team_schedule_;
+  QPointer<frmEditGameSettings> game_settings_;
+  QPointer<frmEditSchedule> edit_schedule_;
+  QPointer<frmProbowl> probowl_;
 };
 
 }  // namespace rostermill
