@@ -48,7 +48,7 @@ void VisitTeams(Tour& tour) {
   tour.Require(Find<QLabel>(viewer, "lblInfo(1)").text() == " NAVIGATORS AHOY",
                "the viewer follows the editor");
   tour.Picture(tour.Window(), "team-viewer-and-editor");
-  Find<TextBox>(editor, "txtCity").setText(QString(200, 'X'));
+  Find<TextBox>(editor, "txtCity").SetText(QString(200, 'X'));
   tour.Picture(editor, "edit-team-texts-too-long");
   tour.Click("ViewTeams", "btnOK");
 }
