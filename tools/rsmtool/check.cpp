@@ -77,7 +77,7 @@ void PrintRoom(std::string_view what, int used, int capacity, std::ostream& out)
   const auto bytes = [](int count) {
     return QuantityText(static_cast<std::uint64_t>(count), "byte");
   };
-  out << "  " << what << ": " << bytes(used) << " of " << bytes(capacity) << " used, ";
+  out << "  " << what << ": " << bytes(used) << " used, ";
   if (used <= capacity) {
     out << bytes(capacity - used) << " left\n";
   } else {

@@ -67,7 +67,8 @@ int RunCommand(const Command& command, const QStringList& rest, Console& console
   arguments.Json = is_set(json_option);
   arguments.DryRun = is_set(dry_run_option);
   if (arguments.Paths.size() < command.fewest_paths) {
-    FailWithUsage(QString(command.name) + " needs a file more", command.name);
+    const char* files = command.fewest_paths == 1 ? " needs a file" : " needs two files";
+    FailWithUsage(command.name + QString(files), command.name);
   }
   if (arguments.Paths.size() > command.most_paths) {
     FailWithUsage(QString(command.name) + " takes no file " + arguments.Paths[command.most_paths],
