@@ -145,7 +145,7 @@ class Replacement {
   QTemporaryFile file_;
 };
 
-/// The number behind a QFile that would not open: errno where the system set it.
+/// Opens a regular file, or fails with the system's reason.
 void OpenForReading(QFile& file) {
   // Devices and pipes could block or never end.
   const QFileInfo info(file.fileName());

@@ -50,9 +50,9 @@ QMessageBox::Icon IconOf(MessageKind kind) {
   return QMessageBox::NoIcon;
 }
 
-/// A caption that shows "&" as it stands, not as an access key.
+/// A caption that shows "&" as it stands, not as an access key, and a tab not as a column.
 QString PlainCaption(const std::string& text) {
-  return FromLatin1(text).replace("&", "&&");
+  return FromLatin1(text).replace('\t', ' ').replace("&", "&&");
 }
 
 /// The access key is the item's number, counted from 1. The menu stays on the screen however long
@@ -269,12 +269,16 @@ void FRSMform::EndProgram() {
 }
 
 void FRSMform::SetBusy(bool busy) {
-  setEnabled(!busy);
   if (busy) {
+    // A disabled window loses its focus.
+    focus_before_busy_ = focusWidget();
+    setEnabled(false);
     QApplication::setOverrideCursor(Qt::WaitCursor);
-  } else {
-    QApplication::restoreOverrideCursor();
+    return;
   }
+  QApplication::restoreOverrideCursor();
+  setEnabled(true);
+  if (focus_before_busy_) focus_before_busy_->setFocus();
 }
 
 void FRSMform::SetLoadingCaption(int line, std::string_view caption) {

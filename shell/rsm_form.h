@@ -91,6 +91,7 @@ class FRSMform : public QMainWindow, private PipelineHost {
   ChildArea* area_ = nullptr;
   ElidedLabel* status_ = nullptr;
 
+  QPointer<QWidget> focus_before_busy_;
   QPointer<Loading> loading_;
   QPointer<ViewPlayer> view_player_;
   QPointer<ViewTeams> view_teams_;

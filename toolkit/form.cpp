@@ -3,6 +3,7 @@
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QPushButton>
 
 namespace rostermill {
@@ -70,6 +71,10 @@ void ChildArea::ShowForm(ChildForm* form) {
   if (window == nullptr) {
     window = addSubWindow(form);
     window->setAttribute(Qt::WA_DeleteOnClose);
+    // Qt gives Close Ctrl+W as well, which is the main window's.
+    for (QAction* action : window->systemMenu()->actions()) {
+      if (!action->shortcuts().isEmpty()) action->setShortcut(QKeySequence("Ctrl+F4"));
+    }
     window->resize(window->sizeHint());
     window->show();
   }
