@@ -1,11 +1,14 @@
 #include "shell/rsm_form.h"
 
 #include <QApplication>
+#include <QDragEnterEvent>
 #include <QFileInfo>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QScreen>
 #include <QStatusBar>
+#include <QTimer>
 
 #include <array>
 
@@ -64,6 +67,13 @@ QString RecentCaption(int index, QString path) {
   return QStringLiteral("&%1 ").arg(index + 1) + path.replace("&", "&&");
 }
 
+/// The path of the one image file that is dragged; empty when it is anything else.
+QString DraggedImage(const QDropEvent& event) {
+  const QList<QUrl> urls = event.mimeData()->urls();
+  const QString path = urls.size() == 1 ? urls.constFirst().toLocalFile() : QString();
+  return path.endsWith(".nes", Qt::CaseInsensitive) ? path : QString();
+}
+
 }  // namespace
 
 FRSMform::FRSMform(LeagueSession& session, QSettings* settings)
@@ -77,6 +87,7 @@ void FRSMform::BuildWindow() {
   setWindowTitle("Rostermill");
   area_ = new ChildArea;
   setCentralWidget(area_);
+  setAcceptDrops(true);
   commands_ = {
       {"mFilLoadROM", [this] { mFilLoadROM_Click(); }},
       {"mFilSaveROM", [this] { mFilSaveROM_Click(); }},
@@ -161,6 +172,21 @@ bool FRSMform::OpenImageFile(const std::string& path) {
   }
   if (outcome == LoadOutcome::EndProgram) EndProgram();
   return outcome == LoadOutcome::Loaded;
+}
+
+void FRSMform::dragEnterEvent(QDragEnterEvent* event) {
+  const bool free = isEnabled() && QApplication::activeModalWidget() == nullptr;
+  if (free && !DraggedImage(*event).isEmpty()) event->acceptProposedAction();
+}
+
+void FRSMform::dropEvent(QDropEvent* event) {
+  const QString path = DraggedImage(*event);
+  if (path.isEmpty()) return;
+  event->acceptProposedAction();
+  // The program that the file comes from waits for the end of this event, not for a message box.
+  QTimer::singleShot(0, this, [this, path] {
+    if (isEnabled() && OpenImageFile(ToUtf8(path))) AddRecentFile(path);
+  });
 }
 
 void FRSMform::AddRecentFile(const QString& path) {
