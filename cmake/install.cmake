@@ -17,6 +17,7 @@ set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS ${CMAKE_INSTALL_DEFAULT_DIRECTOR
 # Installs a program into the folder and a link to it into the path.
 function(rostermill_install_program target)
   install(TARGETS ${target} RUNTIME DESTINATION ${home})
+  target_link_options(${target} PRIVATE LINKER:-z,relro,-z,now)
   file(MAKE_DIRECTORY ${staged})
   file(CREATE_LINK ../${home}/${target} ${staged}/${target} SYMBOLIC)
   install(FILES ${staged}/${target} DESTINATION ${CMAKE_INSTALL_BINDIR})
@@ -83,12 +84,12 @@ set(CPACK_PACKAGE_CONTACT "the Rostermill authors <authors@rostermill.example>")
 set(CPACK_PACKAGE_HOMEPAGE_URL ${ROSTERMILL_HOMEPAGE})
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "editor for an American football cartridge image")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
-    "Rostermill opens the cartridge image of an American football game with 28\n\
- teams on an 8-bit console, shows the league in it and writes back what is\n\
- changed: players, ratings and portraits, teams, colors and playbooks, the\n\
- schedule, the all-star rosters and the game's texts.\n\
- .\n\
- A sample league of invented teams and players comes with it.")
+    "Rostermill opens the cartridge image of an American football game with 28
+teams on an 8-bit console, shows the league in it and writes back what is
+changed: players, ratings and portraits, teams, colors and playbooks, the
+schedule, the all-star rosters and the game's texts.
+
+A sample league of invented teams and players comes with it.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)

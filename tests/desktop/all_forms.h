@@ -51,12 +51,15 @@ class AllForms : public testing::Test {
     int looks = 0;
     OnNextDialog([&](QDialog& dialog) {
       EXPECT_EQ(dialog.objectName(), name);
+      EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
       ++looks;
       look(dialog);
       dialog.reject();
     });
     open();
-    QCoreApplication::processEvents();
+    // A window manager does this.
+    window_.activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
     EXPECT_EQ(looks, 1);
     EXPECT_NE(QApplication::focusWidget(), nullptr) << "the focus is lost after the dialog";
   }

@@ -1,8 +1,8 @@
-#include <QAbstractScrollArea>
 #include <QAccessible>
 #include <QComboBox>
 #include <QDragEnterEvent>
 #include <QMimeData>
+#include <QRadioButton>
 #include <QScrollBar>
 #include <QWheelEvent>
 
