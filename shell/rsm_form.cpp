@@ -161,6 +161,7 @@ void FRSMform::mFilLoadROM_Click() {
 bool FRSMform::OpenImageFile(const std::string& path) {
   const std::string path_in_use = session_.ImagePath;
   session_.ImagePath = path;
+  focus_before_ = focusWidget();
   loading_ = new Loading;
   area_->ShowForm(loading_);
   area_->CentreForm(loading_);
@@ -295,7 +296,11 @@ void FRSMform::EndProgram() {
 }
 
 void FRSMform::SetBusy(bool busy) {
+  // A disabled window has no focus; it goes back to where it was.
+  const QPointer<QWidget> in_front = focusWidget();
+  if (busy && in_front != loading_) focus_before_ = in_front;
   setEnabled(!busy);
+  if (!busy && focus_before_) focus_before_->setFocus();
   if (busy) {
     QApplication::setOverrideCursor(Qt::WaitCursor);
   } else {

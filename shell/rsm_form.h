@@ -95,6 +95,7 @@ class FRSMform : public QMainWindow, private PipelineHost {
   QMap<QString, std::function<void()>> commands_;
   ChildArea* area_ = nullptr;
   ElidedLabel* status_ = nullptr;
+  QPointer<QWidget> focus_before_;
 
   QPointer<Loading> loading_;
   QPointer<ViewPlayer> view_player_;

@@ -22,8 +22,7 @@ class AllForms : public testing::Test {
     WriteFile(path_, SampleBytes());
     window_.show();
     EXPECT_TRUE(window_.OpenImageFile(path_));
-    window_.activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
+    Activate(window_);
   }
   ~AllForms() override { EXPECT_EQ(DialogsStillExpected(), 0); }
 
@@ -51,15 +50,14 @@ class AllForms : public testing::Test {
     int looks = 0;
     OnNextDialog([&](QDialog& dialog) {
       EXPECT_EQ(dialog.objectName(), name);
-      EXPECT_TRUE(QTest::qWaitForWindowActive(&dialog));
+      Activate(dialog);
       ++looks;
       look(dialog);
       dialog.reject();
     });
     open();
     // A window manager does this.
-    window_.activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(&window_));
+    Activate(window_);
     EXPECT_EQ(looks, 1);
     EXPECT_NE(QApplication::focusWidget(), nullptr) << "the focus is lost after the dialog";
   }
@@ -75,6 +73,11 @@ class AllForms : public testing::Test {
   LeagueSession session_;
   QSettings settings_{QString::fromStdString(folder_.Path("settings.ini")), QSettings::IniFormat};
   FRSMform window_{session_, &settings_};
+
+  static void Activate(QWidget& window) {
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &window; }));
+  }
 
  private:
   void VisitPlayersAndTeams(const Look& look) {

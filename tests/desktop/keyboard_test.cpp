@@ -3,7 +3,6 @@
 #include <QDragEnterEvent>
 #include <QMimeData>
 #include <QRadioButton>
-#include <QScrollBar>
 #include <QWheelEvent>
 
 #include "tests/desktop/all_forms.h"
@@ -92,12 +91,18 @@ QSet<QWidget*> ArrowWalk(QWidget* stop) {
 TEST_F(AllForms, TabReachesEverythingInReadingOrder) {
   VisitAll([](QWidget& form) {
     const QList<QWidget*> stops = Controls(form, ByTab);
-    if (stops.isEmpty()) {
-      EXPECT_EQ(form.objectName(), "Loading") << "has nothing for the keyboard";
-      return;
-    }
+    // Forms that only show texts have no control.
+    if (form.focusPolicy() != Qt::NoFocus || form.objectName() == "Loading") return;
+    ASSERT_FALSE(stops.isEmpty());
     QList<QWidget*> walk = TabWalk(form, stops.constFirst());
-    for (QWidget* stop : stops) EXPECT_TRUE(walk.contains(stop)) << NameOf(stop);
+    const auto reached = [&](QWidget* stop) {
+      if (qobject_cast<QRadioButton*>(stop) == nullptr) return walk.contains(stop);
+      // One button stands for its group, and the arrow keys walk within.
+      return std::any_of(walk.begin(), walk.end(), [stop](QWidget* other) {
+        return qobject_cast<QRadioButton*>(other) && other->parent() == stop->parent();
+      });
+    };
+    for (QWidget* stop : stops) EXPECT_TRUE(reached(stop)) << NameOf(stop);
     const auto upper_left = [](QWidget* a, QWidget* b) { return IsRead(a, b) && !IsRead(b, a); };
     const auto head = std::min_element(walk.begin(), walk.end(), upper_left);
     std::rotate(walk.begin(), head, walk.end());
@@ -163,6 +168,7 @@ TEST_F(AllForms, TheFocusOutlivesASaveAndALoad) {
   teams.setFocus();
   AnswerNextMessage("Yes");
   Pick("mFilSaveROM");
+  Activate(window_);
   EXPECT_EQ(QApplication::focusWidget(), &teams) << NameOf(QApplication::focusWidget());
   EXPECT_TRUE(window_.OpenImageFile(path_));
   QCoreApplication::processEvents();
@@ -172,7 +178,13 @@ TEST_F(AllForms, TheFocusOutlivesASaveAndALoad) {
 TEST_F(AllForms, TheKeysOfChildWindowsWork) {
   Pick("mVieTeamData");
   Pick("mViePlayerData");
-  const auto active = [this] { return Area().activeSubWindow()->widget()->objectName(); };
+  const auto active = [this] {
+    return Area().activeSubWindow()->widget()->objectName().toStdString();
+  };
+  ASSERT_EQ(active(), "ViewPlayer");
+  AnswerNextMessage("No");
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_W, Qt::ControlModifier);
+  Activate(window_);
   ASSERT_EQ(active(), "ViewPlayer");
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
   QTest::keyRelease(QApplication::focusWidget(), Qt::Key_Control);

