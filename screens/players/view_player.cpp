@@ -33,6 +33,7 @@ void ViewPlayer::BuildControls() {
   cmbPosition->setAccessibleName("Position");
   lblNumber = NewPlayerNumber();
   imgFace = new PictureBox("imgFace", QSize(FaceSize, FaceSize), FaceMagnification);
+  imgFace->setAccessibleName("Photo");
   Frame1 = new AttributePanel;
   btnEdit = NewButton("btnEdit", "Edit");
   btnOK = NewButton("btnOK", "OK");
