@@ -1,6 +1,3 @@
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -12,6 +9,8 @@
 #include "league/player_names.h"
 #include "league/save_image.h"
 #include "league/team_data.h"
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace rostermill::bench {
 
@@ -94,10 +93,12 @@ void FillToTheLimits(LeagueData& league) {
 
 void ComparePipelines(LeagueSession& session, const std::string& copy, const std::string& which) {
   const std::vector<std::uint8_t> bytes(OpenImage::WholeSize);
-  Compare({"load" + which, 3, load_pairs}, [&] { return Milliseconds([&] { Load(session); }); },
-          [&] { return Milliseconds([&] { ReadBare(session.ImagePath); }); });
-  Compare({"save" + which, 1.15, save_pairs}, [&] { return Milliseconds([&] { Save(session); }); },
-          [&] { return Milliseconds([&] { WriteBare(copy, bytes); }); });
+  Compare(
+      {"load" + which, 3, load_pairs}, [&] { return Milliseconds([&] { Load(session); }); },
+      [&] { return Milliseconds([&] { ReadBare(session.ImagePath); }); });
+  Compare(
+      {"save" + which, 1.15, save_pairs}, [&] { return Milliseconds([&] { Save(session); }); },
+      [&] { return Milliseconds([&] { WriteBare(copy, bytes); }); });
 }
 
 /// One load or one save for an instruction counter; the league for the save is read before.

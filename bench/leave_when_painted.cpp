@@ -15,7 +15,8 @@ class PaintWatch : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override {
     if (event->type() == QEvent::Paint && qobject_cast<QMainWindow*>(watched) != nullptr) {
       // The widgets inside are painted before the next event.
-      QMetaObject::invokeMethod(this, [] { std::_Exit(0); }, Qt::QueuedConnection);
+      QMetaObject::invokeMethod(
+          this, [] { std::_Exit(0); }, Qt::QueuedConnection);
     }
     return false;
   }

@@ -1,9 +1,3 @@
-#include <fcntl.h>
-#include <spawn.h>
-#include <sys/resource.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -11,6 +5,11 @@
 #include <vector>
 
 #include "bench/pairs.h"
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/resource.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 // Plain C++ and small, so that its own memory doesn't hide that of the programs it starts.
 
@@ -69,11 +68,15 @@ void CompareStarts(const std::string& bench, const std::string& bin) {
   const Command smallest{bench + "bench_smallest"};
   const char* platform = std::getenv("QT_QPA_PLATFORM");
   const std::string where = std::string(", ") + (platform != nullptr ? platform : "default");
-  Compare({"start until painted, ms" + where, 1.3, start_pairs},
-          [&] { return TimeOf({bench + "bench_start"}); }, [&] { return TimeOf(smallest); });
-  Compare({"peak memory, image and a form, MB" + where, 1.4, memory_pairs},
-          [&] { return MemoryOf({bench + "bench_player_open", bin}); },
-          [&] { return MemoryOf(smallest); });
+  Compare(
+      {"start until painted, ms" + where, 1.3, start_pairs},
+      [&] { return TimeOf({bench + "bench_start"}); }, [&] { return TimeOf(smallest); });
+  Compare(
+      {"peak memory, image and a form, MB" + where, 1.4, memory_pairs},
+      [&] {
+        return MemoryOf({bench + "bench_player_open", bin});
+      },
+      [&] { return MemoryOf(smallest); });
 }
 
 /// Links to a hundred different copies of the sample, so that many images need little disk.
@@ -107,9 +110,11 @@ void CompareTool(const std::string& bin, const std::string& work) {
     const std::string what = "rsmtool check, images: " + std::to_string(count);
     const Command check = OnImages({tool, "check"}, images);
     const Command cat = OnImages({"cat"}, images);
-    Compare({what + ", ms", count == 1000 ? 4.0 : 0.0, count > 1000 ? 5 : 25},
-            [&] { return TimeOf(check); }, [&] { return TimeOf(cat); });
-    Compare({what + ", MB", 0, 3}, [&] { return MemoryOf(check); }, [&] { return MemoryOf(cat); });
+    Compare(
+        {what + ", ms", count == 1000 ? 4.0 : 0.0, count > 1000 ? 5 : 25},
+        [&] { return TimeOf(check); }, [&] { return TimeOf(cat); });
+    Compare(
+        {what + ", MB", 0, 3}, [&] { return MemoryOf(check); }, [&] { return MemoryOf(cat); });
   }
 }
 

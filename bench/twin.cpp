@@ -81,10 +81,39 @@ QWidget* CopyButtonRow(const QDialogButtonBox& from) {
   return row;
 }
 
+/// A control of one of Qt's own kinds; null for a widget that only holds others.
+QWidget* CopyControl(const QWidget& widget) {
+  if (const auto* button = qobject_cast<const QPushButton*>(&widget)) {
+    return CopyButton<QPushButton>(*button);
+  }
+  if (const auto* button = qobject_cast<const QCheckBox*>(&widget)) {
+    return CopyButton<QCheckBox>(*button);
+  }
+  if (const auto* button = qobject_cast<const QRadioButton*>(&widget)) {
+    return CopyButton<QRadioButton>(*button);
+  }
+  if (const auto* button = qobject_cast<const QToolButton*>(&widget)) {
+    return CopyButton<QToolButton>(*button);
+  }
+  if (const auto* list = qobject_cast<const QComboBox*>(&widget)) return CopyList(*list);
+  if (const auto* label = qobject_cast<const QLabel*>(&widget)) return CopyLabel(*label);
+  if (const auto* line = qobject_cast<const QLineEdit*>(&widget)) {
+    return new QLineEdit(line->text());
+  }
+  if (const auto* bar = qobject_cast<const QScrollBar*>(&widget)) {
+    return new QScrollBar(bar->orientation());
+  }
+  if (const auto* table = qobject_cast<const QTableWidget*>(&widget)) return CopyTable(*table);
+  if (const auto* row = qobject_cast<const QDialogButtonBox*>(&widget)) return CopyButtonRow(*row);
+  return nullptr;
+}
+
 }  // namespace
 
 Twin::Twin(const QWidget& form) : form_(form) {
-  for (PictureBox* box : form.findChildren<PictureBox*>()) pictures_.insert(box, box->grab());
+  for (PictureBox* box : form.findChildren<PictureBox*>()) {
+    pictures_.insert(box, box->grab(box->contentsRect()));
+  }
 }
 
 QWidget* Twin::Make() const {
@@ -117,34 +146,12 @@ QWidget* Twin::CopyOf(const QWidget& widget) const {
   if (const auto picture = pictures_.constFind(&widget); picture != pictures_.constEnd()) {
     auto* label = new QLabel;
     label->setPixmap(*picture);
+    label->setFrameStyle(static_cast<const PictureBox&>(widget).frameStyle());
     return label;
   }
-  if (const auto* button = qobject_cast<const QPushButton*>(&widget)) {
-    return CopyButton<QPushButton>(*button);
-  }
-  if (const auto* button = qobject_cast<const QCheckBox*>(&widget)) {
-    return CopyButton<QCheckBox>(*button);
-  }
-  if (const auto* button = qobject_cast<const QRadioButton*>(&widget)) {
-    return CopyButton<QRadioButton>(*button);
-  }
-  if (const auto* button = qobject_cast<const QToolButton*>(&widget)) {
-    return CopyButton<QToolButton>(*button);
-  }
-  if (const auto* list = qobject_cast<const QComboBox*>(&widget)) return CopyList(*list);
-  if (const auto* label = qobject_cast<const QLabel*>(&widget)) return CopyLabel(*label);
-  if (const auto* line = qobject_cast<const QLineEdit*>(&widget)) return new QLineEdit(line->text());
-  if (const auto* bar = qobject_cast<const QScrollBar*>(&widget)) {
-    return new QScrollBar(bar->orientation());
-  }
-  if (const auto* table = qobject_cast<const QTableWidget*>(&widget)) return CopyTable(*table);
-  if (const auto* row = qobject_cast<const QDialogButtonBox*>(&widget)) return CopyButtonRow(*row);
-  QWidget* copy = nullptr;
-  if (const auto* box = qobject_cast<const QGroupBox*>(&widget)) {
-    copy = new QGroupBox(box->title());
-  } else {
-    copy = new QWidget;
-  }
+  if (QWidget* control = CopyControl(widget)) return control;
+  const auto* box = qobject_cast<const QGroupBox*>(&widget);
+  QWidget* copy = box != nullptr ? new QGroupBox(box->title()) : new QWidget;
   if (widget.layout() != nullptr) {
     QLayout* layout = NewLayoutLike(*widget.layout());
     copy->setLayout(layout);
@@ -153,54 +160,62 @@ QWidget* Twin::CopyOf(const QWidget& widget) const {
   return copy;
 }
 
-QLayout* Twin::NewLayoutLike(const QLayout& layout) const {
-  QLayout* copy = nullptr;
+QLayout* Twin::NewLayoutLike(const QLayout& layout) {
   if (const auto* box = qobject_cast<const QBoxLayout*>(&layout)) {
-    copy = new QBoxLayout(box->direction());
-  } else {
-    copy = new QGridLayout;
+    auto* copy = new QBoxLayout(box->direction());
+    copy->setSpacing(box->spacing());
+    return copy;
   }
+  const auto& grid = static_cast<const QGridLayout&>(layout);
+  auto* copy = new QGridLayout;
+  copy->setHorizontalSpacing(grid.horizontalSpacing());
+  copy->setVerticalSpacing(grid.verticalSpacing());
+  for (int column = 0; column < grid.columnCount(); ++column) {
+    copy->setColumnStretch(column, grid.columnStretch(column));
+    copy->setColumnMinimumWidth(column, grid.columnMinimumWidth(column));
+  }
+  for (int row = 0; row < grid.rowCount(); ++row) copy->setRowStretch(row, grid.rowStretch(row));
   return copy;
 }
 
 void Twin::CopyLayout(const QLayout& from, QLayout* to) const {
-  if (!from.contentsMargins().isNull()) {
-    to->setContentsMargins(from.contentsMargins());
-  }
+  to->setContentsMargins(from.contentsMargins());
   to->setSizeConstraint(from.sizeConstraint());
-  const auto* from_grid = qobject_cast<const QGridLayout*>(&from);
-  const auto* from_box = qobject_cast<const QBoxLayout*>(&from);
-  auto* grid = qobject_cast<QGridLayout*>(to);
-  auto* box = qobject_cast<QBoxLayout*>(to);
-  if (grid != nullptr) grid->setSpacing(from_grid->spacing());
+  if (const auto* box = qobject_cast<const QBoxLayout*>(&from)) {
+    CopyBox(*box, static_cast<QBoxLayout*>(to));
+  } else {
+    CopyGrid(static_cast<const QGridLayout&>(from), static_cast<QGridLayout*>(to));
+  }
+}
+
+void Twin::CopyBox(const QBoxLayout& from, QBoxLayout* to) const {
+  for (int index = 0; index < from.count(); ++index) {
+    QLayoutItem* item = from.itemAt(index);
+    const int stretch = from.stretch(index);
+    if (QWidget* widget = item->widget()) {
+      to->addWidget(Copy(*widget), stretch, item->alignment());
+    } else if (QLayout* inner = item->layout()) {
+      QLayout* copy = NewLayoutLike(*inner);
+      to->addLayout(copy, stretch);
+      CopyLayout(*inner, copy);
+    } else {
+      to->addStretch(stretch);
+    }
+  }
+}
+
+void Twin::CopyGrid(const QGridLayout& from, QGridLayout* to) const {
   for (int index = 0; index < from.count(); ++index) {
     QLayoutItem* item = from.itemAt(index);
     int row = 0, column = 0, rows = 1, columns = 1;
-    if (grid != nullptr) from_grid->getItemPosition(index, &row, &column, &rows, &columns);
+    from.getItemPosition(index, &row, &column, &rows, &columns);
     if (QWidget* widget = item->widget()) {
-      if (grid != nullptr) {
-        grid->addWidget(Copy(*widget), row, column, rows, columns, item->alignment());
-      } else {
-        box->addWidget(Copy(*widget), from_box->stretch(index), item->alignment());
-      }
+      to->addWidget(Copy(*widget), row, column, rows, columns, item->alignment());
     } else if (QLayout* inner = item->layout()) {
       QLayout* copy = NewLayoutLike(*inner);
-      if (grid != nullptr) {
-        grid->addLayout(copy, row, column, rows, columns, item->alignment());
-      } else {
-        box->addLayout(copy, from_box->stretch(index));
-      }
+      to->addLayout(copy, row, column, rows, columns, item->alignment());
       CopyLayout(*inner, copy);
-    } else if (box != nullptr) {
-      box->addStretch(from_box->stretch(index));
     }
-  }
-  if (grid == nullptr) return;
-  for (int column = 0; column < from_grid->columnCount(); ++column) {
-    grid->setColumnStretch(column, from_grid->columnStretch(column));
-  }
-  for (int row = 0; row < from_grid->rowCount(); ++row) {
-    grid->setRowStretch(row, from_grid->rowStretch(row));
   }
 }
 

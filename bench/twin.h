@@ -4,6 +4,8 @@
 #include <QPixmap>
 #include <QWidget>
 
+class QBoxLayout;
+class QGridLayout;
 class QLayout;
 
 namespace rostermill::bench {
@@ -22,7 +24,9 @@ class Twin {
   QWidget* Copy(const QWidget& widget) const;
   QWidget* CopyOf(const QWidget& widget) const;
   void CopyLayout(const QLayout& from, QLayout* to) const;
-  QLayout* NewLayoutLike(const QLayout& layout) const;
+  void CopyBox(const QBoxLayout& from, QBoxLayout* to) const;
+  void CopyGrid(const QGridLayout& from, QGridLayout* to) const;
+  static QLayout* NewLayoutLike(const QLayout& layout);
 
   const QWidget& form_;
   QHash<const QWidget*, QPixmap> pictures_;

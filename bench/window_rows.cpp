@@ -9,8 +9,8 @@
 
 #include "bench/pairs.h"
 #include "bench/twin.h"
-#include "league/load_image.h"
 #include "league/file_access.h"
+#include "league/load_image.h"
 #include "league/palette.h"
 #include "screens/leaders/form_print.h"
 #include "screens/leaders/view_leaders.h"
@@ -81,8 +81,9 @@ void CompareForm(ChildArea& area, const std::string& name, Make make) {
   QWidget* model = make();
   Open(area, model);
   const Twin twin(*model);
-  Compare({"form " + name, 1.5, form_pairs}, [&] { return CostOfOpening(area, make); },
-          [&] { return CostOfOpening(area, [&] { return twin.Make(); }); });
+  Compare(
+      {"form " + name, 1.5, form_pairs}, [&] { return CostOfOpening(area, make); },
+      [&] { return CostOfOpening(area, [&] { return twin.Make(); }); });
   Close(model);
 }
 
@@ -119,19 +120,20 @@ void CompareSeasonGrid(ChildArea& area, LeagueSession& session) {
 /// What one step costs until it is painted, against a repaint of its whole form.
 template <typename Step>
 void CompareStep(const std::string& what, QWidget& form, Step step) {
-  Compare({what, 2, click_pairs},
-          [&] {
-            return Milliseconds([&] {
-              step();
-              Settle();
-            });
-          },
-          [&] {
-            return Milliseconds([&] {
-              form.update();
-              Settle();
-            });
-          });
+  Compare(
+      {what, 2, click_pairs},
+      [&] {
+        return Milliseconds([&] {
+          step();
+          Settle();
+        });
+      },
+      [&] {
+        return Milliseconds([&] {
+          form.update();
+          Settle();
+        });
+      });
 }
 
 void SelectNext(QComboBox& list) {
@@ -154,7 +156,8 @@ void CompareSteps(ChildArea& area, LeagueSession& session) {
   Open(area, leaders);
   CompareStep("next position group", *leaders,
               [&] { SelectNext(Find<QComboBox>(*leaders, "cmbPosition")); });
-  CompareStep("sort click", *leaders, [&] { emit Find<ClickLabel>(*leaders, "lblHead(1)").Click(); });
+  CompareStep("sort click", *leaders,
+              [&] { emit Find<ClickLabel>(*leaders, "lblHead(1)").Click(); });
   Close(leaders);
 }
 
@@ -217,10 +220,12 @@ class PhotoPages {
 
 void ComparePhotoPages(ChildArea& area, const LeagueSession& session, const QString& work) {
   PhotoPages pages(area, session, work);
-  Compare({"photo page of 128, first time", 1.3, form_pairs}, [&] { return pages.Turn(true); },
-          [&] { return pages.Decode(); });
-  Compare({"photo page of 128, seen before", 0.6, form_pairs}, [&] { return pages.Turn(false); },
-          [&] { return pages.Decode(); });
+  Compare(
+      {"photo page of 128, first time", 1.3, form_pairs}, [&] { return pages.Turn(true); },
+      [&] { return pages.Decode(); });
+  Compare(
+      {"photo page of 128, seen before", 0.6, form_pairs}, [&] { return pages.Turn(false); },
+      [&] { return pages.Decode(); });
 }
 
 void LoadSample(LeagueSession& session, const std::string& bin) {
