@@ -41,7 +41,7 @@ std::string PlaceOddity(int start, int end) {
   return "the name lies at " + HexText(start) + ", outside the room for names";
 }
 
-std::string TextOddity(const std::string& entry) {
+std::string TextOddity(std::string_view entry) {
   const int number = static_cast<std::uint8_t>(entry.front());
   if (HighNibble(number) > 9 || LowNibble(number) > 9) {
     return "the number " + HexByteText(number) + " is not decimal";
