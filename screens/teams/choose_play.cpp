@@ -103,6 +103,7 @@ void ChoosePlay::FocusPlay(int choice) {
 
 void ChoosePlay::picRun_Click(int Index) {
   ShowChoice(Index);
+  FocusPlay(Index);
 }
 
 void ChoosePlay::btnOK_Click() {
