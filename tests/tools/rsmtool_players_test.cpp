@@ -201,11 +201,10 @@ TEST_F(RsmtoolPlayers, AFileThatIsNoPlayersFileIsTurnedAway) {
        "ed\n",
        "line 1, column 3: there is no column \"Spe\\x1B"
        "ed\"\n"},
-      {"Team,Slot,Face,FACE\n",
-       "line 1, column 4 (Face): the column \"FACE\" stands there twice\n"},
+      {"Team,Slot,Face,FACE\n", "line 1, column 4: the column \"FACE\" stands there twice\n"},
       {"Team,Face\n1,2\n", "line 1: the column \"Slot\" is missing\n"},
-      {"Team,Slot\n1,\"1\n", "line 2, column 2 (Slot): a quote is opened and never closed\n"},
-      {"Team,Slot\n1,\"1\"x\n", "line 2, column 2 (Slot): there is text behind a closing quote\n"}};
+      {"Team,Slot\n1,\"1\n", "line 2, column 2: a quote is opened and never closed\n"},
+      {"Team,Slot\n1,\"1\"x\n", "line 2, column 2: there is text behind a closing quote\n"}};
   for (const auto& [csv, line] : files) EXPECT_EQ(Errors(csv), line + one_error);
 }
 
