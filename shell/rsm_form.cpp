@@ -1,7 +1,7 @@
 #include "shell/rsm_form.h"
 
 #include <QApplication>
-#include <QFileDialog>
+#include <QFileInfo>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QScreen>
@@ -11,9 +11,17 @@
 
 #include "league/load_image.h"
 #include "league/save_image.h"
+#include "screens/leaders/view_leaders.h"
 #include "screens/players/text_forms.h"
 #include "screens/players/view_player.h"
+#include "screens/probowl/probowl_form.h"
+#include "screens/schedule/edit_schedule.h"
+#include "screens/schedule/view_schedule.h"
+#include "screens/schedule/view_team_schedule.h"
+#include "screens/settings/game_settings_form.h"
+#include "screens/teams/view_teams.h"
 #include "shell/loading.h"
+#include "shell/open_save.h"
 #include "toolkit/elided_label.h"
 #include "toolkit/messages.h"
 #include "toolkit/text_codec.h"
@@ -47,9 +55,19 @@ QString PlainCaption(const std::string& text) {
   return FromLatin1(text).replace("&", "&&");
 }
 
+/// The access key is the item's number, counted from 1. The menu stays on the screen however long
+/// the path.
+QString RecentCaption(int index, QString path) {
+  constexpr int longest = 200;
+  path.remove(QChar::Null);
+  if (path.size() > longest) path = "..." + path.right(longest);
+  return QStringLiteral("&%1 ").arg(index + 1) + path.replace("&", "&&");
+}
+
 }  // namespace
 
-FRSMform::FRSMform(LeagueSession& session) : session_(session) {
+FRSMform::FRSMform(LeagueSession& session, QSettings* settings)
+    : session_(session), recent_files_(settings != nullptr ? *settings : *new QSettings(this)) {
   BuildWindow();
   MDIForm_Load();
 }
@@ -65,8 +83,18 @@ void FRSMform::BuildWindow() {
       {"mFilUnloadROM", [this] { mFilUnloadROM_Click(); }},
       {"mFilExit", [this] { mFilExit_Click(); }},
       {"mHelAbout", [this] { mHelAbout_Click(); }},
+      {"mnuEditGameSettings", [this] { mnuEditGameSettings_Click(); }},
       {"mViePlayerData", [this] { mViePlayerData_Click(); }},
+      {"mVieTeamData", [this] { mVieTeamData_Click(); }},
+      {"mSchEdit", [this] { mSchEdit_Click(); }},
+      {"mDatProbowl", [this] { mDatProbowl_Click(); }},
+      {"mVieLeaders", [this] { mVieLeaders_Click(); }},
+      {"mSchVieAll", [this] { mSchVieAll_Click(); }},
   };
+  for (int index = 0; index < RecentFiles::Count; ++index) {
+    commands_.insert(MemberName("mnuFileRecent", index),
+                     [this, index] { mnuFileRecent_Click(index); });
+  }
   menu_.Build(*menuBar(), [this](const QString& item) { Run(item); });
   statusBar()->setObjectName("StatusBar1");
   status_ = new ElidedLabel("StatusBar1.Panels(1)");
@@ -83,20 +111,23 @@ void FRSMform::MDIForm_Load() {
   place.moveCenter(room.center());
   move(place.topLeft());
   UpdateCommandState();
+  UpdateRecentList();
   ShowStatus(no_rom);
 }
 
 void FRSMform::Run(const QString& item) {
   // A load or a save is running, and this is a key that was pressed meanwhile.
   if (!isEnabled()) return;
-  if (const auto command = commands_.value(item)) command();
+  if (const int team = MenuTree::TeamOfItem(item); team != 0) {
+    ShowTeamSchedule(team);
+  } else if (const auto command = commands_.value(item)) {
+    command();
+  }
 }
 
 void FRSMform::UpdateCommandState() {
   for (const char* name : image_items) {
-    QAction* item = menu_.Item(name);
-    item->setEnabled(session_.ImageLoaded != 0 &&
-                     (commands_.contains(name) || item->menu() != nullptr));
+    menu_.Item(name)->setEnabled(session_.ImageLoaded != 0);
   }
   for (int team = 1; team <= TeamCount; ++team) {
     menu_.TeamItem(team)->setText(PlainCaption(TeamListText(session_.League, team)));
@@ -104,9 +135,16 @@ void FRSMform::UpdateCommandState() {
 }
 
 void FRSMform::mFilLoadROM_Click() {
-  const QString path = QFileDialog::getOpenFileName(this, {}, FromUtf8(session_.AppDir),
-                                                    "NES (*.nes);;All Files (*)");
-  if (!path.isEmpty()) OpenImageFile(ToUtf8(path));
+  constexpr std::int32_t hide_read_only = 4;
+  clsOpenSave dialog;
+  dialog.SetCancelError(true);
+  dialog.SetFlags(hide_read_only);
+  dialog.SetFilter("NES (*.nes)|*.nes|All Files|*.*");
+  dialog.SetHWnd(this);
+  dialog.SetInitDir(FromUtf8(session_.AppDir));
+  dialog.ShowOpen();
+  const QString path = dialog.fileName();
+  if (path != clsOpenSave::Cancelled && OpenImageFile(ToUtf8(path))) AddRecentFile(path);
 }
 
 bool FRSMform::OpenImageFile(const std::string& path) {
@@ -125,6 +163,40 @@ bool FRSMform::OpenImageFile(const std::string& path) {
   return outcome == LoadOutcome::Loaded;
 }
 
+void FRSMform::AddRecentFile(const QString& path) {
+  if (recent_files_.AddRecentFile(path)) UpdateRecentList();
+}
+
+void FRSMform::UpdateRecentList() {
+  const RecentFiles::List files = GetRecentFiles();
+  QAction* submenu = menu_.Item("mnuFileRecentFiles");
+  int empties = 0;
+  for (int index = 0; index < RecentFiles::Count; ++index) {
+    const QString& file = files[static_cast<std::size_t>(index)];
+    QAction* item = menu_.Item(MemberName("mnuFileRecent", index));
+    item->setText(RecentCaption(index, file));
+    const bool filled = !file.isEmpty() && file != "None";
+    if (!filled && ++empties == RecentFiles::Count) {
+      submenu->setEnabled(false);
+      continue;
+    }
+    item->setVisible(filled);
+    item->setEnabled(filled);
+    if (filled) submenu->setEnabled(true);
+  }
+}
+
+void FRSMform::mnuFileRecent_Click(int Index) {
+  const QString path = recent_files_.Entry(Index).remove(QChar::Null);
+  if (QFileInfo(path).isFile()) {
+    OpenImageFile(ToUtf8(path));
+    return;
+  }
+  recent_files_.SetEntry(Index, {});
+  ShowMessageBox(this, QMessageBox::Information, "The file no longer exists", "Error");
+  UpdateRecentList();
+}
+
 void FRSMform::mFilSaveROM_Click() {
   SaveImage(session_, *this);
 }
@@ -134,6 +206,7 @@ void FRSMform::mFilUnloadROM_Click() {
     return;
   }
   ClearLeague(session_, *this);
+  CloseIfOpen(view_teams_);
   CloseIfOpen(view_player_);
   ShowStatus(no_rom);
 }
@@ -154,6 +227,36 @@ void FRSMform::mHelAbout_Click() {
 
 void FRSMform::mViePlayerData_Click() {
   area_->ShowOnly(view_player_, [this] { return new ViewPlayer(session_); });
+}
+
+void FRSMform::mVieTeamData_Click() {
+  area_->ShowOnly(view_teams_, [this] { return new ViewTeams(session_); });
+}
+
+void FRSMform::mVieLeaders_Click() {
+  area_->ShowOnly(view_leaders_, [this] { return new ViewLeaders(session_); });
+}
+
+void FRSMform::mnuEditGameSettings_Click() {
+  area_->ShowOnly(game_settings_, [this] { return new frmEditGameSettings(session_); });
+}
+
+void FRSMform::mSchEdit_Click() {
+  area_->ShowOnly(edit_schedule_, [this] { return new frmEditSchedule(session_); });
+}
+
+void FRSMform::mDatProbowl_Click() {
+  area_->ShowOnly(probowl_, [this] { return new frmProbowl(session_); });
+}
+
+void FRSMform::mSchVieAll_Click() {
+  area_->ShowOnly(view_schedule_, [this] { return new ViewSchedule(session_); });
+}
+
+void FRSMform::ShowTeamSchedule(int team) {
+  session_.SchedTeam = static_cast<std::int16_t>(team);
+  area_->ShowOnly(view_team_schedule_, [this] { return new ViewTeamSchedule(session_); })
+      ->ShowTeam();
 }
 
 void FRSMform::ShowStatus(const std::string& text) {

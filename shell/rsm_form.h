@@ -9,13 +9,21 @@
 #include "league/league_session.h"
 #include "league/pipeline_host.h"
 #include "shell/menu_tree.h"
+#include "shell/recent_files.h"
 #include "toolkit/form.h"
 
 namespace rostermill {
 
 class ElidedLabel;
 class Loading;
+class ViewLeaders;
 class ViewPlayer;
+class ViewSchedule;
+class ViewTeams;
+class ViewTeamSchedule;
+class frmEditGameSettings;
+class frmEditSchedule;
+class frmProbowl;
 
 /// The main window: menu, status bar, and inside it the child forms. Loads, saves and unloads the
 /// image, opens every other screen, and has the commands follow whether an image is loaded.
@@ -23,7 +31,8 @@ class FRSMform : public QMainWindow, private PipelineHost {
   Q_OBJECT
 
  public:
-  explicit FRSMform(LeagueSession& session);
+  /// `settings` keep the recent files and outlive the window; null stands for the user's own.
+  explicit FRSMform(LeagueSession& session, QSettings* settings = nullptr);
 
   /// Loads the image at the path, UTF-8. One that is turned away leaves the path and the league in
   /// use as they were. False when it wasn't loaded.
@@ -31,6 +40,13 @@ class FRSMform : public QMainWindow, private PipelineHost {
 
   /// Enables the commands that need an image, and gives the team commands their captions.
   void UpdateCommandState() override;
+
+  /// The recent paths, the last one first; empty texts behind them.
+  RecentFiles::List GetRecentFiles() { return recent_files_.GetRecentFiles(); }
+  /// Puts the path at the top of the recent files, in the store and in the menu.
+  void AddRecentFile(const QString& path);
+  /// Makes the menu show the stored paths; none of them is looked up.
+  void UpdateRecentList();
 
  private:
   void BuildWindow();
@@ -40,9 +56,18 @@ class FRSMform : public QMainWindow, private PipelineHost {
   void mFilLoadROM_Click();
   void mFilSaveROM_Click();
   void mFilUnloadROM_Click();
+  void mnuFileRecent_Click(int Index);
   void mFilExit_Click();
   void mHelAbout_Click();
+  void mnuEditGameSettings_Click();
   void mViePlayerData_Click();
+  void mVieTeamData_Click();
+  void mSchEdit_Click();
+  void mDatProbowl_Click();
+  void mVieLeaders_Click();
+  void mSchVieAll_Click();
+  /// The 28 team commands.
+  void ShowTeamSchedule(int team);
 
   void ShowStatus(const std::string& text);
   /// Ends the program, whatever is open.
@@ -60,6 +85,7 @@ class FRSMform : public QMainWindow, private PipelineHost {
                          const std::string& preset) override;
 
   LeagueSession& session_;
+  RecentFiles recent_files_;
   MenuTree menu_;
   QMap<QString, std::function<void()>> commands_;
   ChildArea* area_ = nullptr;
@@ -67,6 +93,13 @@ class FRSMform : public QMainWindow, private PipelineHost {
 
   QPointer<Loading> loading_;
   QPointer<ViewPlayer> view_player_;
+  QPointer<ViewTeams> view_teams_;
+  QPointer<ViewLeaders> view_leaders_;
+  QPointer<ViewSchedule> view_schedule_;
+  QPointer<ViewTeamSchedule> view_team_schedule_;
+  QPointer<frmEditGameSettings> game_settings_;
+  QPointer<frmEditSchedule> edit_schedule_;
+  QPointer<frmProbowl> probowl_;
 };
 
 }  // namespace rostermill

@@ -4,6 +4,8 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include "toolkit/press_key.h"
+
 namespace rostermill {
 
 ClickLabel::ClickLabel(const QString& text) : QLabel(text) {
@@ -31,15 +33,8 @@ void ClickLabel::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void ClickLabel::keyPressEvent(QKeyEvent* event) {
-  switch (event->key()) {
-    case Qt::Key_Space:
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      emit Click();
-      return;
-    default:
-      QLabel::keyPressEvent(event);
-  }
+  if (!IsPressKey(*event)) return QLabel::keyPressEvent(event);
+  emit Click();
 }
 
 }  // namespace rostermill

@@ -25,9 +25,10 @@ QSize ElidedLabel::minimumSizeHint() const {
 
 void ElidedLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  const QRect inside = contentsRect();
+  const QRect inside = contentsRect().adjusted(margin(), margin(), -margin(), -margin());
   const QString shown = fontMetrics().elidedText(text(), Qt::ElideMiddle, inside.width());
-  style()->drawItemText(&painter, inside, static_cast<int>(alignment() | Qt::AlignVCenter),
+  style()->drawItemText(&painter, inside,
+                        static_cast<int>(alignment() | Qt::AlignVCenter) | Qt::TextSingleLine,
                         palette(), isEnabled(), shown, foregroundRole());
 }
 

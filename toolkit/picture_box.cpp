@@ -1,13 +1,23 @@
 #include "toolkit/picture_box.h"
 
-#include <QFileInfo>
-#include <QImageReader>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyleOptionFocusRect>
 
+#include "toolkit/picture_cache.h"
+#include "toolkit/press_key.h"
+
 namespace rostermill {
+
+namespace {
+
+void DrawRing(QPainter& painter, const QRect& outside, int width, const QBrush& brush) {
+  const QRegion ring = QRegion(outside) - outside.adjusted(width, width, -width, -width);
+  for (const QRect& side : ring) painter.fillRect(side, brush);
+}
+
+}  // namespace
 
 PictureBox::PictureBox(const QString& name, QSize picture_size, int magnification)
     : picture_size_(picture_size), magnification_(magnification) {
@@ -17,8 +27,7 @@ PictureBox::PictureBox(const QString& name, QSize picture_size, int magnificatio
 }
 
 bool PictureBox::Load(const QString& path) {
-  if (!QFileInfo(path).isFile()) return false;
-  const QImage picture = QImageReader(path).read();
+  const QImage picture = LoadPicture(path);
   if (picture.isNull()) return false;
   SetPicture(picture);
   return true;
@@ -53,8 +62,9 @@ void PictureBox::paintEvent(QPaintEvent* event) {
     painter.drawImage(place, picture_);
   }
   if (hasFocus()) {
-    painter.setPen(QPen(palette().highlight(), 2));
-    painter.drawRect(inside.adjusted(1, 1, -1, -1));
+    // The inner line keeps the mark apart from a picture of the same colour.
+    DrawRing(painter, inside, 3, palette().highlight());
+    DrawRing(painter, inside.adjusted(3, 3, -3, -3), 1, palette().base());
   }
 }
 
@@ -65,9 +75,8 @@ void PictureBox::mousePressEvent(QMouseEvent* event) {
 }
 
 void PictureBox::keyPressEvent(QKeyEvent* event) {
-  const bool pressed = event->key() == Qt::Key_Space || event->key() == Qt::Key_Return ||
-                       event->key() == Qt::Key_Enter;
-  if (!clickable_ || !pressed) return QFrame::keyPressEvent(event);
+  if (!clickable_ || !IsPressKey(*event)) return QFrame::keyPressEvent(event);
+  if (event->isAutoRepeat()) return;
   emit MouseDown(Qt::LeftButton);
   emit Click();
 }

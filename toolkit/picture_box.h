@@ -6,7 +6,8 @@
 namespace rostermill {
 
 /// Shows a picture magnified by a whole factor, without smoothing. One that can be clicked takes
-/// the keyboard focus, shows it, and is pressed by Space and Enter as by the left button.
+/// the keyboard focus, shows it, and is pressed by Space and Enter as by the left button; a key
+/// held down presses once.
 class PictureBox : public QFrame {
   Q_OBJECT
 

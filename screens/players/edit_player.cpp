@@ -8,6 +8,7 @@
 #include "league/league_tables.h"
 #include "screens/players/attribute_panel.h"
 #include "screens/players/player_form_parts.h"
+#include "screens/players/player_photos.h"
 #include "screens/players/position_layout.h"
 #include "screens/players/show_face.h"
 #include "screens/players/text_forms.h"
@@ -44,6 +45,7 @@ void EditPlayer::BuildControls() {
   txtPlayer = new TextBox("txtPlayer", longest_name);
   lblNumber = NewPlayerNumber();
   imgFace = new PictureBox("imgFace", QSize(FaceSize, FaceSize), FaceMagnification);
+  imgFace->SetClickable("Photo, choose another");
   lblFace = NewLabel("lblFace", "Label4");
   lblFace->setParent(this);
   lblFace->hide();
@@ -86,6 +88,7 @@ void EditPlayer::LayOut() {
 }
 
 void EditPlayer::Connect() {
+  connect(imgFace, &PictureBox::MouseDown, this, &EditPlayer::imgFace_MouseDown);
   for (int index = btnMinus.First(); index < btnMinus.Next(); ++index) {
     connect(btnMinus[index], &QPushButton::clicked, this, [this, index] { btnMinus_Click(index); });
     connect(btnPlus[index], &QPushButton::clicked, this, [this, index] { btnPlus_Click(index); });
@@ -125,6 +128,15 @@ void EditPlayer::FillEditPlayer() {
     chkPunt->setChecked(rec.PuntReturner == 1);
     chkKick->setChecked(rec.KickReturner == 1);
   }
+}
+
+void EditPlayer::imgFace_MouseDown(Qt::MouseButtons buttons) {
+  if (!buttons.testFlag(Qt::LeftButton)) return;
+  PlayerPhotos photos(this, session_.AppDir);
+  photos.SetFace(lblFace->text().toInt());
+  if (photos.exec() != QDialog::Accepted) return;
+  lblFace->setText(QString::number(photos.SelectedFace));
+  ShowFace(*imgFace, session_.AppDir, photos.SelectedFace);
 }
 
 void EditPlayer::btnMinus_Click(int Index) {

@@ -34,6 +34,7 @@ class EditPlayer : public ChildForm {
 
   void Form_Load();
   void Form_Unload() override;
+  void imgFace_MouseDown(Qt::MouseButtons buttons);
   void btnMinus_Click(int Index);
   void btnPlus_Click(int Index);
   void btnSavePlayer_Click();

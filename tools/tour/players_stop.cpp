@@ -2,8 +2,10 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
 
 #include "shell/rsm_form.h"
+#include "toolkit/picture_box.h"
 #include "tools/driver/driver.h"
 #include "tools/tour/tour.h"
 
@@ -32,6 +34,15 @@ void VisitPlayers(Tour& tour) {
                "the viewer follows the editor");
   tour.Picture(editor, "edit-player");
   tour.Picture(tour.Window(), "viewer-and-editor");
+  driver::OnNextDialog([&tour](QDialog& photos) {
+    tour.Picture(photos, "player-photos-first-page");
+    Find<QRadioButton>(photos, "radBlack").click();
+    tour.Picture(photos, "player-photos-second-page");
+    emit Find<PictureBox>(photos, "imgFace(17)").Click();
+    driver::ClickButton(photos, "OK");
+  });
+  emit Find<PictureBox>(editor, "imgFace").MouseDown(Qt::LeftButton);
+  tour.Require(Find<QLabel>(editor, "lblFace").text() == "145", "the picked face is pending");
   tour.Choose(positions, "LT");
   tour.Picture(viewer, "view-player-lineman");
   tour.Click("ViewPlayer", "btnOK");

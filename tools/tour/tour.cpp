@@ -20,7 +20,11 @@ Tour::Tour(const QString& program_folder, const QString& pictures)
   Require(QFile::copy(program_folder + "/sample.nes", image_), "copy of the sample league");
   session_ = std::make_unique<LeagueSession>();
   session_->AppDir = ToUtf8(program_folder + "/");
-  window_ = std::make_unique<FRSMform>(*session_);
+  // The user's own recent files are none of the tour's business.
+  const QString ini = pictures_.absoluteFilePath("tour-settings.ini");
+  QFile::remove(ini);
+  settings_ = std::make_unique<QSettings>(ini, QSettings::IniFormat);
+  window_ = std::make_unique<FRSMform>(*session_, settings_.get());
   window_->show();
 }
 
@@ -29,6 +33,11 @@ Tour::~Tour() = default;
 int Tour::Run() {
   StartAndLoad();
   VisitPlayers(*this);
+  VisitTeams(*this);
+  VisitSchedule(*this);
+  VisitLeaders(*this);
+  VisitProbowl(*this);
+  VisitSettings(*this);
   SaveAndReload();
   return count_;
 }

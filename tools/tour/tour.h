@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QComboBox>
 #include <QDir>
+#include <QSettings>
 #include <QString>
 #include <QWidget>
 
@@ -49,11 +50,17 @@ class Tour {
   QDir pictures_;
   QString image_;
   int count_ = 0;
+  std::unique_ptr<QSettings> settings_;
   std::unique_ptr<LeagueSession> session_;
   std::unique_ptr<FRSMform> window_;
 };
 
 // The stops, one file a folder of screens. Each leaves its forms closed.
 void VisitPlayers(Tour& tour);
+void VisitTeams(Tour& tour);
+void VisitSchedule(Tour& tour);
+void VisitLeaders(Tour& tour);
+void VisitProbowl(Tour& tour);
+void VisitSettings(Tour& tour);
 
 }  // namespace rostermill

@@ -1,0 +1,260 @@
+#include "screens/schedule/edit_schedule.h"
+
+#include <QDialogButtonBox>
+#include <QGridLayout>
+#include <QGroupBox>
+
+#include "toolkit/form_parts.h"
+#include "toolkit/text_codec.h"
+
+namespace rostermill {
+
+namespace {
+
+constexpr int games_per_column = 7;
+constexpr int box_characters = 6;
+constexpr int lines_without_game = 3;
+
+}  // namespace
+
+frmEditSchedule::frmEditSchedule(LeagueSession& session)
+    : ChildForm("frmEditSchedule", "RSM Schedule Editor"), session_(session) {
+  BuildControls();
+  LayOut();
+  Connect();
+  Form_Load();
+}
+
+void frmEditSchedule::BuildControls() {
+  lblWeek = NewLabel("lblWeek", "Week:");
+  udWeek = new UpDown("udWeek");
+  lblGames = NewLabel("lblGames", "Games:");
+  upGames = new UpDown("upGames");
+  for (int game = 0; game < GamesPerWeek; ++game) {
+    for (const char* side : {"visitor", "host"}) {
+      auto* box = cmbTeam.Add(new ComboBox({}, ListOrder::Sorted));
+      box->setMinimumContentsLength(box_characters);
+      box->setAccessibleName(QString("Game %1, %2").arg(game + 1).arg(side));
+      KeepRoomWhenHidden(box);
+    }
+    KeepRoomWhenHidden(lblAt.Add(NewLabel({}, "@")));
+  }
+  lblSeason = NewLabel("lblSeason");
+  lblSeason->setFont(FixedFont());
+  lblTwice = new ElidedLabel("lblTwice");
+  lblItself = new ElidedLabel("lblItself");
+  lblWithoutGame = NewLabel("lblWithoutGame");
+  cmdOK = NewButton("cmdOK", "OK");
+  cmdCancel = NewButton("cmdCancel", "Cancel");
+  SetDefaultButton(cmdOK);
+  SetCancelButton(cmdCancel);
+}
+
+QLayout* frmEditSchedule::LayOutSteps() {
+  const QFontMetrics metrics = fontMetrics();
+  lblWeek->setMinimumWidth(metrics.horizontalAdvance("Week: 00"));
+  lblGames->setMinimumWidth(metrics.horizontalAdvance("Games: 00"));
+  lblWeek->setBuddy(udWeek);
+  lblGames->setBuddy(upGames);
+  auto* row = new QHBoxLayout;
+  row->addWidget(lblWeek);
+  row->addWidget(udWeek);
+  row->addSpacing(metrics.height() * 2);
+  row->addWidget(lblGames);
+  row->addWidget(upGames);
+  row->addStretch();
+  return row;
+}
+
+QGroupBox* frmEditSchedule::LayOutGames() {
+  QGroupBox* Frame1 = NewFrame("Frame1", "Matchups");
+  auto* grid = new QGridLayout(Frame1);
+  for (int game = 0; game < GamesPerWeek; ++game) {
+    const int row = game % games_per_column;
+    const int column = game / games_per_column * 4;  // three controls and a gap
+    grid->addWidget(cmbTeam[2 * game], row, column);
+    grid->addWidget(lblAt[game], row, column + 1);
+    grid->addWidget(cmbTeam[2 * game + 1], row, column + 2);
+    grid->setColumnStretch(column, 1);
+    grid->setColumnStretch(column + 2, 1);
+  }
+  grid->setColumnMinimumWidth(3, fontMetrics().height() * 2);
+  return Frame1;
+}
+
+QLayout* frmEditSchedule::LayOutFacts() {
+  lblWithoutGame->setWordWrap(true);
+  lblWithoutGame->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  lblWithoutGame->setFixedHeight(fontMetrics().lineSpacing() * lines_without_game);
+  lblWithoutGame->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  auto* grid = new QGridLayout;
+  QLabel* weeks = NewLabel("lblWeeks", FromLatin1(WeekColumns()));
+  weeks->setFont(FixedFont());
+  grid->addWidget(NewCaption("lblWeeksCaption", "Week:"), 0, 0);
+  grid->addWidget(weeks, 0, 1);
+  grid->addWidget(NewCaption("lblSeasonCaption", "Games:"), 1, 0);
+  grid->addWidget(lblSeason, 1, 1);
+  grid->addWidget(NewCaption("lblTwiceCaption", "Plays twice:"), 2, 0);
+  grid->addWidget(lblTwice, 2, 1);
+  grid->addWidget(NewCaption("lblItselfCaption", "Against itself:"), 3, 0);
+  grid->addWidget(lblItself, 3, 1);
+  grid->addWidget(NewCaption("lblWithoutGameCaption", "Without a game:"), 4, 0, Qt::AlignTop);
+  grid->addWidget(lblWithoutGame, 4, 1);
+  grid->setColumnStretch(1, 1);
+  return grid;
+}
+
+void frmEditSchedule::LayOut() {
+  auto* whole = new QVBoxLayout(this);
+  whole->addLayout(LayOutSteps());
+  whole->addWidget(LayOutGames());
+  whole->addLayout(LayOutFacts());
+  whole->addStretch();
+  whole->addWidget(ButtonRow(cmdOK, cmdCancel));
+}
+
+void frmEditSchedule::Connect() {
+  connect(udWeek, &UpDown::UpClick, this, &frmEditSchedule::udWeek_UpClick);
+  connect(udWeek, &UpDown::DownClick, this, &frmEditSchedule::udWeek_DownClick);
+  connect(upGames, &UpDown::UpClick, this, &frmEditSchedule::upGames_UpClick);
+  connect(upGames, &UpDown::DownClick, this, &frmEditSchedule::upGames_DownClick);
+  for (int Index = cmbTeam.First(); Index < cmbTeam.Next(); ++Index) {
+    connect(cmbTeam[Index], &ComboBox::Click, this, [this, Index] { cmbTeam_Click(Index); });
+    connect(cmbTeam[Index], &ComboBox::LostFocus, this,
+            [this, Index] { cmbTeam_LostFocus(Index); });
+  }
+  connect(cmdOK, &QPushButton::clicked, this, &frmEditSchedule::cmdOK_Click);
+  connect(cmdCancel, &QPushButton::clicked, this, &frmEditSchedule::cmdCancel_Click);
+}
+
+void frmEditSchedule::Form_Load() {
+  for (ComboBox* box : cmbTeam) {
+    box->Clear();
+    for (const TeamRec& team : session_.League.TeamData) {
+      box->AddItem(FromLatin1(team.Abbreviation));
+    }
+    box->SetText({});
+  }
+  WorkSchedule = session_.League.ScheduleData;
+  LoadWeek(0);
+}
+
+void frmEditSchedule::LoadWeek(std::uint8_t weekNum) {
+  LoadingWeek = true;
+  lblWeek->setText(QString("Week: %1").arg(weekNum + 1));
+  udWeek->setAccessibleName(lblWeek->text());
+  for (ComboBox* box : cmbTeam) box->SetText({});
+  ShowGames();
+  for (int game = 0; game < WorkSchedule[weekNum].GameCount; ++game) {
+    FillBox(2 * game);
+    FillBox(2 * game + 1);
+  }
+  LoadingWeek = false;
+}
+
+void frmEditSchedule::FillBox(int Index) {
+  const int side = SideOf(Index);
+  const QString wanted = FromLatin1(SideAbbreviation(session_.League, side));
+  ComboBox* box = cmbTeam[Index];
+  if (IsAllStarSide(side)) return box->SetText(wanted);
+  for (int item = 0; item < box->ListCount(); ++item) {
+    if (box->List(item) == wanted) return box->SetListIndex(item);
+  }
+}
+
+void frmEditSchedule::ShowGames() {
+  const int games = WorkSchedule[CurrentWeek].GameCount;
+  for (int game = 0; game < GamesPerWeek; ++game) {
+    const bool in_use = game < games;
+    cmbTeam[2 * game]->setVisible(in_use);
+    cmbTeam[2 * game + 1]->setVisible(in_use);
+    lblAt[game]->setVisible(in_use);
+  }
+  lblGames->setText(QString("Games: %1").arg(games));
+  upGames->setAccessibleName(lblGames->text());
+  ShowFacts();
+}
+
+void frmEditSchedule::ShowFacts() {
+  const LeagueData& league = session_.League;
+  const WeekFacts facts = FactsOfWeek(WorkSchedule[CurrentWeek]);
+  lblTwice->SetText(FromLatin1(SideList(league, facts.Twice)));
+  lblItself->SetText(FromLatin1(SideList(league, facts.AgainstItself)));
+  lblWithoutGame->setText(FromLatin1(SideList(league, facts.WithoutGame)));
+  lblSeason->setText(FromLatin1(GamesByWeek(WorkSchedule)));
+}
+
+void frmEditSchedule::udWeek_UpClick() {
+  CurrentWeek = CurrentWeek + 1 < WeekCount ? static_cast<std::uint8_t>(CurrentWeek + 1) : 0;
+  LoadWeek(CurrentWeek);
+}
+
+void frmEditSchedule::udWeek_DownClick() {
+  CurrentWeek = static_cast<std::uint8_t>(CurrentWeek == 0 ? WeekCount - 1 : CurrentWeek - 1);
+  LoadWeek(CurrentWeek);
+}
+
+void frmEditSchedule::upGames_UpClick() {
+  std::uint8_t& games = WorkSchedule[CurrentWeek].GameCount;
+  if (games >= GamesPerWeek) return;
+  ++games;
+  ShowGames();
+}
+
+void frmEditSchedule::upGames_DownClick() {
+  std::uint8_t& games = WorkSchedule[CurrentWeek].GameCount;
+  if (games <= 1) return;
+  --games;
+  ShowGames();
+}
+
+void frmEditSchedule::cmbTeam_Click(int Index) {
+  if (LoadingWeek) return;
+  ComboBox* box = cmbTeam[Index];
+  // A typed text that begins an abbreviation selects it, which raises this event anew.
+  if (box->ListIndex() < 0) return CompleteText(Index);
+  const std::string picked = ToLatin1(box->Text());
+  for (int side = 0; side < TeamCount; ++side) {
+    if (SideAbbreviation(session_.League, side) == picked) {
+      SideOf(Index) = static_cast<std::int16_t>(side);
+      return ShowFacts();
+    }
+  }
+  box->SetText({});
+}
+
+void frmEditSchedule::CompleteText(int Index) {
+  ComboBox* box = cmbTeam[Index];
+  const QString typed = box->Text();
+  if (typed.isEmpty()) return;
+  const int side = SideOf(Index);
+  if (IsAllStarSide(side) && typed == FromLatin1(SideAbbreviation(session_.League, side))) return;
+  for (int item = 0; item < box->ListCount(); ++item) {
+    if (box->List(item).startsWith(typed, Qt::CaseInsensitive)) return box->SetListIndex(item);
+  }
+  box->SetText({});
+}
+
+void frmEditSchedule::cmbTeam_LostFocus(int Index) {
+  cmbTeam_Click(Index);
+}
+
+void frmEditSchedule::cmdOK_Click() {
+  // Enter and access keys come while the box still has the focus, and its text not taken.
+  for (int Index = cmbTeam.First(); Index < cmbTeam.Next(); ++Index) {
+    if (cmbTeam[Index]->ListIndex() < 0) cmbTeam_Click(Index);
+  }
+  session_.League.ScheduleData = WorkSchedule;
+  CloseForm();
+}
+
+void frmEditSchedule::cmdCancel_Click() {
+  CloseForm();
+}
+
+std::int16_t& frmEditSchedule::SideOf(int Index) {
+  GamePlace& place = WorkSchedule[CurrentWeek].Games[Index / 2];
+  return Index % 2 == 0 ? place.AwayTeam : place.HomeTeam;
+}
+
+}  // namespace rostermill

@@ -1,0 +1,76 @@
+#pragma once
+
+#include <cstdint>
+
+#include "league/league_session.h"
+#include "screens/schedule/season_facts.h"
+#include "toolkit/combo_box.h"
+#include "toolkit/control_array.h"
+#include "toolkit/elided_label.h"
+#include "toolkit/form.h"
+#include "toolkit/up_down.h"
+
+class QGroupBox;
+class QLayout;
+
+namespace rostermill {
+
+/// "RSM Schedule Editor": changes the season week by week, in a copy that OK puts back. Box 2g is
+/// the visitor of game g, box 2g + 1 its host. Under the games stands what is odd about the week;
+/// it forbids nothing.
+class frmEditSchedule : public ChildForm {
+  Q_OBJECT
+
+ public:
+  explicit frmEditSchedule(LeagueSession& session);
+
+ private:
+  void BuildControls();
+  QLayout* LayOutSteps();
+  QGroupBox* LayOutGames();
+  QLayout* LayOutFacts();
+  void LayOut();
+  void Connect();
+
+  void Form_Load();
+  void udWeek_UpClick();
+  void udWeek_DownClick();
+  void upGames_UpClick();
+  void upGames_DownClick();
+  void cmbTeam_Click(int Index);
+  void cmbTeam_LostFocus(int Index);
+  void cmdOK_Click();
+  void cmdCancel_Click();
+
+  /// Fills the screen for a week, 0 to 16.
+  void LoadWeek(std::uint8_t weekNum);
+  /// Shows the rows of the games in use, and how many they are.
+  void ShowGames();
+
+  void FillBox(int Index);
+  /// Selects the first entry that begins with the typed text; wipes a text that begins none.
+  void CompleteText(int Index);
+  void ShowFacts();
+  /// The number behind a box of the week on view.
+  std::int16_t& SideOf(int Index);
+
+  LeagueSession& session_;
+  Season WorkSchedule;
+  std::uint8_t CurrentWeek = 0;
+  bool LoadingWeek = false;
+
+  QLabel* lblWeek = nullptr;
+  UpDown* udWeek = nullptr;
+  QLabel* lblGames = nullptr;
+  UpDown* upGames = nullptr;
+  ControlArray<ComboBox> cmbTeam{"cmbTeam"};
+  ControlArray<QLabel> lblAt{"lblAt"};
+  QLabel* lblSeason = nullptr;
+  ElidedLabel* lblTwice = nullptr;
+  ElidedLabel* lblItself = nullptr;
+  QLabel* lblWithoutGame = nullptr;
+  QPushButton* cmdOK = nullptr;
+  QPushButton* cmdCancel = nullptr;
+};
+
+}  // namespace rostermill

@@ -1,0 +1,76 @@
+#include "screens/schedule/view_team_schedule.h"
+
+#include <QVBoxLayout>
+
+#include "screens/schedule/season_facts.h"
+#include "toolkit/copy_text.h"
+#include "toolkit/text_codec.h"
+
+namespace rostermill {
+
+namespace {
+
+constexpr int line_width = 52;  // average characters
+
+}  // namespace
+
+ViewTeamSchedule::ViewTeamSchedule(const LeagueSession& session)
+    : ChildForm("ViewTeamSchedule", "Team Schedule"), session_(session) {
+  BuildControls();
+  LayOut();
+  AddCopyAction(this, [this] { return CopiedText(); });
+  Form_Load();
+}
+
+void ViewTeamSchedule::BuildControls() {
+  lblTeamName = new ElidedLabel("lblTeamName");
+  QFont large = lblTeamName->font();
+  large.setBold(true);
+  large.setPointSizeF(large.pointSizeF() * 1.2);
+  lblTeamName->setFont(large);
+  for (int w = 0; w < WeekCount; ++w) lblOpponent.Add(new ElidedLabel({}));
+}
+
+void ViewTeamSchedule::LayOut() {
+  auto* lines = new QVBoxLayout(this);
+  lines->addWidget(lblTeamName);
+  lines->addSpacing(lines->spacing());
+  for (ElidedLabel* line : lblOpponent) lines->addWidget(line);
+  lines->addStretch();
+  setMinimumWidth(fontMetrics().averageCharWidth() * line_width);
+  setFocusPolicy(Qt::StrongFocus);
+}
+
+void ViewTeamSchedule::Form_Load() {
+  ShowTeam();
+}
+
+void ViewTeamSchedule::ShowTeam() {
+  lblTeamName->SetText(FromLatin1(SideName(session_.League, session_.SchedTeam - 1)));
+  for (int w = 0; w < WeekCount; ++w) {
+    lblOpponent[w]->SetText(OpponentText(session_.League.ScheduleData[w]));
+  }
+}
+
+QString ViewTeamSchedule::OpponentText(const ScheduleWeek& week) const {
+  std::string text = "Bye Week";
+  for (int game = 0; game < week.GameCount; ++game) {
+    const GamePlace& place = week.Games[game];
+    if (place.HomeTeam + 1 == session_.SchedTeam) {
+      text = LowerText(SideName(session_.League, place.AwayTeam));
+    } else if (place.AwayTeam + 1 == session_.SchedTeam) {
+      text = UpperText(SideName(session_.League, place.HomeTeam));
+    }
+  }
+  return FromLatin1(text);
+}
+
+QString ViewTeamSchedule::CopiedText() const {
+  QList<QStringList> rows{{lblTeamName->text()}};
+  for (int w = 0; w < WeekCount; ++w) {
+    rows << QStringList{QString("Week %1").arg(w + 1), lblOpponent[w]->text()};
+  }
+  return TabSeparatedText(rows);
+}
+
+}  // namespace rostermill

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "league/league_session.h"
+#include "toolkit/control_array.h"
+#include "toolkit/elided_label.h"
+#include "toolkit/form.h"
+
+namespace rostermill {
+
+/// "Team Schedule": the 17 weeks of the team SchedTeam, a line a week. A home game's opponent
+/// stands in lower case, an away game's in upper case. Ctrl+C copies the whole.
+class ViewTeamSchedule : public ChildForm {
+  Q_OBJECT
+
+ public:
+  explicit ViewTeamSchedule(const LeagueSession& session);
+
+  /// Shows the season of the team that SchedTeam is now.
+  void ShowTeam();
+
+ private:
+  void BuildControls();
+  void LayOut();
+
+  void Form_Load();
+
+  QString OpponentText(const ScheduleWeek& week) const;
+  QString CopiedText() const;
+
+  const LeagueSession& session_;
+
+  ElidedLabel* lblTeamName = nullptr;
+  ControlArray<ElidedLabel> lblOpponent{"lblOpponent"};
+};
+
+}  // namespace rostermill

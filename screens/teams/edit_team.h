@@ -1,0 +1,78 @@
+#pragma once
+
+#include "league/league_session.h"
+#include "screens/teams/edit_team_parts.h"
+#include "toolkit/color_box.h"
+#include "toolkit/control_array.h"
+#include "toolkit/drop_down_list.h"
+#include "toolkit/elided_button.h"
+#include "toolkit/form.h"
+#include "toolkit/text_box.h"
+
+namespace rostermill {
+
+/// "Edit Team": changes the team ViewTeam. What is pending lives in the working copies of the
+/// session, and btnSave moves it into the league; champion colours go there at once.
+class EditTeam : public ChildForm {
+  Q_OBJECT
+
+ public:
+  explicit EditTeam(LeagueSession& session);
+
+  /// Takes the team on view into the working copies and shows it; what was pending is dropped.
+  void LoadTeam();
+
+ signals:
+  /// The team has been stored; `list_text` is what team lists call it now.
+  void TeamSaved(const QString& list_text);
+
+ private:
+  void BuildControls();
+  void LayOut();
+  QWidget* LayOutGeneral();
+  QWidget* LayOutColors();
+  QWidget* LayOutPlayBook();
+  QLayout* LayOutBottom();
+  void Connect();
+
+  void Form_Load();
+  void Form_Unload() override;
+  void txtCity_Change();
+  void txtName_Change();
+  void txtAbbreviation_Change();
+  void btnChange_Click(int Index);
+  void btnPlay_Click(int Index);
+  void Option1_Click(int Index);
+  void Option2_Click(int Index);
+  void Option3_Click(int Index);
+  void picDivChamp_Click(int Index);
+  void picConfChamp_Click(int Index);
+  void btnSave_Click();
+  void btnCancel_Click();
+
+  /// Shows the working copies and the champion colours of the team on view.
+  void FillEditTeam();
+  void ShowJerseyColors();
+  void ShowTextRoom();
+  void SetSkin(int Index, int skin);
+  void ChooseChampColor(std::uint8_t& color);
+
+  LeagueSession& session_;
+
+  TextBox* txtCity = nullptr;
+  TextBox* txtName = nullptr;
+  TextBox* txtAbbreviation = nullptr;
+  ControlArray<ElidedButton> btnChange{"btnChange"};
+  DropDownList* cmbFormation = nullptr;
+  ControlArray<ElidedButton> btnPlay{"btnPlay"};
+  ControlArray<PictureBox> picJersey{"picJersey", 2};
+  SkinOptions skins_;
+  ControlArray<ColorBox> picDivChamp{"picDivChamp"};
+  ControlArray<ColorBox> picConfChamp{"picConfChamp"};
+  QLabel* imgTextsTooLong = nullptr;
+  QLabel* lblTextRoom = nullptr;
+  QPushButton* btnSave = nullptr;
+  QPushButton* btnCancel = nullptr;
+};
+
+}  // namespace rostermill

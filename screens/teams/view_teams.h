@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QPointer>
+
+#include "league/league_session.h"
+#include "toolkit/color_box.h"
+#include "toolkit/control_array.h"
+#include "toolkit/drop_down_list.h"
+#include "toolkit/elided_label.h"
+#include "toolkit/form.h"
+
+namespace rostermill {
+
+class EditTeam;
+
+/// "View Teams": one team at a time, with its texts, jersey colours, formation and the pictures of
+/// its plays. Changes nothing. Owns the team editor, which follows the team on view.
+class ViewTeams : public ChildForm {
+  Q_OBJECT
+
+ public:
+  explicit ViewTeams(LeagueSession& session);
+
+ private:
+  void BuildControls();
+  void LayOut();
+  QWidget* LayOutGeneral();
+  QWidget* LayOutColors();
+  QWidget* LayOutMiscellaneous();
+  QWidget* LayOutPlayBook();
+  void Connect();
+
+  void Form_Load();
+  void Form_Unload() override;
+  void cmbTeam_Click();
+  void btnEdit_Click();
+  void btnOK_Click();
+
+  /// Rebuilds the list after the editor has stored the team, and selects it by its new text.
+  void ReselectTeam(const QString& list_text);
+
+  void FillList();
+  void ShowTeam();
+  void ShowColors();
+  void ShowPlays();
+
+  LeagueSession& session_;
+  QPointer<EditTeam> editor_;
+
+  DropDownList* cmbTeam = nullptr;
+  ControlArray<ElidedLabel> lblInfo{"lblInfo"};
+  ControlArray<ColorBox> picSwatch{"picSwatch"};  ///< colours 1, 3, 4 and 6 of the team
+  ControlArray<PictureBox> picRun{"picRun"};
+  QPushButton* btnEdit = nullptr;
+  QPushButton* btnOK = nullptr;
+};
+
+}  // namespace rostermill

@@ -1,0 +1,94 @@
+#include "league/palette.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <system_error>
+
+#include "league/file_access.h"
+#include "tests/support/sample.h"
+
+namespace rostermill::test {
+namespace {
+
+std::string Records(int count, const std::string& line_end = "\n") {
+  std::string text;
+  for (int i = 0; i < count; ++i) {
+    text += "Shade " + std::to_string(i) + "," + HexByteText(i) + ",0,FF" + line_end;
+  }
+  return text;
+}
+
+/// The error that a palette text is refused with; no error where it is taken.
+std::error_code Refusal(const std::string& text) {
+  try {
+    ParsePalette(text);
+    return {};
+  } catch (const std::system_error& error) {
+    return error.code();
+  }
+}
+
+/// Line ends of one system only, quotes kept in names, a comma in a name that shifts the fields.
+TEST(PaletteFile, TakesEitherLineEndQuotedNamesAndFieldsOnTheirOwnLines) {
+  for (const std::string line_end : {"\n", "\r\n", "\r"}) {
+    const Palette palette = ParsePalette(Records(64, line_end));
+    EXPECT_EQ(palette[0], (PaletteRec{"Shade 0", 0, 0, 255}));
+    EXPECT_EQ(palette[63], (PaletteRec{"Shade 63", 63, 0, 255}));
+  }
+  const std::string odd =
+      "\"Red, dark\",6c,06,00\r\n"
+      "Two Words , 0A ,b,C\r\n"
+      "Own\n1\n2\n3\n"
+      "\n"
+      "\"Sm\xEE\",0,0,0\n";
+  const Palette palette = ParsePalette("\xEF\xBB\xBF" + odd + Records(60) + "never read, nor this");
+  EXPECT_EQ(palette[0], (PaletteRec{"Red, dark", 0x6C, 6, 0}));
+  EXPECT_EQ(palette[1], (PaletteRec{"Two Words", 10, 11, 12}));
+  EXPECT_EQ(palette[2], (PaletteRec{"Own", 1, 2, 3}));
+  EXPECT_EQ(palette[3], (PaletteRec{"Sm\xEE", 0, 0, 0}));
+  EXPECT_EQ(palette[63].Name, "Shade 59");
+}
+
+/// A short or garbled file that is taken half, or a value cut to its low byte without a word.
+TEST(PaletteFile, IsRefusedWithTheReasonsOwnError) {
+  EXPECT_EQ(Refusal(Records(63)), std::errc::no_message_available);
+  EXPECT_EQ(Refusal(""), std::errc::no_message_available);
+  EXPECT_EQ(Refusal("Grey,66,xx,66\n" + Records(63)), std::errc::invalid_argument);
+  EXPECT_EQ(Refusal("Grey,66,,66\n" + Records(63)), std::errc::invalid_argument);
+  EXPECT_EQ(Refusal("Grey,66,-1,66\n" + Records(63)), std::errc::invalid_argument);
+  EXPECT_EQ(Refusal("Grey,66,0x6,66\n" + Records(63)), std::errc::invalid_argument);
+  EXPECT_EQ(Refusal("Grey,66,100,66\n" + Records(63)), std::errc::result_out_of_range);
+  EXPECT_EQ(Refusal("Grey,66,FFFFFFFFFF,66\n" + Records(63)), std::errc::result_out_of_range);
+  EXPECT_EQ(Refusal("\"never closed" + Records(64)), std::errc::invalid_argument);
+  EXPECT_EQ(Refusal(Records(64)), std::error_code{});
+}
+
+/// A number printed by its low digits only, or an index past the table.
+TEST(PaletteFile, AnIndexWithoutEntryHasANameAndNoColor) {
+  const Palette palette = ParsePalette(Records(64));
+  EXPECT_EQ(PaletteName(palette, 63), "Shade 63");
+  EXPECT_EQ(PaletteColor(palette, 63), (RgbColor{63, 0, 255}));
+  EXPECT_EQ(PaletteName(palette, 64), "Unknown 40");
+  EXPECT_EQ(PaletteName(palette, 255), "Unknown FF");
+  EXPECT_EQ(PaletteColor(palette, 64), std::nullopt);
+  EXPECT_EQ(PaletteColor(palette, -1), std::nullopt);
+}
+
+/// The file that comes with the program: two colours of one name can't be told apart in a list.
+TEST(PaletteFile, OurOwnHas64ColorsWithNamesThatDiffer) {
+  const Palette palette = ReadPalette(BinFolder());
+  std::set<std::string> names;
+  for (const PaletteRec& color : palette) {
+    EXPECT_FALSE(color.Name.empty());
+    EXPECT_LE(color.Name.size(), 16u) << color.Name;
+    names.insert(color.Name);
+  }
+  EXPECT_EQ(names.size(), 64u);
+  EXPECT_EQ(PaletteColor(palette, 22), (RgbColor{0xB5, 0x31, 0x20}));
+  EXPECT_EQ(PaletteColor(palette, 32), (RgbColor{0xFF, 0xFE, 0xFF}));
+  EXPECT_THROW(ReadPalette(TempFolder().Path("nowhere/")), FileError);
+}
+
+}  // namespace
+}  // namespace rostermill::test

@@ -1,0 +1,215 @@
+#include <QLabel>
+#include <QMdiSubWindow>
+#include <QPushButton>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include "screens/probowl/probowl_form.h"
+#include "tests/support/dialogs.h"
+#include "tests/support/sample.h"
+#include "toolkit/control_array.h"
+#include "toolkit/drop_down_list.h"
+#include "toolkit/text_codec.h"
+
+namespace rostermill::test {
+
+namespace {
+
+struct LabelRow {
+  const char* Array;
+  int Count;
+  int FirstPlace;
+  int Listed;  ///< players in the chooser, a team
+  int BaseSlot;
+};
+
+constexpr LabelRow label_rows[] = {
+    {"lblQB", 2, 1, 2, 1},   {"lblRB", 4, 3, 10, 3},  {"lblWR", 4, 7, 10, 3},
+    {"lblTE", 2, 11, 10, 3}, {"lblOL", 5, 13, 5, 13}, {"lblDL", 3, 18, 3, 18},
+    {"lblLB", 4, 21, 4, 21}, {"lblDB", 4, 25, 4, 25}, {"lblK", 2, 29, 2, 29}};
+
+/// The sample league with the small window open and the roster of the first side beside it.
+class ProbowlTest : public testing::Test {
+ protected:
+  ProbowlTest() : session(SampleSession()) {
+    area.resize(1000, 800);
+    area.show();
+    area.ShowOnly(form, [this] { return new frmProbowl(*session); });
+    Press(*form, "btnAFCroster");
+  }
+  ~ProbowlTest() override { EXPECT_EQ(DialogsStillExpected(), 0); }
+
+  static void Press(QWidget& window, const QString& button) {
+    Find<QPushButton>(window, button).click();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+  QList<QWidget*> Rosters() const { return area.findChildren<QWidget*>("frmRoster"); }
+  QWidget& Roster() const { return Find<QWidget>(area, "frmRoster"); }
+  QLabel& Label(const QString& name) const { return Find<QLabel>(Roster(), name); }
+  std::string Name(const QString& label) const { return ToUtf8(Label(label).text()); }
+  void LeftClick(const QString& label) { QTest::mouseClick(&Label(label), Qt::LeftButton); }
+  ProbowlRec& Place(int side, int place) { return session->League.ProbowlData[side][place]; }
+  void SetName(int team, int slot, const std::string& first, const std::string& last) {
+    session->League.NameData[team][slot] = {first, last, "00"};
+  }
+
+  std::unique_ptr<LeagueSession> session;
+  ChildArea area;
+  QPointer<frmProbowl> form;
+};
+
+/// Picks these list entries in the next chooser and leaves by OK.
+void PickInNextChooser(int team_index, int player_index) {
+  OnNextDialog([=](QDialog& chooser) {
+    Find<DropDownList>(chooser, "cmbTeam").SetListIndex(team_index);
+    Find<DropDownList>(chooser, "cmbPlayer").SetListIndex(player_index);
+    Find<QPushButton>(chooser, "btnOK").click();
+  });
+}
+
+// Would catch a label that shows, or fills, another place than its own, and a wrong group.
+TEST_F(ProbowlTest, EveryLabelShowsItsPlaceAndFillsItFromItsGroup) {
+  for (int place = 1; place <= 30; ++place) {
+    SetName(28, place, "place" + std::to_string(place), "OLD");
+    Place(2, place) = {28, static_cast<std::int16_t>(place)};
+  }
+  Press(*form, "btnNFCroster");
+  for (const LabelRow& row : label_rows) {
+    for (int index = 0; index < row.Count; ++index) {
+      const QString label = MemberName(row.Array, index);
+      const int place = row.FirstPlace + index;
+      EXPECT_EQ(Name(label), "place" + std::to_string(place) + " OLD");
+      SetName(16, row.BaseSlot + row.Listed - 1, "last", "LISTED");
+      auto expected = session->League.ProbowlData;
+      expected[2][place] = {16, static_cast<std::int16_t>(row.BaseSlot + row.Listed - 1)};
+      PickInNextChooser(1, row.Listed - 1);
+      LeftClick(label);
+      EXPECT_TRUE(session->League.ProbowlData == expected) << ToUtf8(label);
+      EXPECT_EQ(Name(label), "last LISTED");
+    }
+  }
+}
+
+// Would catch a chooser that opens on any press.
+TEST_F(ProbowlTest, OtherMouseButtonsOpenNothing) {
+  for (const auto button : {Qt::RightButton, Qt::MiddleButton}) {
+    OnNextDialog([](QDialog& chooser) { chooser.reject(); });
+    QTest::mouseClick(&Label("lblWR(2)"), button);
+    QTest::qWait(20);
+    EXPECT_EQ(DialogsStillExpected(), 1);
+  }
+}
+
+// Would catch a place that the keyboard skips or can't open, and an Enter that closes the form.
+TEST_F(ProbowlTest, TheKeyboardWalksThePlacesInOrderAndOpensThem) {
+  QApplication::setActiveWindow(&area);
+  QWidget* at = &Label("lblQB(0)");
+  at->setFocus();
+  for (const LabelRow& row : label_rows) {
+    for (int index = 0; index < row.Count; ++index) {
+      EXPECT_EQ(QApplication::focusWidget(), &Label(MemberName(row.Array, index)));
+      QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+  }
+  EXPECT_EQ(QApplication::focusWidget(), &Find<QPushButton>(Roster(), "btnOK"));
+
+  const auto before = Place(1, 13);
+  ASSERT_NE(before, (ProbowlRec{2, 14}));
+  for (const auto key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
+    Place(1, 13) = before;
+    PickInNextChooser(1, 1);
+    QTest::keyClick(&Label("lblOL(0)"), key);
+    EXPECT_EQ(Place(1, 13), (ProbowlRec{2, 14})) << key;
+    EXPECT_EQ(Rosters().size(), 1);
+  }
+}
+
+// Would catch an exit that stores the group code as a slot, and labels left as they were.
+TEST_F(ProbowlTest, LeavingTheChooserWithoutOkStoresNothingAndRedraws) {
+  const std::function<void(QDialog&)> exits[] = {
+      [](QDialog& chooser) { Find<QPushButton>(chooser, "btnCancel").click(); },
+      [](QDialog& chooser) { QTest::keyClick(&chooser, Qt::Key_Escape); },
+      [](QDialog& chooser) { chooser.close(); }};
+  int turn = 0;
+  for (const auto& leave : exits) {
+    const auto before = session->League.ProbowlData;
+    session->ChosenTeam = 7;
+    const ProbowlRec shown = Place(1, 8);
+    const std::string first = "turn" + std::to_string(++turn);
+    SetName(shown.Team, shown.Slot, first, "NEW");
+    OnNextDialog(leave);
+    LeftClick("lblTE(0)");
+    EXPECT_EQ(session->ChosenTeam, 0) << turn;
+    EXPECT_EQ(session->ChosenSlot, 0) << turn;
+    EXPECT_TRUE(session->League.ProbowlData == before) << turn;
+    EXPECT_EQ(Name("lblWR(1)"), first + " NEW");
+  }
+}
+
+// Would catch an index out of range, and an entry that showing or another pick changes.
+TEST_F(ProbowlTest, APlaceThatNamesNoPlayerSaysSoAndKeepsItsEntry) {
+  const ProbowlRec odd[] = {{29, 1}, {1, 31}, {256, 256}, {0, 5}, {5, 0}};
+  for (int i = 0; i < 5; ++i) Place(1, 13 + i) = odd[i];
+  Press(*form, "btnAFCroster");
+  for (int i = 0; i < 5; ++i) EXPECT_EQ(Name(MemberName("lblOL", i)), "(nobody)");
+  PickInNextChooser(0, 0);
+  LeftClick("lblOL(2)");
+  EXPECT_EQ(Place(1, 15), (ProbowlRec{1, 13}));
+  EXPECT_NE(Name("lblOL(2)"), "(nobody)");
+  for (const int i : {0, 1, 3, 4}) EXPECT_EQ(Place(1, 13 + i), odd[i]);
+}
+
+// Would catch an open roster that keeps the other side's names while picks go to the new side.
+TEST_F(ProbowlTest, ASideButtonTurnsTheOpenRosterAtOnce) {
+  const auto other = Place(1, 1);
+  SetName(15, 2, "north", "SIDE");
+  Place(2, 1) = {15, 2};
+  Press(*form, "btnNFCroster");
+  EXPECT_EQ(Rosters().size(), 1);
+  EXPECT_EQ(Name("lblQB(0)"), "north SIDE");
+  EXPECT_EQ(area.activeSubWindow()->widget(), &Roster());
+  PickInNextChooser(13, 1);
+  LeftClick("lblQB(0)");
+  EXPECT_EQ(Place(2, 1), (ProbowlRec{28, 2}));
+  EXPECT_EQ(Place(1, 1), other);
+}
+
+// Would catch a roster left open without its owner, and one that can't be opened again.
+TEST_F(ProbowlTest, ClosingTheSmallWindowClosesTheRosterToo) {
+  Press(Roster(), "btnOK");
+  EXPECT_TRUE(Rosters().isEmpty());
+  ASSERT_TRUE(form);
+  Press(*form, "btnNFCroster");
+  EXPECT_EQ(Rosters().size(), 1);
+  Press(*form, "btnOK");
+  EXPECT_FALSE(form);
+  EXPECT_TRUE(Rosters().isEmpty());
+
+  area.ShowOnly(form, [this] { return new frmProbowl(*session); });
+  Press(*form, "btnAFCroster");
+  form->parentWidget()->close();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_TRUE(Rosters().isEmpty());
+
+  area.ShowOnly(form, [this] { return new frmProbowl(*session); });
+  Press(*form, "btnOK");
+  EXPECT_FALSE(form);
+}
+
+// Would catch markup, access keys and endless names taken at their word.
+TEST_F(ProbowlTest, OddNamesStandAsTheyAreAndKeepTheFormsSize) {
+  const QSize before = Roster().minimumSizeHint();
+  Place(1, 1) = {1, 1};
+  Place(1, 2) = {1, 2};
+  SetName(1, 1, "<b>a&b", "\xC9</b>");
+  SetName(1, 2, std::string(30'000, 'x'), std::string(30'000, 'W'));
+  Press(*form, "btnAFCroster");
+  EXPECT_EQ(Name("lblQB(0)"), "<b>a&b É</b>");
+  EXPECT_EQ(Label("lblQB(0)").textFormat(), Qt::PlainText);
+  EXPECT_EQ(Roster().minimumSizeHint(), before);
+  EXPECT_FALSE(Roster().grab().isNull());
+}
+
+}  // namespace
+
+}  // namespace rostermill::test

@@ -1,0 +1,187 @@
+#include <QDir>
+#include <QFile>
+
+#include "tests/screens/teams/team_forms_fixture.h"
+#include "toolkit/click_label.h"
+
+namespace rostermill::test {
+namespace {
+
+/// Presses Space on a picture of the next dialog, then a button, or closes it with "close".
+void PickInNextDialog(const QString& picture, const QString& button) {
+  OnNextDialog([=](QDialog& dialog) {
+    if (!picture.isEmpty()) QTest::keyClick(&Find<PictureBox>(dialog, picture), Qt::Key_Space);
+    if (button == "close") {
+      dialog.close();
+    } else if (button == "Esc") {
+      QTest::keyClick(&dialog, Qt::Key_Escape);
+    } else {
+      Find<QPushButton>(dialog, button).click();
+    }
+  });
+}
+
+TEST_F(TeamForms, AJerseyColorIsPendingUntilOK) {
+  Team(6).TeamColors = {{1, 22, 2, 3, 6, 4}};
+  OpenEditor(6);
+  const QString viewed = Viewed("lblInfo(3)");
+  QString first;
+  OnNextDialog([&](QDialog& dialog) {
+    first = Find<QLabel>(dialog, "lblColor").text();
+    Find<QPushButton>(dialog, "btnOK").click();
+  });
+  Press("btnChange(1)");
+  EXPECT_EQ(first, Named(2));
+  EXPECT_EQ(session_->ColorChoice, 2);
+  EXPECT_EQ(session_->PreviewColors[1][3], 2);
+  PickInNextDialog("picColor(40)", "btnOK");
+  Press("btnChange(1)");
+  EXPECT_EQ(Caption("btnChange(1)"), Named(40));
+  EXPECT_EQ(Cell("picJersey(2)", 4, 2), Screen(40));
+  EXPECT_EQ(Viewed("lblInfo(3)"), viewed);
+  PickInNextDialog("picColor(41)", "btnOK");
+  Press("btnChange(2)");
+  Press("btnSave");
+  EXPECT_EQ(Team(6).TeamColors, (IndexedArray<std::int16_t, 1, 6>{{1, 22, 40, 41, 6, 4}}));
+  EXPECT_EQ(Viewed("lblInfo(3)"), " " + Named(1) + " and " + Named(40));
+}
+
+/// Esc and the close box taken for the same thing.
+TEST_F(TeamForms, CancelEscAndTheCloseBoxKeepAJerseyColor) {
+  Team(6).TeamColors[1] = 1;
+  OpenEditor(6);
+  for (const auto& [way, choice] :
+       {std::pair{"btnCancel", 65535}, std::pair{"Esc", 65535}, std::pair{"close", 40}}) {
+    PickInNextDialog("picColor(40)", way);
+    Press("btnChange(0)");
+    EXPECT_EQ(session_->ColorChoice, choice) << way;
+    EXPECT_EQ(session_->PreviewColors[1][1], 1) << way;
+    EXPECT_EQ(Caption("btnChange(0)"), Named(1)) << way;
+  }
+}
+
+TEST_F(TeamForms, AChampionColorIsStoredAtOnceAndKeptByCancel) {
+  OpenEditor(8);
+  PickInNextDialog("picColor(17)", "btnOK");
+  PressPicture("picDivChamp(1)");
+  EXPECT_EQ(Team(8).DivChampColors[2], 17);
+  EXPECT_EQ(Find<ColorBox>(*editor_, "picDivChamp(1)").BackColor(), Screen(17));
+  PickInNextDialog("picColor(18)", "btnCancel");
+  PressPicture("picDivChamp(1)");
+  EXPECT_EQ(Team(8).DivChampColors[2], 17);
+  PickInNextDialog("picColor(19)", "close");
+  PressPicture("picConfChamp(2)");
+  EXPECT_EQ(Team(8).ConfChampColors[3], 19);
+  OnNextDialog([&](QDialog& dialog) {
+    EXPECT_EQ(Find<QLabel>(dialog, "lblColor").text(), Named(19));
+    dialog.reject();
+  });
+  PressPicture("picConfChamp(2)");
+  Press("btnCancel");
+  EXPECT_FALSE(session_->EditTeamOpen);
+  EXPECT_EQ(Team(8).DivChampColors[2], 17);
+}
+
+TEST_F(TeamForms, AnUnknownColorIsKeptByOKAndReplacedByAPick) {
+  Team(8).ConfChampColors[1] = 0xC1;
+  Team(8).TeamColors[1] = 0x41;
+  OpenEditor(8);
+  OnNextDialog([&](QDialog& dialog) {
+    EXPECT_EQ(Find<QLabel>(dialog, "lblColor").text(), "Unknown C1");
+    EXPECT_EQ(Find<ColorBox>(dialog, "picCurrentColor").BackColor(), std::nullopt);
+    Find<QPushButton>(dialog, "btnOK").click();
+  });
+  PressPicture("picConfChamp(0)");
+  EXPECT_EQ(Team(8).ConfChampColors[1], 0xC1);
+  PickInNextDialog("", "btnOK");
+  Press("btnChange(0)");
+  EXPECT_EQ(session_->PreviewColors[1][1], 0x41);
+  PickInNextDialog("picColor(0)", "btnOK");
+  Press("btnChange(0)");
+  EXPECT_EQ(session_->PreviewColors[1][1], 0);
+}
+
+/// Rows of another length, a walk that leaves the palette, 64 stops between the colours and OK.
+TEST_F(TeamForms, ArrowKeysWalkTheColorsAndTabLeavesThem) {
+  Team(8).TeamColors[1] = 22;
+  OpenEditor(8);
+  OnNextDialog([&](QDialog& dialog) {
+    const auto key = [&](Qt::Key pressed) {
+      QTest::keyClick(dialog.focusWidget(), pressed);
+      return dialog.focusWidget()->objectName();
+    };
+    EXPECT_EQ(dialog.focusWidget()->objectName(), "picColor(22)");
+    EXPECT_EQ(key(Qt::Key_Right), "picColor(23)");
+    EXPECT_EQ(key(Qt::Key_Down), "picColor(39)");
+    EXPECT_EQ(key(Qt::Key_Down), "picColor(55)");
+    EXPECT_EQ(key(Qt::Key_Down), "picColor(55)");
+    EXPECT_EQ(key(Qt::Key_Up), "picColor(39)");
+    EXPECT_EQ(key(Qt::Key_End), "picColor(47)");
+    EXPECT_EQ(key(Qt::Key_Right), "picColor(47)");
+    EXPECT_EQ(key(Qt::Key_Home), "picColor(32)");
+    EXPECT_EQ(key(Qt::Key_Left), "picColor(32)");
+    EXPECT_EQ(session_->ColorChoice, 22);
+    EXPECT_EQ(Find<ColorBox>(dialog, "picColor(22)").toolTip(), Named(22) + ", 22 ($16)");
+    EXPECT_EQ(key(Qt::Key_Tab), "btnOK");
+    dialog.reject();
+  });
+  Press("btnChange(0)");
+}
+
+TEST_F(TeamForms, ThePlayChooserStartsFromTheStoredPlay) {
+  session_->League.TeamPlays[5][1] = 2;
+  OpenEditor(5);
+  PickInNextDialog("picRun(6)", "btnOK");
+  Press("btnPlay(0)");
+  EXPECT_EQ(Caption("btnPlay(0)"), "FB Open Left");
+  EXPECT_EQ(session_->League.TeamPlays[5][1], 2);
+  for (const char* way : {"btnCancel", "Esc", "close"}) {
+    PickInNextDialog("picRun(7)", way);
+    Press("btnPlay(0)");
+    EXPECT_EQ(Caption("btnPlay(0)"), "FB Open Left") << way;
+  }
+  // OK without a pick takes the pending one back.
+  OnNextDialog([&](QDialog& dialog) {
+    EXPECT_EQ(Find<QLabel>(dialog, "lblChosen").text(), "WTE Offtackle Right");
+    Find<QPushButton>(dialog, "btnOK").click();
+  });
+  Press("btnPlay(0)");
+  EXPECT_EQ(Caption("btnPlay(0)"), "WTE Offtackle Right");
+  PickInNextDialog("picRun(5)", "btnOK");
+  Press("btnPlay(7)");
+  Press("btnSave");
+  EXPECT_EQ(session_->League.TeamPlays[5][1], 2);
+  EXPECT_EQ(session_->League.TeamPlays[5][8], 5);
+}
+
+/// A dialog that can't be used without its pictures, or that makes a nameless play a named one.
+TEST_F(TeamForms, APlayWithoutPictureIsPickedByItsName) {
+  const TempFolder folder;
+  ASSERT_TRUE(QFile::copy(FromUtf8(BinFolder() + "p3-1.bmp"), FromUtf8(folder.Path("p3-1.bmp"))));
+  session_->AppDir = folder.Path("");
+  if (!session_->AppDir.ends_with('/')) session_->AppDir += '/';
+  session_->League.TeamPlays[5][7] = 9;
+  OpenEditor(5);
+  OnNextDialog([&](QDialog& dialog) {
+    EXPECT_EQ(Find<QLabel>(dialog, "lblChosen").text(), "Unknown play 9");
+    EXPECT_FALSE(Find<PictureBox>(dialog, "picRun(1)").isHidden());
+    EXPECT_TRUE(Find<PictureBox>(dialog, "picRun(3)").isHidden());
+    Find<QPushButton>(dialog, "btnOK").click();
+  });
+  Press("btnPlay(6)");
+  EXPECT_EQ(session_->PreviewPlays[7], 9);
+  OnNextDialog([&](QDialog& dialog) {
+    auto& name = Find<ClickLabel>(dialog, "lblName(3)");
+    EXPECT_EQ(name.text(), "Rund and Shoot 3-Wing");
+    EXPECT_TRUE(name.focusPolicy() & Qt::TabFocus);
+    QTest::mouseClick(&name, Qt::LeftButton);
+    EXPECT_EQ(Find<QLabel>(dialog, "lblChosen").text(), "Rund and Shoot 3-Wing");
+    QTest::keyClick(&Find<ClickLabel>(dialog, "lblName(4)"), Qt::Key_Space);
+    Find<QPushButton>(dialog, "btnOK").click();
+  });
+  Press("btnPlay(6)");
+  EXPECT_EQ(session_->PreviewPlays[7], 4);
+}
+
+}  // namespace
+}  // namespace rostermill::test

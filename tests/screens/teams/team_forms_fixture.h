@@ -1,0 +1,72 @@
+#pragma once
+
+#include <QLabel>
+#include <QMdiSubWindow>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include "screens/players/text_forms.h"
+#include "screens/teams/edit_team.h"
+#include "screens/teams/view_teams.h"
+#include "tests/support/dialogs.h"
+#include "tests/support/sample.h"
+#include "toolkit/text_codec.h"
+
+namespace rostermill::test {
+
+/// The team viewer and its editor in the inside of a main window, on the sample league.
+class TeamForms : public testing::Test {
+ protected:
+  TeamForms() {
+    area_.resize(1400, 900);
+    area_.show();
+  }
+  ~TeamForms() override { EXPECT_EQ(DialogsStillExpected(), 0); }
+
+  void OpenViewer() {
+    viewer_ = new ViewTeams(*session_);
+    area_.ShowForm(viewer_);
+  }
+  void OpenEditor(int team) {
+    if (!viewer_) OpenViewer();
+    GoTo(team);
+    Find<QPushButton>(*viewer_, "btnEdit").click();
+    for (QMdiSubWindow* window : area_.subWindowList()) {
+      if (auto* form = qobject_cast<EditTeam*>(window->widget())) editor_ = form;
+    }
+    ASSERT_NE(editor_, nullptr);
+  }
+
+  DropDownList& Teams() { return Find<DropDownList>(*viewer_, "cmbTeam"); }
+  void GoTo(int team) {
+    const QString text = FromLatin1(TeamListText(session_->League, team));
+    Teams().SetListIndex(Teams().findText(text, Qt::MatchFixedString | Qt::MatchCaseSensitive));
+  }
+  QString Viewed(const char* label) { return Find<QLabel>(*viewer_, label).text(); }
+  TextBox& Box(const char* name) { return Find<TextBox>(*editor_, name); }
+  QString Caption(const char* button) { return Find<QPushButton>(*editor_, button).text(); }
+  void Press(const char* button) { Find<QPushButton>(*editor_, button).click(); }
+  /// Presses Space on a picture of the editor.
+  void PressPicture(const char* picture) {
+    QTest::keyClick(&Find<PictureBox>(*editor_, picture), Qt::Key_Space);
+  }
+  /// The colour of a cell of a figure, by its row and column in the pattern, counted from 1.
+  QColor Cell(const char* figure, int row, int column) {
+    return Find<PictureBox>(*editor_, figure).Picture().pixelColor(3 * column + 1, 3 * row + 1);
+  }
+  QColor Screen(int index) {
+    const PaletteRec& rec = session_->League.PaletteData[index];
+    return {rec.Red, rec.Green, rec.Blue};
+  }
+  QString Named(int index) { return FromLatin1(session_->League.PaletteData[index].Name); }
+  TeamRec& Team(int team) { return session_->League.TeamData[team]; }
+
+  std::unique_ptr<LeagueSession> session_ = SampleSession();
+  ChildArea area_;
+  QPointer<ViewTeams> viewer_;
+  QPointer<EditTeam> editor_;
+};
+
+}  // namespace rostermill::test

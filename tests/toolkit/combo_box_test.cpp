@@ -1,0 +1,95 @@
+#include "toolkit/combo_box.h"
+
+#include <QApplication>
+#include <QHBoxLayout>
+#include <QLineEdit>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include "toolkit/up_down.h"
+
+namespace rostermill {
+namespace {
+
+class ComboBoxTest : public testing::Test {
+ protected:
+  ComboBoxTest() {
+    auto* row = new QHBoxLayout(&window);
+    row->addWidget(box);
+    row->addWidget(other);
+    for (const char* text : {"POR.", "HAR.", "BAY "}) box->AddItem(text);
+    window.connect(box, &ComboBox::Click, &window, [this] { ++clicks; });
+    window.connect(box, &ComboBox::LostFocus, &window, [this] { ++losses; });
+    window.show();
+    QApplication::setActiveWindow(&window);
+    box->setFocus();
+  }
+
+  QWidget window;
+  ComboBox* box = new ComboBox("box", ListOrder::Sorted);
+  QLineEdit* other = new QLineEdit;
+  int clicks = 0;
+  int losses = 0;
+};
+
+// Would catch an entry that stays selected under another text, and one that can't be picked again
+// after something else was typed over it.
+TEST_F(ComboBoxTest, AnEntryIsSelectedOnlyWhileItsTextShows) {
+  box->SetListIndex(1);
+  EXPECT_EQ(box->Text(), "HAR.");
+  QTest::keyClick(box, Qt::Key_Home);
+  QTest::keyClicks(box, "ab");
+  EXPECT_EQ(box->ListIndex(), -1);
+  EXPECT_EQ(box->Text(), "abHAR.");
+  EXPECT_EQ(box->lineEdit()->cursorPosition(), 2);
+  EXPECT_EQ(clicks, 1);
+  box->SetListIndex(1);
+  EXPECT_EQ(clicks, 2);
+  EXPECT_EQ(box->Text(), "HAR.");
+}
+
+// Would catch a text that Qt completes, enters into the list or selects an entry for.
+TEST_F(ComboBoxTest, TypingChangesNothingButTheText) {
+  box->SetText({});
+  QTest::keyClicks(box, "b");
+  QTest::keyClick(box, Qt::Key_Return);
+  EXPECT_EQ(box->Text(), "b");
+  EXPECT_EQ(box->ListIndex(), -1);
+  EXPECT_EQ(box->ListCount(), 3);
+  EXPECT_EQ(clicks, 0);
+}
+
+TEST_F(ComboBoxTest, OnlyAnotherControlTakesTheFocus) {
+  box->showPopup();
+  box->hidePopup();
+  EXPECT_EQ(losses, 0);
+  QTest::keyClick(box, Qt::Key_Tab);
+  EXPECT_TRUE(other->hasFocus());
+  EXPECT_EQ(losses, 1);
+}
+
+// Would catch step buttons that leave the focus, and so an untaken text, in the box before them.
+TEST(UpDownTest, ButtonsAndArrowKeysStepAndTakeTheFocus) {
+  QWidget window;
+  auto* row = new QHBoxLayout(&window);
+  auto* text = new QLineEdit;
+  auto* steps = new UpDown("steps");
+  row->addWidget(text);
+  row->addWidget(steps);
+  int position = 0;
+  QObject::connect(steps, &UpDown::UpClick, &window, [&] { ++position; });
+  QObject::connect(steps, &UpDown::DownClick, &window, [&] { position -= 10; });
+  window.show();
+  QApplication::setActiveWindow(&window);
+  text->setFocus();
+  QTest::mouseClick(steps->findChild<QWidget*>("Up"), Qt::LeftButton);
+  EXPECT_EQ(position, 1);
+  EXPECT_TRUE(steps->hasFocus());
+  QTest::mouseClick(steps->findChild<QWidget*>("Down"), Qt::LeftButton);
+  QTest::keyClick(steps, Qt::Key_Up);
+  QTest::keyClick(steps, Qt::Key_Down);
+  EXPECT_EQ(position, 1 - 10 + 1 - 10);
+}
+
+}  // namespace
+}  // namespace rostermill

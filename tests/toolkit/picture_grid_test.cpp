@@ -1,0 +1,95 @@
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include "tests/support/sample.h"
+#include "toolkit/grid_walk.h"
+#include "toolkit/picture_box.h"
+#include "toolkit/picture_cache.h"
+
+namespace rostermill::test {
+namespace {
+
+TEST(PictureCache, DecodesAFileOnceAndAgainOnlyWhenItHasChanged) {
+  const TempFolder folder;
+  const QString path = QString::fromStdString(folder.Path("face.bmp"));
+  EXPECT_TRUE(LoadPicture(path).isNull());
+  QImage red(4, 4, QImage::Format_RGB32);
+  red.fill(Qt::red);
+  ASSERT_TRUE(red.save(path));
+  const QImage first = LoadPicture(path);
+  EXPECT_EQ(first.pixelColor(3, 3), QColor(Qt::red));
+  EXPECT_EQ(LoadPicture(path).cacheKey(), first.cacheKey());
+
+  QImage blue(5, 4, QImage::Format_RGB32);
+  blue.fill(Qt::blue);
+  ASSERT_TRUE(blue.save(path));
+  EXPECT_EQ(LoadPicture(path).pixelColor(3, 3), QColor(Qt::blue));
+  WriteFile(path.toStdString(), std::string("no picture any more"));
+  EXPECT_TRUE(LoadPicture(path).isNull());
+  std::filesystem::remove(path.toStdString());
+  EXPECT_TRUE(LoadPicture(path).isNull());
+}
+
+TEST(PictureBox, AKeyHeldDownPressesOnce) {
+  PictureBox box("box", QSize(8, 8));
+  box.SetClickable("Photo");
+  int clicks = 0;
+  QObject::connect(&box, &PictureBox::Click, [&] { ++clicks; });
+  QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, {}, true);
+  QApplication::sendEvent(&box, &repeated);
+  EXPECT_EQ(clicks, 0);
+  EXPECT_TRUE(repeated.isAccepted()) << "it must not press the form's default button either";
+}
+
+/// Five cells in rows of three and a field on either side.
+class Grid : public testing::Test {
+ protected:
+  Grid() {
+    auto* row = new QHBoxLayout(&window_);
+    row->addWidget(&before_);
+    std::vector<QWidget*> cells;
+    for (int index = 0; index < 5; ++index) {
+      auto* cell = new PictureBox(QString::number(index), QSize(4, 4));
+      cell->SetClickable("Cell");
+      row->addWidget(cell);
+      cells.push_back(cell);
+    }
+    row->addWidget(&after_);
+    new GridWalk(cells, 3, &window_);
+    before_.setObjectName("before");
+    after_.setObjectName("after");
+    window_.show();
+    QApplication::setActiveWindow(&window_);
+    before_.setFocus();
+  }
+  /// The name of the control that has the focus after these keys.
+  QString After(std::initializer_list<Qt::Key> keys) {
+    for (const Qt::Key key : keys) QTest::keyClick(QApplication::focusWidget(), key);
+    return QApplication::focusWidget()->objectName();
+  }
+
+  QWidget window_;
+  QLineEdit before_;
+  QLineEdit after_;
+};
+
+TEST_F(Grid, ArrowsWalkItAndStopAtItsEdges) {
+  EXPECT_EQ(After({Qt::Key_Tab}), "0");
+  EXPECT_EQ(After({Qt::Key_Left, Qt::Key_Up}), "0");
+  EXPECT_EQ(After({Qt::Key_Right}), "1");
+  EXPECT_EQ(After({Qt::Key_Down}), "4");
+  EXPECT_EQ(After({Qt::Key_Right, Qt::Key_Down}), "4") << "the last row is short";
+  EXPECT_EQ(After({Qt::Key_Home}), "3");
+  EXPECT_EQ(After({Qt::Key_Up, Qt::Key_End}), "2");
+  EXPECT_EQ(After({Qt::Key_Right, Qt::Key_Down}), "2") << "nothing stands below";
+}
+
+TEST_F(Grid, IsOneStopOfTheTabKeyAtTheCellLastVisited) {
+  EXPECT_EQ(After({Qt::Key_Tab, Qt::Key_Right, Qt::Key_Down}), "4");
+  EXPECT_EQ(After({Qt::Key_Tab}), "after");
+  EXPECT_EQ(After({Qt::Key_Backtab}), "4");
+  EXPECT_EQ(After({Qt::Key_Backtab}), "before");
+}
+
+}  // namespace
+}  // namespace rostermill::test

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QList>
+#include <QStringList>
+
+#include <functional>
+
+class QWidget;
+
+namespace rostermill {
+
+/// Rows of cells as lines of tab-separated text. A tab or line break inside a cell becomes a blank.
+QString TabSeparatedText(const QList<QStringList>& rows);
+
+/// Gives the widget "Copy", by Ctrl+C and in its context menu, which puts the text on the
+/// clipboard.
+void AddCopyAction(QWidget* widget, std::function<QString()> text);
+
+}  // namespace rostermill

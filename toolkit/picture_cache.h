@@ -1,0 +1,12 @@
+#pragma once
+
+#include <QImage>
+#include <QString>
+
+namespace rostermill {
+
+/// The picture in a file; null where there is none. It is decoded once in the life of the program,
+/// and again when the file's time or size has changed.
+QImage LoadPicture(const QString& path);
+
+}  // namespace rostermill

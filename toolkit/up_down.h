@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QWidget>
+
+class QToolButton;
+
+namespace rostermill {
+
+/// A pair of step buttons, up over down, that repeat while they are held. It has the focus as one
+/// control, and the arrow keys up and down press the buttons.
+class UpDown : public QWidget {
+  Q_OBJECT
+
+ public:
+  explicit UpDown(const QString& name);
+
+ signals:
+  void UpClick();
+  void DownClick();
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QToolButton* NewArrow(const QString& name, Qt::ArrowType arrow);
+};
+
+}  // namespace rostermill
