@@ -197,10 +197,7 @@ TEST_F(RsmtoolPlayers, AFileThatIsNoPlayersFileIsTurnedAway) {
       {"Team\tSlot\n",
        "line 1: the columns are separated by tabs; save the file with commas "
        "between them\n"},
-      {"Team,Slot,Spe\x1B"
-       "ed\n",
-       "line 1, column 3: there is no column \"Spe\\x1B"
-       "ed\"\n"},
+      {"Team,Slot,Spe\x1B[m\n", "line 1, column 3: \"Spe\\x1B[m\" is no known column\n"},
       {"Team,Slot,Face,FACE\n", "line 1, column 4: the column \"FACE\" stands there twice\n"},
       {"Team,Face\n1,2\n", "line 1: the column \"Slot\" is missing\n"},
       {"Team,Slot\n1,\"1\n", "line 2, column 2: a quote is opened and never closed\n"},

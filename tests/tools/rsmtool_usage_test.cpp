@@ -32,6 +32,8 @@ TEST_F(RsmtoolUsage, AWrongCallIsOneLineAndTwo) {
       {{"dump", a, "b.json"}, "dump takes no file b.json; see rsmtool dump --help"},
       {{"dump", "--json", a}, "Unknown option 'json'; see rsmtool dump --help"},
       {{"diff", "-", "-"}, "standard input can't be read twice"},
+      {{"export-players", a, a},
+       a.toStdString() + " is the image itself; give the CSV another name"},
       {{"import-players", "-", "p.csv"},
        "import-players needs the image as a file that it can change"}};
   for (const auto& [arguments, line] : calls) {

@@ -114,7 +114,7 @@ class PlayerImport {
       const std::string heading = Trimmed(cell.Text);
       const Column* column = FindColumn(heading);
       if (column == nullptr && !heading.empty()) {
-        Fail(cell.Line, number, "there is no column \"" + ShownCell(heading) + "\"");
+        Fail(cell.Line, number, "\"" + ShownCell(heading) + "\" is no known column");
       } else if (column != nullptr && NumberOf(column->Kind, column->Heading) != 0) {
         Fail(cell.Line, number, "the column \"" + ShownCell(heading) + "\" stands there twice");
       }
