@@ -92,7 +92,7 @@ class Replacement {
  public:
   explicit Replacement(const std::string& path) : target_(FinalPath(ToQString(path))) {
     const QFileInfo info(target_);
-    if (info.exists() && !info.isFile()) FailWith(EINVAL);
+    if (!info.isFile() && info.exists()) FailWith(EINVAL);
     if (info.exists() && !info.isWritable()) FailWith(EACCES);
     const QString prefix = "." + info.fileName().left(60) + ".rostermill-";
     RemoveLeftovers(info.dir(), prefix);
@@ -145,11 +145,11 @@ class Replacement {
   QTemporaryFile file_;
 };
 
-/// The number behind a QFile that would not open: errno where the system set it.
+/// Opens a regular file, or fails with the system's reason.
 void OpenForReading(QFile& file) {
   // Devices and pipes could block or never end.
   const QFileInfo info(file.fileName());
-  if (info.exists() && !info.isFile()) FailWith(info.isDir() ? EISDIR : EINVAL);
+  if (!info.isFile() && info.exists()) FailWith(info.isDir() ? EISDIR : EINVAL);
   errno = 0;
   if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) FailWithLastError(ENOENT);
 }

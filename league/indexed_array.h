@@ -2,10 +2,11 @@
 
 #include <array>
 #include <cstddef>
-#include <stdexcept>
-#include <string>
 
 namespace rostermill {
+
+/// Throws std::out_of_range.
+[[noreturn]] void ThrowIndexOutside(int index, int first, int last);
 
 /// A fixed table whose first element has the index First and whose last has the index Last.
 /// The range is checked in every build; an index outside it throws std::out_of_range.
@@ -33,10 +34,7 @@ class IndexedArray {
 
  private:
   static constexpr std::size_t Place(int index) {
-    if (index < First || index > Last) {
-      throw std::out_of_range("index " + std::to_string(index) + " outside " +
-                              std::to_string(First) + " to " + std::to_string(Last));
-    }
+    if (index < First || index > Last) ThrowIndexOutside(index, First, Last);
     return static_cast<std::size_t>(index - First);
   }
 };

@@ -138,9 +138,9 @@ LoadOutcome LoadImage(LeagueSession& session, PipelineHost& host) {
   try {
     return LoadFile(session, host);
   } catch (const FileError& error) {
-    return Fail(host, error.Number(), error.what());
+    return Fail(host, error.Number(), session.ImagePath + ": " + error.what());
   } catch (const std::system_error& error) {
-    return Fail(host, error.code().value(), PalettePath(session.AppDir) + ", " + error.what());
+    return Fail(host, error.code().value(), PalettePath(session.AppDir) + ": " + error.what());
   } catch (const std::bad_alloc& error) {
     return Fail(host, ENOMEM, error.what());
   }

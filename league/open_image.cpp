@@ -2,29 +2,12 @@
 
 #include <algorithm>
 #include <stdexcept>
+#include <string>
 
 namespace rostermill {
 
-std::size_t OpenImage::Checked(int offset, std::size_t length) const {
-  const auto start = static_cast<std::size_t>(offset);
-  if (offset < 0 || start > bytes_.size() || length > bytes_.size() - start) {
-    throw std::out_of_range("offset " + std::to_string(offset) + " outside the image");
-  }
-  return start;
-}
-
-std::uint8_t OpenImage::ReadByteAt(int offset) {
-  const int from = offset < 1 ? position_ : offset;
-  const std::uint8_t byte = bytes_[Checked(from, 1)];
-  position_ = from + 1;
-  return byte;
-}
-
-std::uint16_t OpenImage::ReadWordAt(int offset) {
-  const int from = offset < 1 ? position_ : offset;
-  const std::size_t start = Checked(from, 2);
-  position_ = from + 2;
-  return static_cast<std::uint16_t>(bytes_[start] | bytes_[start + 1] << 8);
+void OpenImage::ThrowOffsetOutside(int offset) {
+  throw std::out_of_range("offset " + std::to_string(offset) + " outside the image");
 }
 
 BytePair OpenImage::ReadPair() {
@@ -33,11 +16,10 @@ BytePair OpenImage::ReadPair() {
   return {bytes_[start], bytes_[start + 1]};
 }
 
-std::string OpenImage::ReadTextAt(int first, int end) const {
+std::string_view OpenImage::ReadTextAt(int first, int end) const {
   if (end <= first) return {};
   const std::size_t length = static_cast<std::size_t>(end - first);
-  const auto start = bytes_.begin() + static_cast<std::ptrdiff_t>(Checked(first, length));
-  return std::string(start, start + static_cast<std::ptrdiff_t>(length));
+  return {reinterpret_cast<const char*>(bytes_.data()) + Checked(first, length), length};
 }
 
 void OpenImage::WriteByteAt(int offset, int value) {

@@ -3,7 +3,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <span>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -29,8 +28,9 @@ class OpenImage {
   std::uint16_t ReadWordAt(int offset);
   std::uint8_t ReadByteAt(int offset);
   BytePair ReadPair();
-  /// The bytes from `first` up to, not including, `end` as text, one character a byte.
-  std::string ReadTextAt(int first, int end) const;
+  /// The bytes from `first` up to, not including, `end` as text, one character a byte. A view into
+  /// the image, good until the next write.
+  std::string_view ReadTextAt(int first, int end) const;
 
   /// Each write takes the low bits of its value. Positions of reads and writes are not shared.
   void WriteByteAt(int offset, int value);
@@ -41,11 +41,36 @@ class OpenImage {
   std::span<const std::uint8_t> Bytes() const { return bytes_; }
 
  private:
+  [[noreturn]] static void ThrowOffsetOutside(int offset);
   std::size_t Checked(int offset, std::size_t length) const;
 
   std::vector<std::uint8_t> bytes_;
   int position_ = 0;
 };
+
+// A load makes 5,000 single reads.
+
+inline std::size_t OpenImage::Checked(int offset, std::size_t length) const {
+  const auto start = static_cast<std::size_t>(offset);
+  if (offset < 0 || start > bytes_.size() || length > bytes_.size() - start) {
+    ThrowOffsetOutside(offset);
+  }
+  return start;
+}
+
+inline std::uint8_t OpenImage::ReadByteAt(int offset) {
+  const int from = offset < 1 ? position_ : offset;
+  const std::uint8_t byte = bytes_[Checked(from, 1)];
+  position_ = from + 1;
+  return byte;
+}
+
+inline std::uint16_t OpenImage::ReadWordAt(int offset) {
+  const int from = offset < 1 ? position_ : offset;
+  const std::size_t start = Checked(from, 2);
+  position_ = from + 2;
+  return static_cast<std::uint16_t>(bytes_[start] | bytes_[start + 1] << 8);
+}
 
 constexpr int HighNibble(int byte) {
   return byte >> 4 & 0x0F;

@@ -119,8 +119,12 @@ Palette ParsePalette(std::string_view text) {
 }
 
 Palette ReadPalette(const std::string& app_dir) {
-  const FileStart file = ReadFileStart(PalettePath(app_dir), longest_palette_file);
-  return ParsePalette({reinterpret_cast<const char*>(file.Bytes.data()), file.Bytes.size()});
+  try {
+    const FileStart file = ReadFileStart(PalettePath(app_dir), longest_palette_file);
+    return ParsePalette({reinterpret_cast<const char*>(file.Bytes.data()), file.Bytes.size()});
+  } catch (const FileError& error) {
+    throw std::system_error(error.Number(), std::generic_category());
+  }
 }
 
 }  // namespace rostermill

@@ -33,8 +33,8 @@ std::string PalettePath(const std::string& app_dir);
 /// invalid_argument for a value that is no number, result_out_of_range for one above FF.
 Palette ParsePalette(std::string_view text);
 
-/// Reads colors.txt in the program's folder. Throws FileError when it can't be read, and as
-/// ParsePalette does.
+/// Reads colors.txt in the program's folder. Throws std::system_error when it can't be read, and
+/// as ParsePalette does.
 Palette ReadPalette(const std::string& app_dir);
 
 }  // namespace rostermill

@@ -22,7 +22,7 @@ int NumberByte(std::string_view number) {
   return error == std::errc{} && end == number.data() + number.size() && value >= 0 ? value : 0;
 }
 
-void SplitName(const std::string& text, NameRec& name) {
+void SplitName(std::string_view text, NameRec& name) {
   const auto capital =
       std::find_if(text.begin(), text.end(), [](char c) { return c >= 'A' && c <= 'Z'; });
   if (capital == text.end()) return;
@@ -41,7 +41,7 @@ std::string PlaceOddity(int start, int end) {
   return "the name lies at " + HexText(start) + ", outside the room for names";
 }
 
-std::string TextOddity(const std::string& entry) {
+std::string TextOddity(std::string_view entry) {
   const int number = static_cast<std::uint8_t>(entry.front());
   if (HighNibble(number) > 9 || LowNibble(number) > 9) {
     return "the number " + HexByteText(number) + " is not decimal";
@@ -64,7 +64,7 @@ void ReadPlayerNames(OpenImage& image, LeagueData& league, const Yield& yield) {
       const int end = image.ReadWordAt(pointer + 2) + address_to_offset;
       pointer += 2;
       if (start < 0 || start >= end) continue;
-      const std::string entry = image.ReadTextAt(start, end);
+      const std::string_view entry = image.ReadTextAt(start, end);
       name.JerseyNumber = HexByteText(static_cast<std::uint8_t>(entry.front()));
       SplitName(entry.substr(1), name);
     }

@@ -42,7 +42,7 @@ struct StockFormation {
 constexpr std::array<StockFormation, 6> stock_formations{
     {{13, 2}, {15, 2}, {18, 2}, {8, 1}, {21, 1}, {28, 1}}};
 
-std::string ReadPointedText(OpenImage& image, int pointer) {
+std::string_view ReadPointedText(OpenImage& image, int pointer) {
   const int start = image.ReadWordAt(pointer) + address_to_offset;
   const int end = image.ReadWordAt(pointer + 2) + address_to_offset;
   return image.ReadTextAt(start, end);

@@ -8,6 +8,11 @@
 namespace rostermill {
 
 Loading::Loading() : ChildForm("Loading", "Loading...") {
+  // It is read while the main window around it is disabled.
+  QPalette colors = palette();
+  colors.setColor(QPalette::Disabled, QPalette::WindowText,
+                  colors.color(QPalette::Active, QPalette::WindowText));
+  setPalette(colors);
   auto* Frame1 = NewFrame("Frame1", "Loading Data From ROM");
   auto* lines = new QVBoxLayout(Frame1);
   for (const char* step :

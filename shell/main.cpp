@@ -2,6 +2,7 @@
 #include <QDir>
 
 #include "shell/rsm_form.h"
+#include "shell/window_icon.h"
 #include "toolkit/text_codec.h"
 
 int main(int argc, char** argv) {
@@ -9,6 +10,8 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName("Rostermill");
   QApplication::setOrganizationName("Rostermill");
   QApplication::setApplicationVersion(ROSTERMILL_VERSION);
+  QApplication::setDesktopFileName("org.rostermill.rostermill");
+  QApplication::setWindowIcon(rostermill::WindowIcon());
 
   rostermill::LeagueSession session;
   session.AppDir =

@@ -97,7 +97,7 @@ bool clsOpenSave::Run(QFileDialog& dialog) {
 void clsOpenSave::TakeOver(const QFileDialog& dialog) {
   file_name_ = WithoutOuterBlanks(QDir::toNativeSeparators(dialog.selectedFiles().front()));
   const QFileInfo file(file_name_);
-  file_title_ = file.fileName();
+  file_title_ = WithoutOuterBlanks(file.fileName());
   const bool has_extension = file_title_.contains('.');
   file_ext_ = has_extension ? AsWord(file_name_.lastIndexOf('.') + 1) : std::int16_t{0};
   init_dir_ = WithoutOuterBlanks(init_dir_);

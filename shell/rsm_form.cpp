@@ -1,11 +1,14 @@
 #include "shell/rsm_form.h"
 
 #include <QApplication>
+#include <QDragEnterEvent>
 #include <QFileInfo>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QMimeData>
 #include <QScreen>
 #include <QStatusBar>
+#include <QTimer>
 
 #include <array>
 
@@ -50,9 +53,9 @@ QMessageBox::Icon IconOf(MessageKind kind) {
   return QMessageBox::NoIcon;
 }
 
-/// A caption that shows "&" as it stands, not as an access key.
+/// A caption that shows "&" as it stands, not as an access key, and a tab not as a column.
 QString PlainCaption(const std::string& text) {
-  return FromLatin1(text).replace("&", "&&");
+  return FromLatin1(text).replace('\t', ' ').replace("&", "&&");
 }
 
 /// The access key is the item's number, counted from 1. The menu stays on the screen however long
@@ -62,6 +65,13 @@ QString RecentCaption(int index, QString path) {
   path.remove(QChar::Null);
   if (path.size() > longest) path = "..." + path.right(longest);
   return QStringLiteral("&%1 ").arg(index + 1) + path.replace("&", "&&");
+}
+
+/// The path of the one image file that is dragged; empty when it is anything else.
+QString DraggedImage(const QDropEvent& event) {
+  const QList<QUrl> urls = event.mimeData()->urls();
+  const QString path = urls.size() == 1 ? urls.constFirst().toLocalFile() : QString();
+  return path.endsWith(".nes", Qt::CaseInsensitive) ? path : QString();
 }
 
 }  // namespace
@@ -77,6 +87,7 @@ void FRSMform::BuildWindow() {
   setWindowTitle("Rostermill");
   area_ = new ChildArea;
   setCentralWidget(area_);
+  setAcceptDrops(true);
   commands_ = {
       {"mFilLoadROM", [this] { mFilLoadROM_Click(); }},
       {"mFilSaveROM", [this] { mFilSaveROM_Click(); }},
@@ -150,6 +161,7 @@ void FRSMform::mFilLoadROM_Click() {
 bool FRSMform::OpenImageFile(const std::string& path) {
   const std::string path_in_use = session_.ImagePath;
   session_.ImagePath = path;
+  focus_before_ = focusWidget();
   loading_ = new Loading;
   area_->ShowForm(loading_);
   area_->CentreForm(loading_);
@@ -161,6 +173,21 @@ bool FRSMform::OpenImageFile(const std::string& path) {
   }
   if (outcome == LoadOutcome::EndProgram) EndProgram();
   return outcome == LoadOutcome::Loaded;
+}
+
+void FRSMform::dragEnterEvent(QDragEnterEvent* event) {
+  const bool free = isEnabled() && QApplication::activeModalWidget() == nullptr;
+  if (free && !DraggedImage(*event).isEmpty()) event->acceptProposedAction();
+}
+
+void FRSMform::dropEvent(QDropEvent* event) {
+  const QString path = DraggedImage(*event);
+  if (path.isEmpty()) return;
+  event->acceptProposedAction();
+  // The program that the file comes from waits for the end of this event, not for a message box.
+  QTimer::singleShot(0, this, [this, path] {
+    if (isEnabled() && OpenImageFile(ToUtf8(path))) AddRecentFile(path);
+  });
 }
 
 void FRSMform::AddRecentFile(const QString& path) {
@@ -269,7 +296,11 @@ void FRSMform::EndProgram() {
 }
 
 void FRSMform::SetBusy(bool busy) {
+  // A disabled window has no focus; it goes back to where it was.
+  const QPointer<QWidget> in_front = focusWidget();
+  if (busy && in_front != loading_) focus_before_ = in_front;
   setEnabled(!busy);
+  if (!busy && focus_before_) focus_before_->setFocus();
   if (busy) {
     QApplication::setOverrideCursor(Qt::WaitCursor);
   } else {

@@ -48,6 +48,11 @@ class FRSMform : public QMainWindow, private PipelineHost {
   /// Makes the menu show the stored paths; none of them is looked up.
   void UpdateRecentList();
 
+ protected:
+  // A dropped image is loaded as by the command.
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+
  private:
   void BuildWindow();
   void MDIForm_Load();
@@ -90,6 +95,7 @@ class FRSMform : public QMainWindow, private PipelineHost {
   QMap<QString, std::function<void()>> commands_;
   ChildArea* area_ = nullptr;
   ElidedLabel* status_ = nullptr;
+  QPointer<QWidget> focus_before_;
 
   QPointer<Loading> loading_;
   QPointer<ViewPlayer> view_player_;

@@ -1,11 +1,27 @@
 #include "toolkit/form.h"
 
+#include <QAction>
 #include <QCloseEvent>
 #include <QKeyEvent>
 #include <QMdiSubWindow>
+#include <QMenu>
 #include <QPushButton>
 
 namespace rostermill {
+
+namespace {
+
+/// Ctrl+F4 alone closes the window of a form: Qt gives it Ctrl+W too, which is a command of the
+/// main menu, and two owners of a key leave it without effect.
+void LeaveKeysToMenu(QMdiSubWindow& window) {
+  for (QAction* action : window.systemMenu()->actions()) {
+    if (action->shortcuts().contains(QKeySequence("Ctrl+W"))) {
+      action->setShortcut(QKeySequence("Ctrl+F4"));
+    }
+  }
+}
+
+}  // namespace
 
 ChildForm::ChildForm(const QString& name, const QString& caption) {
   setObjectName(name);
@@ -63,6 +79,9 @@ void ChildForm::keyPressEvent(QKeyEvent* event) {
 
 ChildArea::ChildArea() {
   setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+  // A small screen or a large font can leave a form outside; it can be scrolled to then.
+  setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
 }
 
 void ChildArea::ShowForm(ChildForm* form) {
@@ -70,6 +89,7 @@ void ChildArea::ShowForm(ChildForm* form) {
   if (window == nullptr) {
     window = addSubWindow(form);
     window->setAttribute(Qt::WA_DeleteOnClose);
+    LeaveKeysToMenu(*window);
     window->resize(window->sizeHint());
     window->show();
   }

@@ -1,8 +1,9 @@
 #include "toolkit/picture_cache.h"
 
-#include <QFileInfo>
 #include <QHash>
 #include <QImageReader>
+
+#include <filesystem>
 
 namespace rostermill {
 
@@ -12,8 +13,8 @@ namespace {
 constexpr qsizetype largest_kept = 1 << 20;
 
 struct KeptPicture {
-  qint64 time = 0;
-  qint64 size = 0;
+  std::filesystem::file_time_type time;
+  std::uintmax_t size = 0;
   QImage picture;
 };
 
@@ -21,18 +22,21 @@ struct KeptPicture {
 
 QImage LoadPicture(const QString& path) {
   static QHash<QString, KeptPicture> kept;
-  const QFileInfo file(path);
-  if (!file.isFile()) return {};
-  const qint64 time = file.fileTime(QFile::FileModificationTime).toMSecsSinceEpoch();
+  // Not QFileInfo: it turns the time into local time, which looks for the time zone each time.
+  const std::filesystem::path file(path.toStdU16String());
+  std::error_code error;
+  const auto size = std::filesystem::file_size(file, error);
+  if (error) return {};
+  const auto time = std::filesystem::last_write_time(file, error);
   const auto known = kept.constFind(path);
-  if (known != kept.cend() && known->time == time && known->size == file.size()) {
+  if (known != kept.cend() && known->time == time && known->size == size) {
     return known->picture;
   }
   // Magnifying a picture with a colour table takes three times as long.
   const QImage picture =
       QImageReader(path).read().convertToFormat(QImage::Format_ARGB32_Premultiplied);
   if (!picture.isNull() && picture.sizeInBytes() <= largest_kept) {
-    kept.insert(path, {time, file.size(), picture});
+    kept.insert(path, {time, size, picture});
   }
   return picture;
 }

@@ -12,6 +12,7 @@
 #include "screens/players/position_layout.h"
 #include "screens/players/show_face.h"
 #include "screens/players/text_forms.h"
+#include "toolkit/elided_label.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/text_codec.h"
 
@@ -41,7 +42,7 @@ EditPlayer::EditPlayer(LeagueSession& session)
 }
 
 void EditPlayer::BuildControls() {
-  lblTeam = NewLabel("lblTeam");
+  lblTeam = new ElidedLabel("lblTeam");
   txtPlayer = new TextBox("txtPlayer", longest_name);
   lblNumber = NewPlayerNumber();
   imgFace = new PictureBox("imgFace", QSize(FaceSize, FaceSize), FaceMagnification);
@@ -59,6 +60,7 @@ void EditPlayer::BuildControls() {
   btnSavePlayer = NewButton("btnSavePlayer", "Save Player");
   btnClose = NewButton("btnClose", "Close");
   SetDefaultButton(btnSavePlayer);
+  setFocusProxy(txtPlayer);
 }
 
 void EditPlayer::LayOut() {
@@ -110,7 +112,7 @@ void EditPlayer::FillEditPlayer() {
   const LeagueData& league = session_.League;
   const int team = session_.CurTeam;
   const int slot = session_.CurSlot;
-  lblTeam->setText(FromLatin1(TeamTitleText(league, team)));
+  lblTeam->SetText(FromLatin1(TeamTitleText(league, team)));
   txtPlayer->SetText(FromLatin1(PlayerEditText(league, team, slot)));
   lblNumber->setText(FromLatin1(NumberCaption(league, team, slot)));
   for (QCheckBox* box : {chkPunt, chkKick}) {

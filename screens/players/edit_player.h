@@ -11,6 +11,7 @@
 namespace rostermill {
 
 class AttributePanel;
+class ElidedLabel;
 
 /// "Edit Player Statstistics": changes the player at CurTeam and CurSlot. All that is pending
 /// lives in the controls' own texts; btnSavePlayer moves it into the league.
@@ -48,7 +49,7 @@ class EditPlayer : public ChildForm {
 
   LeagueSession& session_;
 
-  QLabel* lblTeam = nullptr;
+  ElidedLabel* lblTeam = nullptr;
   TextBox* txtPlayer = nullptr;
   QLabel* lblNumber = nullptr;
   PictureBox* imgFace = nullptr;

@@ -41,6 +41,7 @@ void PlayerPhotos::BuildControls() {
   walk_ = new GridWalk(cells, columns, this);
   radWhite = new QRadioButton("White");
   radWhite->setObjectName("radWhite");
+  radWhite->setChecked(true);
   radBlack = new QRadioButton("Black");
   radBlack->setObjectName("radBlack");
   imgNew = new PictureBox("imgNew", face, FaceMagnification);
@@ -93,8 +94,8 @@ void PlayerPhotos::Connect() {
 }
 
 void PlayerPhotos::Form_Load() {
-  radWhite->setChecked(true);
   for (int index = 0; index < page_size; ++index) ShowFace(*imgFace[index], app_dir_, index);
+  NameCells();
 }
 
 void PlayerPhotos::SetFace(int face) {

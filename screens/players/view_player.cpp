@@ -33,10 +33,12 @@ void ViewPlayer::BuildControls() {
   cmbPosition->setAccessibleName("Position");
   lblNumber = NewPlayerNumber();
   imgFace = new PictureBox("imgFace", QSize(FaceSize, FaceSize), FaceMagnification);
+  imgFace->setAccessibleName("Photo");
   Frame1 = new AttributePanel;
   btnEdit = NewButton("btnEdit", "Edit");
   btnOK = NewButton("btnOK", "OK");
   SetDefaultButton(btnOK);
+  setFocusProxy(cmbTeam);
 }
 
 void ViewPlayer::LayOut() {
@@ -129,10 +131,9 @@ void ViewPlayer::cmbPosition_Click() {
   const QString wanted =
       FromLatin1(PlayerListText(session_.League, session_.CurTeam, session_.CurSlot));
   for (int index = 0; index < cmbPlayer->ListCount(); ++index) {
-    if (cmbPlayer->List(index) == wanted) {
-      cmbPlayer->SetListIndex(index);
-      break;
-    }
+    if (cmbPlayer->List(index) != wanted) continue;
+    if (index == cmbPlayer->ListIndex()) return cmbPlayer_Click();  // perhaps a namesake's entry
+    return cmbPlayer->SetListIndex(index);
   }
 }
 

@@ -39,6 +39,7 @@ void ChooseColor::BuildControls() {
   }
   walk_ = new GridWalk({picColor.begin(), picColor.end()}, columns, this);
   picCurrentColor = new ColorBox("picCurrentColor", current_size);
+  picCurrentColor->setAccessibleName("Picked color");
   lblColor = new ElidedLabel("lblColor");
   lblColor->setText("Color");
   btnOK = NewButton("btnOK", "OK");

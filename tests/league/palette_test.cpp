@@ -87,7 +87,7 @@ TEST(PaletteFile, OurOwnHas64ColorsWithNamesThatDiffer) {
   EXPECT_EQ(names.size(), 64u);
   EXPECT_EQ(PaletteColor(palette, 22), (RgbColor{0xB5, 0x31, 0x20}));
   EXPECT_EQ(PaletteColor(palette, 32), (RgbColor{0xFF, 0xFE, 0xFF}));
-  EXPECT_THROW(ReadPalette(TempFolder().Path("nowhere/")), FileError);
+  EXPECT_THROW(ReadPalette(TempFolder().Path("nowhere/")), std::system_error);
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QPushButton>
+#include <QTest>
 #include <gtest/gtest.h>
 
 #include "league/load_image.h"
@@ -166,6 +167,24 @@ TEST_F(MainWindow, AChangeOfOnePlayerMovesItsOwnBytesAndNoOthers) {
   const LeagueData changed = session_.League;
   Load(path_);
   EXPECT_EQ(session_.League, changed);
+}
+
+TEST_F(MainWindow, ASaveLeavesTheFocusWhereItWasAndCtrlWUnloads) {
+  Load(path_);
+  Item("mViePlayerData").trigger();
+  Find<QPushButton>(*Form("ViewPlayer"), "btnEdit").click();
+  auto& name = Find<TextBox>(*Form("EditPlayer"), "txtPlayer");
+  QApplication::setActiveWindow(window_.get());
+  name.setFocus();
+  AnswerNextMessage("Yes");
+  Item("mFilSaveROM").trigger();
+  EXPECT_EQ(window_->focusWidget(), &name);
+
+  QString text;
+  QApplication::setActiveWindow(window_.get());
+  AnswerNextMessage("No", &text);
+  QTest::keyClick(&name, Qt::Key_W, Qt::ControlModifier);
+  EXPECT_EQ(text, "Are you sure you want to unload the ROM?");
 }
 
 TEST_F(MainWindow, AMissingPaletteIsAskedForAndABlankAnswerEndsTheProgram) {

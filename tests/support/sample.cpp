@@ -21,7 +21,7 @@ std::vector<std::uint8_t> FileBytes(const std::string& path) {
 }
 
 std::vector<std::uint8_t> SampleBytes() {
-  return FileBytes(BinFolder() + "sample.nes");
+  return FileBytes(SAMPLE_IMAGE);
 }
 
 void WriteFile(const std::string& path, const std::vector<std::uint8_t>& bytes) {
@@ -53,7 +53,7 @@ std::unique_ptr<LeagueSession> SampleSession() {
   session->League = ReadLeague(image);
   session->AppDir = BinFolder();
   session->League.PaletteData = ReadPalette(session->AppDir);
-  session->ImagePath = BinFolder() + "sample.nes";
+  session->ImagePath = SAMPLE_IMAGE;
   session->ImageLoaded = 1;
   return session;
 }

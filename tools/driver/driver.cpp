@@ -109,4 +109,21 @@ void AnswerNextFileDialog(const QString& path) {
   });
 }
 
+QPalette DarkPalette() {
+  QPalette palette(QColor(49, 54, 59));
+  palette.setColor(QPalette::Base, QColor(35, 38, 41));
+  palette.setColor(QPalette::AlternateBase, QColor(42, 46, 50));
+  palette.setColor(QPalette::Text, QColor(239, 240, 241));
+  palette.setColor(QPalette::WindowText, QColor(239, 240, 241));
+  palette.setColor(QPalette::ButtonText, QColor(239, 240, 241));
+  palette.setColor(QPalette::ToolTipBase, QColor(35, 38, 41));
+  palette.setColor(QPalette::ToolTipText, QColor(239, 240, 241));
+  palette.setColor(QPalette::Highlight, QColor(61, 126, 201));
+  palette.setColor(QPalette::HighlightedText, Qt::white);
+  for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText}) {
+    palette.setColor(QPalette::Disabled, role, QColor(140, 143, 146));
+  }
+  return palette;
+}
+
 }  // namespace rostermill::driver

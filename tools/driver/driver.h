@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QPalette>
 #include <QWidget>
 
 #include <functional>
@@ -39,5 +40,8 @@ void AnswerNextMessage(const QString& button, QString* text = nullptr, QString* 
 
 /// Chooses this path in the next file dialog; cancels it where the path is empty.
 void AnswerNextFileDialog(const QString& path);
+
+/// A dark scheme, as a dark desktop would hand it to the program.
+QPalette DarkPalette();
 
 }  // namespace rostermill::driver

@@ -109,10 +109,16 @@ TEST_F(PlayerForms, NamesakesShowTheLowerSlotAndTeamsOfOneNameTheFirst) {
   session_->League.TeamData[9].City = session_->League.TeamData[4].City;
   session_->League.TeamData[9].Nickname = session_->League.TeamData[4].Nickname;
   OpenBoth();
-  GoTo(3, 9);
-  EXPECT_EQ(session_->CurSlot, 5);
-  EXPECT_EQ(List("cmbPosition").ListIndex(), 4);
-  EXPECT_EQ(NameBox().Text(), "Twin Brothers");
+  session_->League.NameData[3][9].JerseyNumber = "77";
+  for (const int from : {1, 5}) {
+    GoTo(3, from);
+    List("cmbPosition").SetListIndex(8);
+    EXPECT_EQ(session_->CurSlot, 5) << "from slot " << from;
+    EXPECT_EQ(List("cmbPosition").ListIndex(), 4) << "from slot " << from;
+    EXPECT_EQ(Edited("lblNumber"), "#11") << "from slot " << from;
+    Press("btnSavePlayer");
+  }
+  EXPECT_EQ(Name(3, 9).JerseyNumber, "77") << "one player's data went over the other's";
   auto& teams = List("cmbTeam");
   const int first = teams.findText("LAKEWICK HERONS");
   teams.SetListIndex(first + 1);
@@ -268,6 +274,15 @@ TEST_F(PlayerForms, TheEditorFollowsTheViewerAndClosesWithIt) {
   EXPECT_FALSE(session_->EditPlayerOpen);
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_TRUE(editor_.isNull());
+}
+
+TEST_F(PlayerForms, BothOpenReadyToTypeAndAsWideAsEver) {
+  for (TeamRec& team : session_->League.TeamData) team.City = std::string(50'000, 'W');
+  OpenBoth();
+  EXPECT_LT(editor_->sizeHint().width(), 1000);
+  EXPECT_LT(editor_->minimumSizeHint().width(), 1000);
+  EXPECT_EQ(editor_->focusProxy(), &NameBox());
+  EXPECT_EQ(viewer_->focusProxy(), &List("cmbTeam"));
 }
 
 TEST_F(PlayerForms, AMissingPhotoFallsBackAndThenToNothing) {

@@ -1,0 +1,135 @@
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <string>
+
+#include "bench/pairs.h"
+#include "league/file_access.h"
+#include "league/load_image.h"
+#include "league/player_names.h"
+#include "league/save_image.h"
+#include "league/team_data.h"
+#include <fcntl.h>
+#include <unistd.h>
+
+namespace rostermill::bench {
+
+namespace {
+
+constexpr int load_pairs = 2000;
+constexpr int save_pairs = 150;
+
+/// A caller of the pipelines that shows nothing and agrees.
+class SilentHost : public PipelineHost {
+ public:
+  void SetBusy(bool) override {}
+  void SetLoadingCaption(int, std::string_view) override {}
+  void CloseLoading() override {}
+  void YieldToWindow() override {}
+  void Beep() override {}
+  void UpdateCommandState() override {}
+  void ShowMessage(MessageKind, const std::string& text, const std::string&) override {
+    std::fprintf(stderr, "%s\n", text.c_str());
+    std::exit(1);
+  }
+  bool Confirm(const std::string&, const std::string&) override { return true; }
+  std::string AskForText(const std::string&, const std::string&, const std::string&) override {
+    return {};
+  }
+};
+
+void Check(bool holds, const char* what) {
+  if (holds) return;
+  std::perror(what);
+  std::exit(1);
+}
+
+/// The bare cost of a load: one open and one read, into memory of its own.
+void ReadBare(const std::string& path) {
+  std::vector<std::uint8_t> bytes(OpenImage::WholeSize);
+  const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
+  Check(file >= 0, "open");
+  Check(::read(file, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size()), "read");
+  ::close(file);
+}
+
+/// The bare cost of a save: a temporary file, made safe, renamed, and its folder made safe.
+void WriteBare(const std::string& path, const std::vector<std::uint8_t>& bytes) {
+  const std::string temporary = path + ".new";
+  const int file = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+  Check(file >= 0, "open");
+  Check(::write(file, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size()), "write");
+  Check(::fsync(file) == 0, "fsync");
+  ::close(file);
+  Check(::rename(temporary.c_str(), path.c_str()) == 0, "rename");
+  const std::string folder_path = std::filesystem::path(path).parent_path();
+  const int folder = ::open(folder_path.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  Check(folder >= 0 && ::fsync(folder) == 0, "fsync of the folder");
+  ::close(folder);
+}
+
+void Load(LeagueSession& session) {
+  SilentHost host;
+  if (LoadImage(session, host) != LoadOutcome::Loaded) std::exit(1);
+}
+
+void Save(const LeagueSession& session) {
+  SilentHost host;
+  if (SaveImage(session, host) != SaveOutcome::Saved) std::exit(1);
+}
+
+/// Fills all that can grow up to what the image has room for: names, team texts and schedule.
+void FillToTheLimits(LeagueData& league) {
+  for (int team = 1; NameBytesNeeded(league) < NameDataCapacity; team = team % TeamCount + 1) {
+    for (NameRec& name : league.NameData[team]) {
+      if (NameBytesNeeded(league) < NameDataCapacity) name.LastName += 'X';
+    }
+  }
+  for (int team = 1; TeamTextBytesNeeded(league) < TeamTextCapacity; team = team % TeamCount + 1) {
+    league.TeamData[team].City += 'X';
+  }
+  for (ScheduleWeek& week : league.ScheduleData) week.GameCount = GamesPerWeek;
+}
+
+void ComparePipelines(LeagueSession& session, const std::string& copy, const std::string& which) {
+  const std::vector<std::uint8_t> bytes(OpenImage::WholeSize);
+  Compare(
+      {"load" + which, 3, load_pairs}, [&] { return Milliseconds([&] { Load(session); }); },
+      [&] { return Milliseconds([&] { ReadBare(session.ImagePath); }); });
+  Compare(
+      {"save" + which, 1.15, save_pairs}, [&] { return Milliseconds([&] { Save(session); }); },
+      [&] { return Milliseconds([&] { WriteBare(copy, bytes); }); });
+}
+
+/// One load or one save for an instruction counter; the league for the save is read before.
+int RunOnce(LeagueSession& session, const std::string& what) {
+  if (what == "--load") Load(session);
+  if (what == "--save") {
+    OpenImage image(ReadFileStart(session.ImagePath, OpenImage::WholeSize).Bytes);
+    session.League = ReadLeague(image);
+    Save(session);
+  }
+  return 0;
+}
+
+}  // namespace
+
+}  // namespace rostermill::bench
+
+/// bench_league BIN-FOLDER WORK-FOLDER [--load | --save]
+int main(int argc, char** argv) {
+  using namespace rostermill;
+  using namespace rostermill::bench;
+  if (argc < 3) return 2;
+  LeagueSession session;
+  session.AppDir = std::string(argv[1]) + "/";
+  const std::string work = std::string(argv[2]) + "/";
+  session.ImagePath = work + "league.nes";
+  std::filesystem::copy_file(session.AppDir + "sample.nes", session.ImagePath,
+                             std::filesystem::copy_options::overwrite_existing);
+  if (argc > 3) return RunOnce(session, argv[3]);
+  ComparePipelines(session, work + "bare.nes", " of a whole image");
+  FillToTheLimits(session.League);
+  Save(session);
+  ComparePipelines(session, work + "bare.nes", " with all texts and 238 games at their limits");
+}

@@ -1,0 +1,23 @@
+#include <QAction>
+#include <QApplication>
+#include <QSettings>
+
+#include <cstdlib>
+
+#include "shell/rsm_form.h"
+#include "toolkit/text_codec.h"
+
+// The editor with the sample loaded and one form open, ended when all is painted. Its peak memory
+// is what bench_process compares.
+int main(int argc, char** argv) {
+  QApplication app(argc, argv);
+  rostermill::LeagueSession session;
+  session.AppDir = rostermill::ToUtf8(QString::fromLocal8Bit(argv[1]) + "/");
+  QSettings settings;
+  rostermill::FRSMform window(session, &settings);
+  window.show();
+  if (!window.OpenImageFile(session.AppDir + "sample.nes")) return 1;
+  window.findChild<QAction*>("mViePlayerData")->trigger();
+  QCoreApplication::processEvents();
+  std::_Exit(0);
+}

@@ -1,0 +1,259 @@
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QImageReader>
+#include <QRadioButton>
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "bench/pairs.h"
+#include "bench/twin.h"
+#include "league/file_access.h"
+#include "league/load_image.h"
+#include "league/palette.h"
+#include "screens/leaders/form_print.h"
+#include "screens/leaders/view_leaders.h"
+#include "screens/players/edit_player.h"
+#include "screens/players/face_paths.h"
+#include "screens/players/player_photos.h"
+#include "screens/players/view_player.h"
+#include "screens/probowl/choose_player_form.h"
+#include "screens/probowl/probowl_form.h"
+#include "screens/probowl/roster_form.h"
+#include "screens/schedule/edit_schedule.h"
+#include "screens/schedule/view_schedule.h"
+#include "screens/schedule/view_team_schedule.h"
+#include "screens/settings/game_settings_form.h"
+#include "screens/teams/choose_color.h"
+#include "screens/teams/choose_play.h"
+#include "screens/teams/edit_team.h"
+#include "screens/teams/view_teams.h"
+#include "toolkit/text_codec.h"
+#include "tools/driver/driver.h"
+
+namespace rostermill::bench {
+
+namespace {
+
+constexpr int form_pairs = 101;
+constexpr int click_pairs = 201;
+constexpr int page_size = 128;
+
+/// Until all layouts are made and all is painted.
+void Settle() {
+  for (int round = 0; round < 3; ++round) QCoreApplication::processEvents();
+}
+
+/// Shows the form as the program does, and waits for its last paint.
+void Open(ChildArea& area, QWidget* form) {
+  if (auto* child = qobject_cast<ChildForm*>(form)) {
+    area.ShowForm(child);
+  } else {
+    form->show();
+  }
+  Settle();
+}
+
+void Close(QWidget* form) {
+  if (auto* child = qobject_cast<ChildForm*>(form)) {
+    child->CloseForm();
+  } else {
+    delete form;
+  }
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  Settle();
+}
+
+template <typename Make>
+double CostOfOpening(ChildArea& area, Make make) {
+  QWidget* form = nullptr;
+  const double cost = Milliseconds([&] {
+    form = make();
+    Open(area, form);
+  });
+  Close(form);
+  return cost;
+}
+
+template <typename Make>
+void CompareForm(ChildArea& area, const std::string& name, Make make) {
+  QWidget* model = make();
+  Open(area, model);
+  const Twin twin(*model);
+  Compare(
+      {"form " + name, 1.5, form_pairs}, [&] { return CostOfOpening(area, make); },
+      [&] { return CostOfOpening(area, [&] { return twin.Make(); }); });
+  Close(model);
+}
+
+void CompareForms(ChildArea& area, LeagueSession& session) {
+  CompareForm(area, "ViewPlayer", [&] { return new ViewPlayer(session); });
+  CompareForm(area, "EditPlayer", [&] { return new EditPlayer(session); });
+  CompareForm(area, "ViewTeams", [&] { return new ViewTeams(session); });
+  CompareForm(area, "EditTeam", [&] { return new EditTeam(session); });
+  CompareForm(area, "ViewLeaders", [&] { return new ViewLeaders(session); });
+  CompareForm(area, "frmEditSchedule", [&] { return new frmEditSchedule(session); });
+  CompareForm(area, "ViewTeamSchedule", [&] {
+    auto* form = new ViewTeamSchedule(session);
+    form->ShowTeam();
+    return form;
+  });
+  CompareForm(area, "frmEditGameSettings", [&] { return new frmEditGameSettings(session); });
+  CompareForm(area, "frmProbowl", [&] { return new frmProbowl(session); });
+  CompareForm(area, "frmRoster", [&] { return new frmRoster(session); });
+  CompareForm(area, "PlayerPhotos", [&] { return new PlayerPhotos(&area, session.AppDir); });
+  CompareForm(area, "ChooseColor", [&] { return new ChooseColor(&area, session); });
+  CompareForm(area, "ChoosePlay", [&] { return new ChoosePlay(&area, session); });
+  CompareForm(area, "FormPrint", [&] { return new FormPrint(&area, session, 0); });
+  CompareForm(area, "frmChoosePlayer", [&] {
+    session.ChosenSlot = 1;
+    return new frmChoosePlayer(&area, session);
+  });
+}
+
+void CompareSeasonGrid(ChildArea& area, LeagueSession& session) {
+  for (ScheduleWeek& week : session.League.ScheduleData) week.GameCount = GamesPerWeek;
+  CompareForm(area, "ViewSchedule, 17 full weeks", [&] { return new ViewSchedule(session); });
+}
+
+/// What one step costs until it is painted, against a repaint of its whole form.
+template <typename Step>
+void CompareStep(const std::string& what, QWidget& form, Step step) {
+  Compare(
+      {what, 2, click_pairs},
+      [&] {
+        return Milliseconds([&] {
+          step();
+          Settle();
+        });
+      },
+      [&] {
+        return Milliseconds([&] {
+          form.update();
+          Settle();
+        });
+      });
+}
+
+void SelectNext(QComboBox& list) {
+  list.setCurrentIndex((list.currentIndex() + 1) % list.count());
+}
+
+void CompareSteps(ChildArea& area, LeagueSession& session) {
+  using driver::Find;
+  auto* player = new ViewPlayer(session);
+  Open(area, player);
+  CompareStep("next player", *player, [&] { SelectNext(Find<QComboBox>(*player, "cmbPlayer")); });
+  CompareStep("next team of players", *player,
+              [&] { SelectNext(Find<QComboBox>(*player, "cmbTeam")); });
+  Close(player);
+  auto* teams = new ViewTeams(session);
+  Open(area, teams);
+  CompareStep("next team", *teams, [&] { SelectNext(Find<QComboBox>(*teams, "cmbTeam")); });
+  Close(teams);
+  auto* leaders = new ViewLeaders(session);
+  Open(area, leaders);
+  CompareStep("next position group", *leaders,
+              [&] { SelectNext(Find<QComboBox>(*leaders, "cmbPosition")); });
+  CompareStep("sort click", *leaders,
+              [&] { emit Find<ClickLabel>(*leaders, "lblHead(1)").Click(); });
+  Close(leaders);
+}
+
+/// The photo picker turns its pages over a folder whose files it takes for new ones or for known.
+class PhotoPages {
+ public:
+  PhotoPages(ChildArea& area, const LeagueSession& session, const QString& work)
+      : folder_(work + "/"), photos_(MakeFolder(session, folder_)) {
+    Q_UNUSED(area);
+  }
+
+  /// The page that isn't shown, from its click on; the pictures are painted later.
+  double Turn(bool as_new) {
+    white_ = !white_;
+    auto& page = driver::Find<QRadioButton>(*photos_, white_ ? "radWhite" : "radBlack");
+    if (as_new) TouchFiles();
+    return Milliseconds([&] { page.click(); });
+  }
+
+  double Decode() const {
+    return Milliseconds([this] {
+      for (int index = 0; index < page_size; ++index) {
+        if (QImageReader(FaceFile(index)).read().isNull()) std::exit(1);
+      }
+    });
+  }
+
+ private:
+  static std::unique_ptr<PlayerPhotos> MakeFolder(const LeagueSession& session,
+                                                  const QString& folder) {
+    QDir().mkpath(folder + "faces");
+    for (int face = 0; face < 2 * page_size; ++face) {
+      QFile::copy(FromUtf8(FacePath(session.AppDir, face)),
+                  FromUtf8(FacePath(ToUtf8(folder), face)));
+    }
+    return std::make_unique<PlayerPhotos>(nullptr, ToUtf8(folder));
+  }
+
+  QString FaceFile(int index) const {
+    return FromUtf8(FacePath(ToUtf8(folder_), index + (white_ ? 0 : page_size)));
+  }
+
+  void TouchFiles() {
+    ++seconds_;
+    for (int index = 0; index < page_size; ++index) {
+      QFile file(FaceFile(index));
+      if (!file.open(QIODevice::ReadWrite) ||
+          !file.setFileTime(QDateTime::fromSecsSinceEpoch(seconds_),
+                            QFileDevice::FileModificationTime)) {
+        std::exit(1);
+      }
+    }
+  }
+
+  QString folder_;
+  std::unique_ptr<PlayerPhotos> photos_;
+  bool white_ = true;
+  qint64 seconds_ = 1'000'000;
+};
+
+void ComparePhotoPages(ChildArea& area, const LeagueSession& session, const QString& work) {
+  PhotoPages pages(area, session, work);
+  Compare(
+      {"photo page of 128, first time", 1.3, form_pairs}, [&] { return pages.Turn(true); },
+      [&] { return pages.Decode(); });
+  Compare(
+      {"photo page of 128, seen before", 0.6, form_pairs}, [&] { return pages.Turn(false); },
+      [&] { return pages.Decode(); });
+}
+
+void LoadSample(LeagueSession& session, const std::string& bin) {
+  session.AppDir = bin + "/";
+  OpenImage image(ReadFileStart(session.AppDir + "sample.nes", OpenImage::WholeSize).Bytes);
+  session.League = ReadLeague(image);
+  session.League.PaletteData = ReadPalette(session.AppDir);
+  session.ImageLoaded = 1;
+}
+
+}  // namespace
+
+}  // namespace rostermill::bench
+
+/// bench_window BIN-FOLDER WORK-FOLDER
+int main(int argc, char** argv) {
+  using namespace rostermill;
+  using namespace rostermill::bench;
+  QApplication app(argc, argv);
+  if (argc != 3) return 2;
+  LeagueSession session;
+  LoadSample(session, argv[1]);
+  ChildArea area;
+  area.resize(1120, 800);
+  area.show();
+  Settle();
+  CompareForms(area, session);
+  ComparePhotoPages(area, session, QString::fromLocal8Bit(argv[2]));
+  CompareSteps(area, session);
+  CompareSeasonGrid(area, session);
+}

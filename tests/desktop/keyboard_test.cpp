@@ -1,0 +1,234 @@
+#include <QAccessible>
+#include <QComboBox>
+#include <QDragEnterEvent>
+#include <QMimeData>
+#include <QRadioButton>
+#include <QWheelEvent>
+
+#include "tests/desktop/all_forms.h"
+
+namespace rostermill::test {
+namespace {
+
+std::string NameOf(const QWidget* widget) {
+  return widget == nullptr
+             ? "nothing"
+             : widget->objectName().toStdString() + " (" + widget->metaObject()->className() + ")";
+}
+
+/// The controls that take the focus in the way asked for, those inside other controls left out.
+QList<QWidget*> Controls(QWidget& form, const std::function<bool(Qt::FocusPolicy)>& wanted) {
+  QList<QWidget*> controls;
+  for (QWidget* widget : form.findChildren<QWidget*>()) {
+    if (widget->isVisibleTo(&form) && widget->isEnabled() && widget->focusProxy() == nullptr &&
+        wanted(widget->focusPolicy())) {
+      controls << widget;
+    }
+  }
+  return controls;
+}
+
+bool ByTab(Qt::FocusPolicy policy) {
+  return (policy & Qt::TabFocus) != 0;
+}
+
+bool ByClickOnly(Qt::FocusPolicy policy) {
+  return policy == Qt::ClickFocus;
+}
+
+void Key(int key) {
+  if (QWidget* focus = QApplication::focusWidget()) {
+    QTest::keyClick(focus, static_cast<Qt::Key>(key));
+  }
+}
+
+/// All that the Tab key comes to, from the first control to where it meets a known one.
+QList<QWidget*> TabWalk(QWidget& form, QWidget* first) {
+  QList<QWidget*> walk;
+  first->setFocus(Qt::TabFocusReason);
+  while (QApplication::focusWidget() != nullptr && !walk.contains(QApplication::focusWidget()) &&
+         form.isAncestorOf(QApplication::focusWidget())) {
+    walk << QApplication::focusWidget();
+    Key(Qt::Key_Tab);
+  }
+  return walk;
+}
+
+/// The two ancestors, or widgets themselves, that stand side by side in one container.
+std::pair<QRect, QRect> PlacesSideBySide(QWidget* a, QWidget* b) {
+  while (!a->parentWidget()->isAncestorOf(b)) a = a->parentWidget();
+  while (b->parentWidget() != a->parentWidget()) b = b->parentWidget();
+  return {a->geometry(), b->geometry()};
+}
+
+/// Reading goes down or to the right, which a new column does too.
+bool IsRead(QWidget* before, QWidget* after) {
+  const auto [a, b] = PlacesSideBySide(before, after);
+  return b.left() > a.right() || b.top() > a.bottom();
+}
+
+/// Walks a grid by the arrow keys from its upper left cell.
+QSet<QWidget*> ArrowWalk(QWidget* stop) {
+  constexpr int enough = 100;
+  QSet<QWidget*> met;
+  stop->setFocus();
+  for (int step = 0; step < enough; ++step) Key(Qt::Key_Up);
+  for (QWidget* row = nullptr; row != QApplication::focusWidget();) {
+    Key(Qt::Key_Home);
+    row = QApplication::focusWidget();
+    for (QWidget* cell = nullptr; cell != QApplication::focusWidget(); Key(Qt::Key_Right)) {
+      cell = QApplication::focusWidget();
+      met << cell;
+      if (met.contains(nullptr)) return met;
+    }
+    Key(Qt::Key_Home);
+    Key(Qt::Key_Down);
+  }
+  return met;
+}
+
+// Catches a control that only the mouse reaches, and a tab order of the order of making.
+TEST_F(AllForms, TabReachesEverythingInReadingOrder) {
+  VisitAll([](QWidget& form) {
+    const QList<QWidget*> stops = Controls(form, ByTab);
+    // Forms that only show texts have no control.
+    if (form.focusPolicy() != Qt::NoFocus || form.objectName() == "Loading") return;
+    ASSERT_FALSE(stops.isEmpty());
+    QList<QWidget*> walk = TabWalk(form, stops.constFirst());
+    const auto reached = [&](QWidget* stop) {
+      if (qobject_cast<QRadioButton*>(stop) == nullptr) return walk.contains(stop);
+      // One button stands for its group, and the arrow keys walk within.
+      return std::any_of(walk.begin(), walk.end(), [stop](QWidget* other) {
+        return qobject_cast<QRadioButton*>(other) && other->parent() == stop->parent();
+      });
+    };
+    for (QWidget* stop : stops) EXPECT_TRUE(reached(stop)) << NameOf(stop);
+    const auto upper_left = [](QWidget* a, QWidget* b) { return IsRead(a, b) && !IsRead(b, a); };
+    const auto head = std::min_element(walk.begin(), walk.end(), upper_left);
+    std::rotate(walk.begin(), head, walk.end());
+    for (int at = 1; at < walk.size(); ++at) {
+      EXPECT_TRUE(IsRead(walk[at - 1], walk[at]))
+          << NameOf(walk[at - 1]) << " is followed by " << NameOf(walk[at]);
+    }
+  });
+}
+
+// Catches cells that belong to one tab stop and that no arrow key leads to.
+TEST_F(AllForms, ArrowKeysReachTheCellsBehindATabStop) {
+  VisitAll([](QWidget& form) {
+    QList<QWidget*> cells = Controls(form, ByClickOnly);
+    QSet<QWidget*> met;
+    for (QWidget* stop : Controls(form, ByTab)) {
+      const bool grid = std::any_of(cells.begin(), cells.end(), [&](QWidget* cell) {
+        return cell->parentWidget() == stop->parentWidget() &&
+               cell->metaObject() == stop->metaObject();
+      });
+      if (grid) met += ArrowWalk(stop);
+    }
+    for (QWidget* cell : cells) {
+      EXPECT_TRUE(met.contains(cell) || qobject_cast<QRadioButton*>(cell)) << NameOf(cell);
+    }
+  });
+}
+
+TEST_F(AllForms, WhatHasNoCaptionHasANameForAssistiveTechnology) {
+  VisitAll([](QWidget& form) {
+    QList<QWidget*> controls = Controls(form, [](auto policy) { return policy != Qt::NoFocus; });
+    for (PictureBox* picture : form.findChildren<PictureBox*>()) controls << picture;
+    for (QWidget* control : controls) {
+      QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(control);
+      ASSERT_NE(spoken, nullptr) << NameOf(control);
+      EXPECT_FALSE(spoken->text(QAccessible::Name).trimmed().isEmpty()) << NameOf(control);
+    }
+  });
+}
+
+TEST_F(AllForms, TheWheelChangesNoListWithoutTheFocus) {
+  VisitAll([](QWidget& form) {
+    for (QComboBox* list : form.findChildren<QComboBox*>()) {
+      for (QWidget* other : Controls(form, ByTab)) {
+        if (other != list) other->setFocus();
+      }
+      const int selected = list->currentIndex();
+      for (const int turn : {-120, 120}) {
+        const QPointF middle = list->rect().center();
+        QWheelEvent wheel(middle, list->mapToGlobal(middle), {}, {0, turn}, Qt::NoButton,
+                          Qt::NoModifier, Qt::NoScrollPhase, false);
+        QCoreApplication::sendEvent(list, &wheel);
+        EXPECT_EQ(list->currentIndex(), selected) << NameOf(list);
+      }
+    }
+  });
+}
+
+// A busy window is disabled, which takes the focus from its controls.
+TEST_F(AllForms, TheFocusOutlivesASaveAndALoad) {
+  Pick("mViePlayerData");
+  auto& teams = Find<QComboBox>(Form("ViewPlayer"), "cmbTeam");
+  teams.setFocus();
+  AnswerNextMessage("Yes");
+  Pick("mFilSaveROM");
+  Activate(window_);
+  EXPECT_EQ(QApplication::focusWidget(), &teams) << NameOf(QApplication::focusWidget());
+  EXPECT_TRUE(window_.OpenImageFile(path_));
+  QCoreApplication::processEvents();
+  EXPECT_EQ(QApplication::focusWidget(), &teams) << NameOf(QApplication::focusWidget());
+}
+
+TEST_F(AllForms, TheKeysOfChildWindowsWork) {
+  Pick("mVieTeamData");
+  Pick("mViePlayerData");
+  const auto active = [this] {
+    return Area().activeSubWindow()->widget()->objectName().toStdString();
+  };
+  ASSERT_EQ(active(), "ViewPlayer");
+  AnswerNextMessage("No");
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_W, Qt::ControlModifier);
+  Activate(window_);
+  ASSERT_EQ(active(), "ViewPlayer");
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
+  QTest::keyRelease(QApplication::focusWidget(), Qt::Key_Control);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(active(), "ViewTeams");
+  QTest::keyClick(QApplication::focusWidget(), Qt::Key_F4, Qt::ControlModifier);
+  QCoreApplication::processEvents();
+  EXPECT_EQ(active(), "ViewPlayer");
+  EXPECT_EQ(Area().subWindowList().size(), 1);
+}
+
+/// Drags a file over the main window and lets it go; whether the window took it.
+bool Drop(QWidget& window, const QString& path) {
+  QMimeData file;
+  file.setUrls({QUrl::fromLocalFile(path)});
+  const QPoint place(100, 100);
+  QDragEnterEvent enter(place, Qt::CopyAction, &file, Qt::LeftButton, Qt::NoModifier);
+  enter.setAccepted(false);
+  QCoreApplication::sendEvent(&window, &enter);
+  if (!enter.isAccepted()) return false;
+  QDropEvent drop(place, Qt::CopyAction, &file, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(&window, &drop);
+  QCoreApplication::processEvents();
+  return drop.isAccepted();
+}
+
+TEST_F(AllForms, ADroppedImageIsLoadedAsByTheCommand) {
+  const std::string other = folder_.Path("OTHER.NES");
+  WriteFile(other, SampleBytes());
+  EXPECT_FALSE(Drop(window_, QString::fromStdString(BinFolder() + "colors.txt")));
+  EXPECT_EQ(session_.ImagePath, path_);
+  EXPECT_TRUE(Drop(window_, QString::fromStdString(other)));
+  EXPECT_EQ(session_.ImagePath, other);
+  EXPECT_EQ(window_.GetRecentFiles()[0].toStdString(), other);
+
+  WriteFile(folder_.Path("text.nes"), std::string("no image"));
+  QString text;
+  AnswerNextMessage("OK", &text);
+  EXPECT_TRUE(Drop(window_, QString::fromStdString(folder_.Path("text.nes"))));
+  QTest::qWait(50);
+  EXPECT_EQ(text, "Not a valid ROM file!");
+  EXPECT_EQ(session_.ImagePath, other);
+  EXPECT_EQ(window_.GetRecentFiles()[0].toStdString(), other);
+}
+
+}  // namespace
+}  // namespace rostermill::test

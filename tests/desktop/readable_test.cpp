@@ -1,0 +1,155 @@
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLineEdit>
+
+#include <cmath>
+#include <map>
+
+#include "tests/desktop/all_forms.h"
+#include "toolkit/click_label.h"
+
+namespace rostermill::test {
+namespace {
+
+double Luminance(QRgb color) {
+  const auto linear = [](int channel) {
+    const double part = channel / 255.0;
+    return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(qRed(color)) + 0.7152 * linear(qGreen(color)) +
+         0.0722 * linear(qBlue(color));
+}
+
+double Contrast(QRgb a, QRgb b) {
+  const auto [dark, light] = std::minmax(Luminance(a), Luminance(b));
+  return (light + 0.05) / (dark + 0.05);
+}
+
+/// The contrast of the strongest ink in a picture to the colour that most of it has. `rim` pixels
+/// at the edge are the control's frame.
+double InkContrast(QWidget& control, int rim) {
+  const QImage shown = control.grab().toImage().convertToFormat(QImage::Format_RGB32);
+  const QRect inside = shown.rect().adjusted(rim, rim, -rim, -rim);
+  std::map<QRgb, int> counts;
+  for (int y = inside.top(); y <= inside.bottom(); ++y) {
+    for (int x = inside.left(); x <= inside.right(); ++x) ++counts[shown.pixel(x, y)];
+  }
+  const auto ground = std::max_element(counts.begin(), counts.end(),
+                                       [](auto& a, auto& b) { return a.second < b.second; });
+  double best = 1;
+  for (const auto& [color, count] : counts) best = std::max(best, Contrast(color, ground->first));
+  return best;
+}
+
+/// The text that a control shows; empty for one that shows none.
+QString TextOf(const QWidget* control) {
+  if (auto* label = qobject_cast<const QLabel*>(control)) return label->text();
+  if (auto* button = qobject_cast<const QAbstractButton*>(control)) return button->text();
+  if (auto* box = qobject_cast<const QLineEdit*>(control)) return box->text();
+  if (auto* list = qobject_cast<const QComboBox*>(control)) return list->currentText();
+  return qobject_cast<const QAbstractItemView*>(control) ? "cells" : QString();
+}
+
+void ExpectReadable(QWidget& form) {
+  constexpr int rim = 3;
+  for (QWidget* control : form.findChildren<QWidget*>()) {
+    const bool shown = control->isVisibleTo(&form) && control->isEnabled();
+    if (!shown || TextOf(control).trimmed().isEmpty()) continue;
+    EXPECT_GE(InkContrast(*control, qobject_cast<QLabel*>(control) ? 0 : rim), 4.5)
+        << control->objectName().toStdString() << " \"" << TextOf(control).toStdString() << '"';
+  }
+}
+
+class InAScheme : public AllForms, public testing::WithParamInterface<bool> {
+ protected:
+  InAScheme() {
+    if (GetParam()) QApplication::setPalette(driver::DarkPalette());
+  }
+  ~InAScheme() override { QApplication::setPalette(standard_); }
+
+ private:
+  QPalette standard_ = QApplication::palette();
+};
+
+INSTANTIATE_TEST_SUITE_P(LightAndDark, InAScheme, testing::Bool(),
+                         [](const auto& scheme) { return scheme.param ? "Dark" : "Light"; });
+
+// Catches text in a fixed colour on a ground of the scheme, and the other way round.
+TEST_P(InAScheme, EveryTextStandsOutFromItsGround) {
+  ExpectReadable(window_);
+  VisitAll([](QWidget& form) { ExpectReadable(form); });
+}
+
+TEST_P(InAScheme, HeadingsStandOutWhetherTheySortOrNot) {
+  Pick("mVieLeaders");
+  QWidget& leaders = Form("ViewLeaders");
+  for (const char* name : {"lblHead(1)", "lblHead(3)"}) {
+    auto& heading = Find<ClickLabel>(leaders, name);
+    emit heading.Click();
+    EXPECT_GE(InkContrast(heading, 0), 4.5) << name;
+    emit heading.Click();
+    EXPECT_GE(InkContrast(heading, 0), 4.5) << name;
+  }
+}
+
+/// Texts half as large again stand for a user's large font; the window keeps its size.
+class WithAFont : public AllForms, public testing::WithParamInterface<double> {
+ protected:
+  WithAFont() {
+    QFont font = standard_;
+    font.setPointSizeF(standard_.pointSizeF() * GetParam());
+    QApplication::setFont(font);
+    QCoreApplication::processEvents();
+  }
+  ~WithAFont() override { QApplication::setFont(standard_); }
+
+ private:
+  QFont standard_ = QApplication::font();
+};
+
+INSTANTIATE_TEST_SUITE_P(Sizes, WithAFont, testing::Values(1.0, 1.5),
+                         [](const auto& size) { return size.param > 1 ? "Large" : "Standard"; });
+
+// Catches a form whose lower edge, with the buttons, lies outside of the main window.
+TEST_P(WithAFont, FormsOpenAtTheSizeOfTheirContentInsideTheWindow) {
+  window_.resize(1120, 800);
+  VisitAll([this](QWidget& form) {
+    EXPECT_GE(form.width(), form.minimumSizeHint().width());
+    EXPECT_GE(form.height(), form.minimumSizeHint().height());
+    auto* frame = qobject_cast<QMdiSubWindow*>(form.parentWidget());
+    if (frame == nullptr) {
+      EXPECT_LE(form.height(), window_.height());
+      EXPECT_LE(form.width(), window_.width());
+      return;
+    }
+    const QRect room = Area().viewport()->rect();
+    const QRect place = frame->geometry();
+    EXPECT_TRUE(room.contains(place))
+        << place.x() << ',' << place.y() << ' ' << place.width() << 'x' << place.height() << " in "
+        << room.width() << 'x' << room.height();
+  });
+}
+
+TEST_P(WithAFont, CascadeAndTileCrushNothing) {
+  for (const char* item : {"mViePlayerData", "mVieTeamData", "mVieLeaders", "mDatProbowl"}) {
+    Pick(item);
+  }
+  const auto expect_whole = [this](const char* order) {
+    QCoreApplication::processEvents();
+    for (QMdiSubWindow* frame : Area().subWindowList()) {
+      // Qt counts the frame of a window that is not active a pixel thicker.
+      const QSize least = frame->widget()->minimumSizeHint() - QSize(1, 1);
+      EXPECT_EQ(frame->widget()->size().expandedTo(least), frame->widget()->size())
+          << order << ' ' << frame->widget()->objectName().toStdString();
+    }
+  };
+  Area().cascadeSubWindows();
+  expect_whole("cascade");
+  Area().tileSubWindows();
+  expect_whole("tile");
+}
+
+}  // namespace
+}  // namespace rostermill::test
