@@ -76,4 +76,14 @@ void WriteGameSettings(OpenImage& image, const LeagueData& league) {
   WriteText(image, text_3_offsets, league.LeagueText[3].str());
 }
 
+void FindYearOddities(const LeagueData& league, Oddities& found) {
+  for (const char c : league.RosterYear.str()) {
+    if (c >= '0' && c <= '9') continue;
+    found.push_back({"game settings", 0, 0,
+                     "the roster year \"" + league.RosterYear.str() +
+                         "\" is not four digits; the others are drawn as 0"});
+    return;
+  }
+}
+
 }  // namespace rostermill

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "league/league_data.h"
+#include "league/oddities.h"
 #include "league/open_image.h"
 
 namespace rostermill {
@@ -13,5 +14,8 @@ void ReadGameSettings(OpenImage& image, LeagueData& league);
 
 /// Writes all places and redraws the year's tiles; a character that is no digit is drawn as 0.
 void WriteGameSettings(OpenImage& image, const LeagueData& league);
+
+/// A roster year that isn't four digits.
+void FindYearOddities(const LeagueData& league, Oddities& found);
 
 }  // namespace rostermill

@@ -34,4 +34,20 @@ void WritePlaybooks(OpenImage& image, const LeagueData& league) {
   }
 }
 
+void FindPlaybookOddities(OpenImage& image, Oddities& found) {
+  constexpr int last_choice = 7;
+  for (int team = 1; team <= TeamCount; ++team) {
+    for (int slot = 1; slot <= 2 * playbook_row; ++slot) {
+      const int byte =
+          image.ReadByteAt(playbook_offset + playbook_row * (team - 1) + (slot - 1) / 2);
+      const int nibble = slot % 2 == 1 ? HighNibble(byte) : LowNibble(byte);
+      if (nibble <= last_choice) continue;
+      std::string text = "playbook slot " + std::to_string(slot) + " holds " +
+                         std::to_string(nibble) + ", which is no play";
+      if (Choice(nibble) != nibble) text += "; it is read as 0";
+      found.push_back({"playbooks", team, 0, std::move(text)});
+    }
+  }
+}
+
 }  // namespace rostermill

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "league/league_data.h"
+#include "league/oddities.h"
 #include "league/open_image.h"
 
 namespace rostermill {
@@ -11,5 +12,8 @@ namespace rostermill {
 /// Fills TeamPlays. A nibble above 9 is read as 0; 8 and 9 are kept though they name no play.
 void ReadPlaybooks(OpenImage& image, LeagueData& league);
 void WritePlaybooks(OpenImage& image, const LeagueData& league);
+
+/// Choices above 7, which name no play.
+void FindPlaybookOddities(OpenImage& image, Oddities& found);
 
 }  // namespace rostermill

@@ -128,4 +128,25 @@ void WriteReturners(OpenImage& image, const LeagueData& league) {
   }
 }
 
+void FindReturnerOddities(OpenImage& image, Oddities& found) {
+  using Skill = std::decay_t<decltype(LeagueData{}.SkillData[1])>;
+  for (int team = 1; team <= TeamCount; ++team) {
+    const int byte = image.ReadByteAt(returners_offset + team - 1);
+    const auto check = [&](std::string_view duty, int nibble) {
+      const int index = nibble - returner_base;
+      if (index >= Skill::first && index <= Skill::last) return;
+      found.push_back({"returners", team, 0,
+                       "no " + std::string(duty) + " returner: the value " +
+                           std::to_string(nibble) + " names no player"});
+    };
+    check("kick", HighNibble(byte));
+    check("punt", LowNibble(byte));
+    const int copy = image.ReadByteAt(returners_copy_offset + team - 1);
+    if (copy == byte) continue;
+    found.push_back({"returners", team, 0,
+                     "the two returner tables differ: " + HexText(byte) + ", which counts, and " +
+                         HexText(copy)});
+  }
+}
+
 }  // namespace rostermill

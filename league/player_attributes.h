@@ -1,6 +1,7 @@
 #pragma once
 
 #include "league/league_data.h"
+#include "league/oddities.h"
 #include "league/open_image.h"
 #include "league/yield.h"
 
@@ -18,5 +19,8 @@ void WritePlayerAttributes(OpenImage& image, const LeagueData& league, const Yie
 
 /// Writes both copies of the returner table. A team without a flagged returner gets "RB 1".
 void WriteReturners(OpenImage& image, const LeagueData& league);
+
+/// Teams whose returner nibble names no skill player, or whose two returner bytes differ.
+void FindReturnerOddities(OpenImage& image, Oddities& found);
 
 }  // namespace rostermill

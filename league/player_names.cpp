@@ -34,6 +34,25 @@ int EntryLength(const NameRec& name) {
   return static_cast<int>(name.FirstName.size() + name.LastName.size()) + 1;
 }
 
+std::string PlaceOddity(int start, int end) {
+  if (start == end) return "no name entry: neither number nor name";
+  if (start < 0 || start > end) return "the name's pointers are out of order; it is read as empty";
+  if (start >= data_offset && end <= data_end) return {};
+  return "the name lies at " + HexText(start) + ", outside the room for names";
+}
+
+std::string TextOddity(const std::string& entry) {
+  const int number = static_cast<std::uint8_t>(entry.front());
+  if (HighNibble(number) > 9 || LowNibble(number) > 9) {
+    return "the number " + HexByteText(number) + " is not decimal";
+  }
+  if (entry.size() == 1) return "no name, only a number";
+  NameRec name;
+  SplitName(entry.substr(1), name);
+  if (!name.LastName.empty()) return {};
+  return "the name has no capital letter; it is read as empty";
+}
+
 }  // namespace
 
 void ReadPlayerNames(OpenImage& image, LeagueData& league, const Yield& yield) {
@@ -75,6 +94,26 @@ void WritePlayerNames(OpenImage& image, const LeagueData& league, const Yield& y
   }
   image.WriteWordAt(pointer, offset - address_to_offset);
   if (offset < data_end) image.WriteByteAt(offset, filler);
+}
+
+void FindNameOddities(OpenImage& image, Oddities& found) {
+  const int first = image.ReadWordAt(pointers_offset) + address_to_offset;
+  if (first != data_offset) {
+    found.push_back({"names", 0, 0,
+                     "the first name pointer leads to " + HexText(std::max(first, 0)) + ", not " +
+                         HexText(data_offset)});
+  }
+  int pointer = pointers_offset;
+  for (int team = 1; team <= TeamCount; ++team) {
+    for (int slot = 1; slot <= SlotCount; ++slot) {
+      const int start = image.ReadWordAt(pointer) + address_to_offset;
+      const int end = image.ReadWordAt(pointer + 2) + address_to_offset;
+      pointer += 2;
+      std::string text = PlaceOddity(start, end);
+      if (text.empty()) text = TextOddity(image.ReadTextAt(start, end));
+      if (!text.empty()) found.push_back({"names", team, slot, std::move(text)});
+    }
+  }
 }
 
 }  // namespace rostermill

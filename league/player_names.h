@@ -1,6 +1,7 @@
 #pragma once
 
 #include "league/league_data.h"
+#include "league/oddities.h"
 #include "league/open_image.h"
 #include "league/yield.h"
 
@@ -25,5 +26,9 @@ int NameBytesNeeded(const LeagueData& league);
 /// need no more than NameDataCapacity. The byte behind the last entry becomes 0xFF where it
 /// still lies before the player attributes.
 void WritePlayerNames(OpenImage& image, const LeagueData& league, const Yield& yield);
+
+/// Entries that a load leaves empty or without their text, that lie outside the room for names,
+/// or whose number isn't decimal.
+void FindNameOddities(OpenImage& image, Oddities& found);
 
 }  // namespace rostermill

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "league/league_data.h"
+#include "league/oddities.h"
 #include "league/open_image.h"
 
 namespace rostermill {
@@ -9,5 +10,10 @@ namespace rostermill {
 /// team's and the slot's number counted from 0. No value is checked in either direction.
 void ReadProbowl(OpenImage& image, LeagueData& league);
 void WriteProbowl(OpenImage& image, const LeagueData& league);
+
+/// True for a place whose team and slot are a player's.
+bool NamesPlayer(const ProbowlRec& place);
+/// Places that name nobody.
+void FindProbowlOddities(const LeagueData& league, Oddities& found);
 
 }  // namespace rostermill

@@ -20,6 +20,31 @@ std::int16_t TeamNumber(std::uint8_t byte) {
   return static_cast<std::int16_t>(byte > last_team_number ? 0 : byte);
 }
 
+void FindNumberOddities(OpenImage& image, const std::string& week, int offset, int count,
+                        Oddities& found) {
+  for (int at = 0; at < game_size * count; ++at) {
+    const std::uint8_t number = image.ReadByteAt(offset + at);
+    if (number == TeamNumber(number)) continue;
+    found.push_back({"schedule", 0, 0,
+                     week + ", game " + std::to_string(at / game_size + 1) +
+                         (at % game_size == 0 ? ": visiting" : ": home") + " team number " +
+                         std::to_string(number) + " is read as 0"});
+  }
+}
+
+void FindTeamsTwice(const ScheduleWeek& week, const std::string& name, Oddities& found) {
+  IndexedArray<int, 0, last_team_number> games;
+  for (int game = 0; game < week.GameCount; ++game) {
+    ++games[week.Games[game].AwayTeam];
+    ++games[week.Games[game].HomeTeam];
+  }
+  for (int number = 0; number < TeamCount; ++number) {
+    if (games[number] < 2) continue;
+    found.push_back(
+        {"schedule", number + 1, 0, name + " has it " + std::to_string(games[number]) + " times"});
+  }
+}
+
 }  // namespace
 
 void ReadSchedule(OpenImage& image, LeagueData& league) {
@@ -49,6 +74,29 @@ void WriteSchedule(OpenImage& image, const LeagueData& league) {
     }
   }
   image.WriteByteAt(counts_end_offset, counts_end);
+}
+
+void FindScheduleOddities(OpenImage& image, const LeagueData& league, Oddities& found) {
+  int expected = games_offset;
+  for (int w = 0; w < WeekCount; ++w) {
+    const ScheduleWeek& week = league.ScheduleData[w];
+    const std::string name = "week " + std::to_string(w + 1);
+    const int offset = image.ReadWordAt(pointers_offset + 2 * w) + address_to_offset;
+    if (offset != expected) {
+      found.push_back(
+          {"schedule", 0, 0,
+           name + "'s pointer leads to " + HexText(offset) + ", not " + HexText(expected)});
+    }
+    const int count = image.ReadByteAt(counts_offset + w);
+    if (count > GamesPerWeek) {
+      found.push_back({"schedule", 0, 0,
+                       name + " counts " + std::to_string(count) + " games; " +
+                           std::to_string(GamesPerWeek) + " are read"});
+    }
+    FindNumberOddities(image, name, offset, week.GameCount, found);
+    FindTeamsTwice(week, name, found);
+    expected = offset + game_size * week.GameCount;
+  }
 }
 
 }  // namespace rostermill

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "league/league_data.h"
+#include "league/oddities.h"
 #include "league/open_image.h"
 
 namespace rostermill {
@@ -16,5 +17,9 @@ void ReadSchedule(OpenImage& image, LeagueData& league);
 /// Writes the whole season packed from 0x329DB. 14 games in each of 17 weeks end at 0x32BB6; that
 /// bound of 476 bytes is the only limit, and ScheduleWeek can't exceed it.
 void WriteSchedule(OpenImage& image, const LeagueData& league);
+
+/// Week pointers out of place, counts and team numbers out of range, teams twice in a week.
+/// Weeks and games are counted from 1 in the texts.
+void FindScheduleOddities(OpenImage& image, const LeagueData& league, Oddities& found);
 
 }  // namespace rostermill

@@ -28,6 +28,17 @@ void WriteRow(OpenImage& image, const Colors& colors, int offset) {
   for (const auto color : colors) image.WriteByteAt(offset++, color);
 }
 
+template <typename Colors>
+void FindInRow(std::string_view what, const Colors& colors, int team, Oddities& found) {
+  for (int at = colors.first; at <= colors.last; ++at) {
+    if (colors[at] < PaletteSize) continue;
+    found.push_back({"colors", team, 0,
+                     std::string(what) + " color " + std::to_string(at) + " is " +
+                         std::to_string(colors[at]) + "; the palette ends at " +
+                         std::to_string(PaletteSize - 1)});
+  }
+}
+
 }  // namespace
 
 void ReadTeamColors(OpenImage& image, LeagueData& league) {
@@ -49,6 +60,15 @@ void WriteTeamColors(OpenImage& image, const LeagueData& league) {
     WriteRow(image, rec.DivChampColors, div_champ_offset + rec.DivChampColors.count * (team - 1));
     WriteRow(image, rec.ConfChampColors,
              conf_champ_offset + rec.ConfChampColors.count * (team - 1));
+  }
+}
+
+void FindColorOddities(const LeagueData& league, Oddities& found) {
+  for (int team = 1; team <= TeamCount; ++team) {
+    const TeamRec& rec = league.TeamData[team];
+    FindInRow("uniform", rec.TeamColors, team, found);
+    FindInRow("division champion", rec.DivChampColors, team, found);
+    FindInRow("conference champion", rec.ConfChampColors, team, found);
   }
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "league/league_data.h"
+#include "league/oddities.h"
 #include "league/open_image.h"
 
 namespace rostermill {
@@ -14,5 +15,8 @@ void ReadTeamColors(OpenImage& image, LeagueData& league);
 
 /// Writes all four tables; the rest of each row keeps its bytes.
 void WriteTeamColors(OpenImage& image, const LeagueData& league);
+
+/// Colours that the palette doesn't have.
+void FindColorOddities(const LeagueData& league, Oddities& found);
 
 }  // namespace rostermill

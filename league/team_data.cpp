@@ -1,6 +1,8 @@
 #include "league/team_data.h"
 
+#include <algorithm>
 #include <array>
+#include <span>
 
 namespace rostermill {
 
@@ -84,6 +86,53 @@ void WritePointedText(OpenImage& image, std::string_view text, int& pointer, int
   address += static_cast<int>(text.size());
 }
 
+void FindPointerOddities(OpenImage& image, std::string_view what, int pointers, Oddities& found) {
+  constexpr int block_start = block_address + address_to_offset;
+  for (int team = 1; team <= TeamCount; ++team) {
+    const int start = image.ReadWordAt(pointers + 2 * (team - 1)) + address_to_offset;
+    const int end = image.ReadWordAt(pointers + 2 * team) + address_to_offset;
+    std::string text;
+    if (start == end) text = "no " + std::string(what);
+    if (start > end) text = std::string(what) + " pointers are out of order; it is read as empty";
+    if (start < end && (start < block_start || end > block_start + TeamTextCapacity)) {
+      text = std::string(what) + " lies at " + HexText(start) + ", outside the room for team texts";
+    }
+    if (!text.empty()) found.push_back({"team texts", team, 0, std::move(text)});
+  }
+}
+
+bool Holds(const OpenImage& image, int offset, std::span<const std::uint8_t> bytes) {
+  const auto there = image.Bytes().subspan(static_cast<std::size_t>(offset), bytes.size());
+  return std::equal(bytes.begin(), bytes.end(), there.begin());
+}
+
+void FindFormationOddities(OpenImage& image, Oddities& found) {
+  const int mark = FormationMark(image);
+  if (mark == StockFormationMark) return;
+  if (mark != PatchedFormationMark) {
+    found.push_back({"formations", 0, 0,
+                     "the formation mark " + HexText(mark) +
+                         " is neither a stock image's nor a saved one's; all formations are read "
+                         "as 0"});
+    return;
+  }
+  if (!Holds(image, patch_a_offset, patch_a) || !Holds(image, patch_b_offset, patch_b)) {
+    found.push_back({"formations", 0, 0, "the formation code is damaged"});
+  }
+  for (int team = 1; team <= TeamCount; ++team) {
+    const int a = image.ReadByteAt(formation_table_a + team - 1);
+    const int b = image.ReadByteAt(formation_table_b + team - 1);
+    if (a > last_formation) {
+      found.push_back({"formations", team, 0, "formation " + std::to_string(a) + " is read as 0"});
+    }
+    if (a != b) {
+      found.push_back({"formations", team, 0,
+                       "the two formation tables differ: " + std::to_string(a) +
+                           ", which counts, and " + std::to_string(b)});
+    }
+  }
+}
+
 }  // namespace
 
 int FormationMark(OpenImage& image) {
@@ -146,6 +195,18 @@ void WriteFormations(OpenImage& image, const LeagueData& league) {
     image.WriteByteAt(formation_table_a + team - 1, league.TeamData[team].Formation);
     image.WriteByteAt(formation_table_b + team - 1, league.TeamData[team].Formation);
   }
+}
+
+void FindTeamDataOddities(OpenImage& image, Oddities& found) {
+  const int first = image.ReadWordAt(city_pointers);
+  if (first != block_address) {
+    found.push_back(
+        {"team texts", 0, 0,
+         "the first text pointer is " + HexText(first) + ", not " + HexText(block_address)});
+  }
+  FindPointerOddities(image, "city", city_pointers, found);
+  FindPointerOddities(image, "nickname", nickname_pointers, found);
+  FindFormationOddities(image, found);
 }
 
 }  // namespace rostermill

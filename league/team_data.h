@@ -1,6 +1,7 @@
 #pragma once
 
 #include "league/league_data.h"
+#include "league/oddities.h"
 #include "league/open_image.h"
 #include "league/yield.h"
 
@@ -38,5 +39,9 @@ void WriteTeamText(OpenImage& image, const LeagueData& league, const Yield& yiel
 
 /// Writes the formation code and both formation tables, whatever the image held there.
 void WriteFormations(OpenImage& image, const LeagueData& league);
+
+/// Text pointers out of place, empty texts, and formation marks, code and bytes that a load
+/// can't make sense of.
+void FindTeamDataOddities(OpenImage& image, Oddities& found);
 
 }  // namespace rostermill

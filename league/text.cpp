@@ -22,6 +22,13 @@ std::string PaddedText(std::string_view text, std::size_t length) {
   return result;
 }
 
+std::string OneLine(std::string text) {
+  for (std::size_t at = 0; (at = text.find("\n\n", at)) != std::string::npos;) {
+    text.replace(at, 2, " ");
+  }
+  return text;
+}
+
 std::string HexByteText(int byte) {
   constexpr std::string_view digits = "0123456789ABCDEF";
   return {digits[static_cast<std::size_t>(byte >> 4 & 0x0F)],

@@ -20,6 +20,9 @@ std::string LowerText(std::string_view text);
 /// `text` cut to `length` characters, or filled up to it with blanks on the right.
 std::string PaddedText(std::string_view text, std::size_t length);
 
+/// The text with its paragraphs put one behind the other.
+std::string OneLine(std::string text);
+
 /// "00" to "FF": the low 8 bits as two upper-case hexadecimal digits.
 std::string HexByteText(int byte);
 

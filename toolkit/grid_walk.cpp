@@ -25,19 +25,18 @@ void GridWalk::SetCurrent(int cell) {
 }
 
 bool GridWalk::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::FocusIn) {
-    const auto cell = std::find(cells_.begin(), cells_.end(), watched);
-    if (cell != cells_.end()) SetCurrent(static_cast<int>(cell - cells_.begin()));
-  } else if (event->type() == QEvent::KeyPress) {
-    const int target = Target(static_cast<QKeyEvent*>(event)->key());
-    if (target >= 0) {
-      QWidget* cell = cells_[static_cast<std::size_t>(target)];
-      cell->setFocus(Qt::OtherFocusReason);
-      QToolTip::showText(cell->mapToGlobal(QPoint(0, cell->height())), cell->toolTip(), cell);
-      return true;
-    }
-  }
-  return false;
+  const bool key = event->type() == QEvent::KeyPress;
+  if (!key && event->type() != QEvent::FocusIn) return false;
+  const auto cell = std::find(cells_.begin(), cells_.end(), watched);
+  if (cell == cells_.end()) return false;
+  SetCurrent(static_cast<int>(cell - cells_.begin()));
+  if (!key) return false;
+  const int target = Target(static_cast<QKeyEvent*>(event)->key());
+  if (target < 0) return false;
+  QWidget* next = cells_[static_cast<std::size_t>(target)];
+  next->setFocus(Qt::OtherFocusReason);
+  QToolTip::showText(next->mapToGlobal(QPoint(0, next->height())), next->toolTip(), next);
+  return true;
 }
 
 int GridWalk::Target(int key) const {

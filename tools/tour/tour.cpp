@@ -33,7 +33,11 @@ Tour::~Tour() = default;
 int Tour::Run() {
   StartAndLoad();
   VisitPlayers(*this);
+  VisitTeams(*this);
+  VisitSchedule(*this);
   VisitLeaders(*this);
+  VisitProbowl(*this);
+  VisitSettings(*this);
   SaveAndReload();
   return count_;
 }

@@ -57,6 +57,10 @@ class Tour {
 
 // The stops, one file a folder of screens. Each leaves its forms closed.
 void VisitPlayers(Tour& tour);
+void VisitTeams(Tour& tour);
+void VisitSchedule(Tour& tour);
 void VisitLeaders(Tour& tour);
+void VisitProbowl(Tour& tour);
+void VisitSettings(Tour& tour);
 
 }  // namespace rostermill

@@ -168,6 +168,13 @@ TEST_F(EditScheduleTest, CancelLeavesNoTrace) {
   QTest::keyClick(&Box(3), Qt::Key_Escape);
   EXPECT_FALSE(form->IsOpen());
   EXPECT_EQ(league(), before);
+
+  // A program that ends takes the form away under a box that is being typed in.
+  Open();
+  Box(1).setFocus(Qt::TabFocusReason);
+  QTest::keyClicks(&Box(1), "ak");
+  form.reset();
+  EXPECT_EQ(league(), before);
 }
 
 // Would catch a week that can't be typed from one box to the next, and a commit of only the week

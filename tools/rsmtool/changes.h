@@ -1,0 +1,26 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "league/league_data.h"
+
+namespace rostermill {
+
+/// One difference between two leagues, in the game's words, UTF-8.
+struct Change {
+  int Team = 0;         ///< 1 to 28; 0 where it isn't about one team
+  int Slot = 0;         ///< 1 to 30; 0 where it isn't about one player
+  std::string Subject;  ///< as the first league calls it: "SPARROWS QB 1 sam PLOVER", "Week 3"
+  std::string What;     ///< "Passing Speed"
+  std::string From;
+  std::string To;
+};
+
+/// All differences in table order: league, teams with their players, season, all-stars.
+std::vector<Change> FindChanges(const LeagueData& from, const LeagueData& to);
+
+/// "SPARROWS QB 1 sam PLOVER: Passing Speed 50 -> 63" and a line end.
+std::string ChangeLine(const Change& change);
+
+}  // namespace rostermill

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "tools/rsmtool/console.h"
+
+namespace rostermill {
+
+// One function a command, told in full by its help text. Each returns the exit code and throws
+// ToolError where it can't do its work. The paths are as many as the command takes.
+
+int RunCheck(const Arguments& arguments, Console& console);
+int RunDump(const Arguments& arguments, Console& console);
+int RunDiff(const Arguments& arguments, Console& console);
+int RunResave(const Arguments& arguments, Console& console);
+int RunExportPlayers(const Arguments& arguments, Console& console);
+int RunImportPlayers(const Arguments& arguments, Console& console);
+
+}  // namespace rostermill

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QStringList>
+
+#include <istream>
+#include <ostream>
+#include <stdexcept>
+
+namespace rostermill {
+
+/// The streams that a command reads and writes; those of the process, or a test's.
+struct Console {
+  std::istream& In;
+  std::ostream& Out;
+  std::ostream& Err;
+  bool OutIsTerminal = false;
+  bool ErrIsTerminal = false;
+};
+
+/// What a command was called with.
+struct Arguments {
+  QStringList Paths;
+  bool Json = false;
+  bool DryRun = false;
+};
+
+enum ExitCode { ExitOk = 0, ExitFound = 1, ExitTrouble = 2 };
+
+/// A failure that ends the command with ExitTrouble; what() is the one line for the user, UTF-8.
+class ToolError : public std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+}  // namespace rostermill

@@ -1,0 +1,106 @@
+#include "tools/rsmtool/files.h"
+
+#include "league/load_image.h"
+#include "league/quantity_text.h"
+#include "league/save_image.h"
+
+namespace rostermill {
+
+namespace {
+
+/// More than any image with something behind it; a larger file is a mistake.
+constexpr std::size_t largest_file = 64 << 20;
+
+const QString standard_stream = "-";
+
+FileStart ReadStream(std::istream& stream, std::size_t limit) {
+  FileStart start;
+  std::vector<char> piece(1 << 16);
+  while (stream.read(piece.data(), static_cast<std::streamsize>(piece.size())),
+         stream.gcount() > 0) {
+    const auto count = static_cast<std::size_t>(stream.gcount());
+    const std::size_t kept = std::min(count, limit - start.Bytes.size());
+    start.Bytes.insert(start.Bytes.end(), piece.begin(),
+                       piece.begin() + static_cast<std::ptrdiff_t>(kept));
+    start.FileSize += count;
+    if (start.FileSize > largest_file) break;
+  }
+  return start;
+}
+
+void CheckSize(const QString& path, const FileStart& file) {
+  if (file.FileSize > largest_file) throw ToolError(InputName(path) + ": the file is too large");
+}
+
+}  // namespace
+
+std::string InputName(const QString& path) {
+  return path == standard_stream ? "standard input" : path.toStdString();
+}
+
+FileStart ReadInput(const QString& path, std::size_t limit, Console& console) {
+  if (path == standard_stream) return ReadStream(console.In, limit);
+  try {
+    return ReadFileStart(path.toStdString(), limit);
+  } catch (const FileError& error) {
+    throw ToolError(path.toStdString() + ": " + error.what());
+  }
+}
+
+void WriteOutput(const QString& path, std::span<const std::uint8_t> bytes, Console& console) {
+  if (path == standard_stream) {
+    console.Out.write(reinterpret_cast<const char*>(bytes.data()),
+                      static_cast<std::streamsize>(bytes.size()));
+    return;
+  }
+  try {
+    ReplaceFile(path.toStdString(), bytes);
+  } catch (const FileNotSynced& error) {
+    throw ToolError(
+        path.toStdString() +
+        " was written, but the system could not confirm that it is safe: " + error.what());
+  } catch (const FileError& error) {
+    throw ToolError(path.toStdString() + " could not be written: " + error.what());
+  }
+}
+
+void WriteOutput(const QString& path, std::string_view text, Console& console) {
+  const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
+  WriteOutput(path, std::span(bytes, text.size()), console);
+}
+
+void WriteLeagueFile(const QString& path, OpenImage& image, const LeagueData& league,
+                     Console& console) {
+  if (const auto overflow = TextOverflow(league)) throw ToolError(OneLine(*overflow));
+  WriteLeague(image, league, [] {});
+  WriteOutput(path, image.Bytes(), console);
+}
+
+std::string ReadTextFile(const QString& path, Console& console) {
+  const FileStart file = ReadInput(path, largest_file, console);
+  CheckSize(path, file);
+  return {file.Bytes.begin(), file.Bytes.end()};
+}
+
+std::string WhyNoImage(const FileStart& file) {
+  if (!IsImageHeader(file.Bytes)) return "not an image of this game";
+  if (file.Bytes.size() >= OpenImage::WholeSize) return {};
+  return "cut short: it is " + QuantityText(file.FileSize, "byte") +
+         " long, and a whole image has " + QuantityText(OpenImage::WholeSize, "byte");
+}
+
+std::vector<std::uint8_t> ReadImageFile(const QString& path, Console& console) {
+  FileStart file = ReadInput(path, largest_file, console);
+  if (const std::string why = WhyNoImage(file); !why.empty()) {
+    throw ToolError(InputName(path) + ": " + why);
+  }
+  CheckSize(path, file);
+  return std::move(file.Bytes);
+}
+
+LeagueData ReadLeagueFile(const QString& path, Console& console) {
+  OpenImage image(ReadImageFile(path, console));
+  return ReadLeague(image);
+}
+
+}  // namespace rostermill

@@ -1,0 +1,14 @@
+#include "league/load_image.h"
+#include "tools/rsmtool/commands.h"
+#include "tools/rsmtool/files.h"
+
+namespace rostermill {
+
+int RunResave(const Arguments& arguments, Console& console) {
+  OpenImage image(ReadImageFile(arguments.Paths[0], console));
+  const LeagueData league = ReadLeague(image);
+  WriteLeagueFile(arguments.Paths[1], image, league, console);
+  return ExitOk;
+}
+
+}  // namespace rostermill

@@ -1,0 +1,65 @@
+#include "tools/rsmtool/wording.h"
+
+#include "league/league_tables.h"
+#include "league/probowl.h"
+#include "screens/players/position_layout.h"
+#include "tools/rsmtool/text_codes.h"
+
+namespace rostermill {
+
+std::string Escaped(std::string_view latin1) {
+  std::string text;
+  for (const char c : latin1) {
+    const auto byte = static_cast<std::uint8_t>(c);
+    const bool control = byte < 0x20 || (byte >= 0x7F && byte < 0xA0);
+    text += control ? "\\x" + HexByteText(byte) : Utf8Of({&c, 1});
+  }
+  return text;
+}
+
+std::string Shown(std::string_view latin1) {
+  constexpr std::size_t longest = 60;
+  return Escaped(latin1.substr(0, longest)) + (latin1.size() > longest ? "..." : "");
+}
+
+std::string TeamName(const LeagueData& league, int team) {
+  const std::string& nickname = league.TeamData[team].Nickname;
+  return nickname.empty() ? "team " + std::to_string(team) : Shown(nickname);
+}
+
+std::string SlotTitle(int formation, int slot) {
+  for (const auto& label : PositionLabels(formation)) {
+    if (label.ListIndex + 1 == slot) return std::string(label.Label);
+  }
+  return std::string(SlotLabels[slot]);
+}
+
+std::string PlayerTitle(const LeagueData& league, int team, int slot) {
+  const NameRec& name = league.NameData[team][slot];
+  std::string title =
+      TeamName(league, team) + " " + SlotTitle(league.TeamData[team].Formation, slot);
+  for (const std::string* part : {&name.FirstName, &name.LastName}) {
+    if (!part->empty()) title += " " + Shown(*part);
+  }
+  return title;
+}
+
+std::string SubjectTitle(const LeagueData& league, int team, int slot) {
+  if (team == 0) return {};
+  return slot == 0 ? TeamName(league, team) : PlayerTitle(league, team, slot);
+}
+
+std::string ScheduleTeamName(const LeagueData& league, int number) {
+  if (number >= 0 && number < TeamCount) return TeamName(league, number + 1);
+  const int text = number - TeamCount + 2;  // the all-star sides carry league texts 2 and 3
+  if (text == 2 || text == 3) return Shown(league.LeagueText[text].str()) + " all-stars";
+  return "team number " + std::to_string(number);
+}
+
+std::string ProbowlPlayer(const LeagueData& league, const ProbowlRec& place) {
+  if (NamesPlayer(place)) return PlayerTitle(league, place.Team, place.Slot);
+  return "nobody (team " + std::to_string(place.Team) + ", slot " + std::to_string(place.Slot) +
+         ")";
+}
+
+}  // namespace rostermill

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "league/league_data.h"
+
+namespace rostermill {
+
+// How teams, players and games are called in the tool's lines. All give UTF-8 fit for a terminal.
+
+/// Latin-1 bytes of an image as UTF-8, control characters as "\x1B".
+std::string Escaped(std::string_view latin1);
+/// The same, a long text cut.
+std::string Shown(std::string_view latin1);
+
+/// The team's nickname; "team 3" where it has none.
+std::string TeamName(const LeagueData& league, int team);
+
+/// What a team of this formation calls the slot: "WR 3".
+std::string SlotTitle(int formation, int slot);
+
+/// "SPARROWS QB 1 sam PLOVER"; the name is left out where it is empty.
+std::string PlayerTitle(const LeagueData& league, int team, int slot);
+
+/// The subject of a line about a team or a player; empty for team 0.
+std::string SubjectTitle(const LeagueData& league, int team, int slot);
+
+/// A team number of the schedule, counted from 0, as a name.
+std::string ScheduleTeamName(const LeagueData& league, int number);
+
+/// The league player who fills an all-star place, or "nobody".
+std::string ProbowlPlayer(const LeagueData& league, const ProbowlRec& place);
+
+}  // namespace rostermill
