@@ -228,7 +228,7 @@ void Walker::Use(QWidget& control) {
     button->click();
   } else if (auto* list = qobject_cast<QComboBox*>(&control)) {
     if (list->isEditable() && OneIn(2)) return Type(control);
-    list->setCurrentIndex(Below(list->count() + 1) - 1);
+    if (list->count() > 0) list->setCurrentIndex(Below(list->count()));
   } else if (qobject_cast<QLineEdit*>(&control) != nullptr) {
     Type(control);
   } else {
