@@ -69,7 +69,7 @@ void CompareStarts(const std::string& bench, const std::string& bin) {
   const char* platform = std::getenv("QT_QPA_PLATFORM");
   const std::string where = std::string(", ") + (platform != nullptr ? platform : "default");
   Compare(
-      {"start until painted, ms" + where, 1.3, start_pairs},
+      {"start until painted" + where, 1.3, start_pairs},
       [&] { return TimeOf({bench + "bench_start"}); }, [&] { return TimeOf(smallest); });
   Compare(
       {"peak memory, image and a form, MB" + where, 1.4, memory_pairs},
@@ -111,8 +111,8 @@ void CompareTool(const std::string& bin, const std::string& work) {
     const Command check = OnImages({tool, "check"}, images);
     const Command cat = OnImages({"cat"}, images);
     Compare(
-        {what + ", ms", count == 1000 ? 4.0 : 0.0, count > 1000 ? 5 : 25},
-        [&] { return TimeOf(check); }, [&] { return TimeOf(cat); });
+        {what, count == 1000 ? 4.0 : 0.0, count > 1000 ? 5 : 25}, [&] { return TimeOf(check); },
+        [&] { return TimeOf(cat); });
     Compare(
         {what + ", MB", 0, 3}, [&] { return MemoryOf(check); }, [&] { return MemoryOf(cat); });
   }
@@ -130,6 +130,8 @@ int main(int argc, char** argv) {
   if (std::string(argv[1]) == "start") {
     CompareStarts(std::string(argv[2]) + "/", argv[3]);
   } else {
-    CompareTool(argv[2], std::string(argv[3]) + "/");
+    const std::string images = std::string(argv[3]) + "/images/";
+    std::filesystem::create_directories(images);
+    CompareTool(argv[2], images);
   }
 }

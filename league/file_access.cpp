@@ -21,6 +21,8 @@ namespace rostermill {
 
 namespace {
 
+namespace fs = std::filesystem;
+
 [[noreturn]] void FailWith(int number) {
   throw FileError(number, std::generic_category().message(number));
 }
@@ -34,12 +36,34 @@ QString ToQString(const std::string& path) {
   return QString::fromStdString(path);
 }
 
+fs::path ToPath(const QString& path) {
+  return fs::path(path.toStdU16String());
+}
+
+/// What stands at the path, behind all links or not; not_found where nothing does. A system that
+/// can't tell is no reason to take the path for free.
+fs::file_type TypeOf(const QString& path, bool behind_links) {
+  std::error_code error;
+  const fs::path native = ToPath(path);
+  const fs::file_type type =
+      (behind_links ? fs::status(native, error) : fs::symlink_status(native, error)).type();
+  if (type == fs::file_type::none) FailWith(error.value());
+  return type;
+}
+
 /// The file that a path means in the end: behind all links, existing or not.
 QString FinalPath(const QString& path) {
+  std::error_code error;
+  if (TypeOf(path, true) != fs::file_type::not_found) {
+    const fs::path canonical = fs::canonical(ToPath(path), error);
+    if (error) FailWith(error.value());
+    return QString::fromStdU16String(canonical.u16string());
+  }
   const QFileInfo info(path);
-  const QString canonical = info.canonicalFilePath();
-  if (!canonical.isEmpty()) return canonical;
-  return info.isSymLink() ? info.symLinkTarget() : info.absoluteFilePath();
+  if (TypeOf(path, false) != fs::file_type::symlink) return info.absoluteFilePath();
+  const fs::path target = fs::read_symlink(ToPath(path), error);
+  if (error) FailWith(error.value());
+  return info.dir().absoluteFilePath(QString::fromStdU16String(target.u16string()));
 }
 
 void SyncFile(const QFile& file) {
@@ -76,6 +100,8 @@ void TakeOverPermissions([[maybe_unused]] const QFile& temporary,
     mode = old.st_mode & 07777;
     // Only root may give a file away; for everybody else the new file is their own.
     if (::fchown(temporary.handle(), old.st_uid, old.st_gid) != 0) mode &= 01777;
+  } else if (errno != ENOENT) {
+    FailWithLastError(EIO);
   } else {
     const mode_t mask = ::umask(0);
     ::umask(mask);
@@ -92,8 +118,11 @@ class Replacement {
  public:
   explicit Replacement(const std::string& path) : target_(FinalPath(ToQString(path))) {
     const QFileInfo info(target_);
-    if (!info.isFile() && info.exists()) FailWith(EINVAL);
-    if (info.exists() && !info.isWritable()) FailWith(EACCES);
+    if (const fs::file_type type = TypeOf(target_, true); type != fs::file_type::not_found) {
+      if (type != fs::file_type::regular) FailWith(EINVAL);
+      errno = 0;
+      if (!info.isWritable()) FailWithLastError(EACCES);
+    }
     const QString prefix = "." + info.fileName().left(60) + ".rostermill-";
     RemoveLeftovers(info.dir(), prefix);
     file_.setFileTemplate(info.dir().filePath(prefix + "XXXXXX"));
@@ -107,14 +136,18 @@ class Replacement {
     if (file_.write(bytes, count) != count || !file_.flush()) FailWithLastError(ENOSPC);
   }
 
-  void CopyRestOf(QFile& source) {
+  /// Carries over what lies behind the first `skipped` bytes. Reads those too: a seek that fails
+  /// leaves no reason behind.
+  void CopyRestOf(QFile& source, qint64 skipped) {
     std::vector<char> piece(1 << 20);
     for (;;) {
       errno = 0;
       const qint64 count = source.read(piece.data(), static_cast<qint64>(piece.size()));
       if (count < 0) FailWithLastError(EIO);
       if (count == 0) return;
-      Write(piece.data(), count);
+      const qint64 dropped = std::min(skipped, count);
+      skipped -= dropped;
+      if (count > dropped) Write(piece.data() + dropped, count - dropped);
     }
   }
 
@@ -125,7 +158,7 @@ class Replacement {
     if (name.isEmpty()) FailWithLastError(EIO);
     file_.close();
     std::error_code error;
-    std::filesystem::rename(name.toStdU16String(), target_.toStdU16String(), error);
+    fs::rename(ToPath(name), ToPath(target_), error);
     if (error) FailWith(error.value());
     file_.setAutoRemove(false);
     SyncFolder(QFileInfo(target_).path());
@@ -134,8 +167,10 @@ class Replacement {
  private:
   /// What a killed save left behind.
   static void RemoveLeftovers(QDir folder, const QString& prefix) {
+    // Sorting the names of 10,000 images takes longer than the whole save.
     const QStringList names =
-        folder.entryList(QDir::Files | QDir::Hidden | QDir::NoSymLinks | QDir::NoDotAndDotDot);
+        folder.entryList(QDir::Files | QDir::Hidden | QDir::NoSymLinks | QDir::NoDotAndDotDot,
+                         QDir::Unsorted);
     for (const QString& name : names) {
       if (name.startsWith(prefix) && name.size() == prefix.size() + 6) folder.remove(name);
     }
@@ -148,8 +183,9 @@ class Replacement {
 /// Opens a regular file, or fails with the system's reason.
 void OpenForReading(QFile& file) {
   // Devices and pipes could block or never end.
-  const QFileInfo info(file.fileName());
-  if (!info.isFile() && info.exists()) FailWith(info.isDir() ? EISDIR : EINVAL);
+  const fs::file_type type = TypeOf(file.fileName(), true);
+  if (type == fs::file_type::directory) FailWith(EISDIR);
+  if (type != fs::file_type::regular && type != fs::file_type::not_found) FailWith(EINVAL);
   errno = 0;
   if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) FailWithLastError(ENOENT);
 }
@@ -168,7 +204,9 @@ FileStart ReadFileStart(const std::string& path, std::size_t limit) {
   QFile file(ToQString(path));
   OpenForReading(file);
   FileStart start;
-  start.FileSize = static_cast<std::uint64_t>(file.size());
+  std::error_code error;
+  start.FileSize = fs::file_size(ToPath(file.fileName()), error);
+  if (error) FailWith(error.value());
   start.Bytes.resize(static_cast<std::size_t>(std::min<std::uint64_t>(start.FileSize, limit)));
   std::size_t done = 0;
   while (done < start.Bytes.size()) {
@@ -194,8 +232,7 @@ void ReplaceFileStart(const std::string& path, std::span<const std::uint8_t> byt
   OpenForReading(old);
   Replacement replacement(path);
   WriteBytes(replacement, bytes);
-  if (!old.seek(static_cast<qint64>(bytes.size()))) FailWithLastError(EIO);
-  replacement.CopyRestOf(old);
+  replacement.CopyRestOf(old, static_cast<qint64>(bytes.size()));
   replacement.Commit();
 }
 

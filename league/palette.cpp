@@ -10,6 +10,7 @@ namespace rostermill {
 namespace {
 
 constexpr std::size_t longest_palette_file = 1 << 20;
+constexpr std::size_t longest_name = 64;
 
 [[noreturn]] void Fail(std::errc error, int record, const std::string& what) {
   throw std::system_error(std::make_error_code(error),
@@ -110,7 +111,7 @@ Palette ParsePalette(std::string_view text) {
       Fail(std::errc::no_message_available, record, "the file ends before its 64 records");
     }
     PaletteRec& rec = palette[record];
-    rec.Name = fields.Next();
+    rec.Name = fields.Next().substr(0, longest_name);
     rec.Red = ColorValue(fields.Next(), record);
     rec.Green = ColorValue(fields.Next(), record);
     rec.Blue = ColorValue(fields.Next(), record);

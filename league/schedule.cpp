@@ -32,16 +32,23 @@ void FindNumberOddities(OpenImage& image, const std::string& week, int offset, i
   }
 }
 
+/// A team against itself is one game that is odd, not two.
 void FindTeamsTwice(const ScheduleWeek& week, const std::string& name, Oddities& found) {
   IndexedArray<int, 0, last_team_number> games;
+  const auto tell = [&](int number, const std::string& what) {
+    if (number < TeamCount) found.push_back({"schedule", number + 1, 0, name + " has it " + what});
+  };
   for (int game = 0; game < week.GameCount; ++game) {
-    ++games[week.Games[game].AwayTeam];
-    ++games[week.Games[game].HomeTeam];
+    const GamePlace& place = week.Games[game];
+    ++games[place.AwayTeam];
+    if (place.HomeTeam == place.AwayTeam) {
+      tell(place.HomeTeam, "against itself");
+    } else {
+      ++games[place.HomeTeam];
+    }
   }
   for (int number = 0; number < TeamCount; ++number) {
-    if (games[number] < 2) continue;
-    found.push_back(
-        {"schedule", number + 1, 0, name + " has it " + std::to_string(games[number]) + " times"});
+    if (games[number] >= 2) tell(number, std::to_string(games[number]) + " times");
   }
 }
 

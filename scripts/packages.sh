@@ -45,4 +45,4 @@ build() {
 }
 
 build_packages=(g++ cmake ninja-build qt6-base-dev)
-test_packages=(libgtest-dev libgmock-dev)
+test_packages=(libgtest-dev libgmock-dev poppler-utils)

@@ -34,7 +34,7 @@ void ClickLabel::mouseReleaseEvent(QMouseEvent* event) {
 
 void ClickLabel::keyPressEvent(QKeyEvent* event) {
   if (!IsPressKey(*event)) return QLabel::keyPressEvent(event);
-  emit Click();
+  if (!event->isAutoRepeat()) emit Click();
 }
 
 }  // namespace rostermill

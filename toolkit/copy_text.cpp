@@ -20,14 +20,27 @@ QString TabSeparatedText(const QList<QStringList>& rows) {
   return text;
 }
 
-void AddCopyAction(QWidget* widget, std::function<QString()> text) {
-  auto* copy = new QAction("&Copy", widget);
-  copy->setShortcut(QKeySequence::Copy);
-  copy->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-  QObject::connect(copy, &QAction::triggered, widget,
-                   [text = std::move(text)] { QGuiApplication::clipboard()->setText(text()); });
-  widget->addAction(copy);
+namespace {
+
+void AddAction(QWidget* widget, const QString& caption, QKeySequence::StandardKey key,
+               std::function<void()> act) {
+  auto* action = new QAction(caption, widget);
+  action->setShortcut(key);
+  action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+  QObject::connect(action, &QAction::triggered, widget, std::move(act));
+  widget->addAction(action);
   widget->setContextMenuPolicy(Qt::ActionsContextMenu);
+}
+
+}  // namespace
+
+void AddSelectAllAction(QWidget* widget, std::function<void()> select) {
+  AddAction(widget, "Select &All", QKeySequence::SelectAll, std::move(select));
+}
+
+void AddCopyAction(QWidget* widget, std::function<QString()> text) {
+  AddAction(widget, "&Copy", QKeySequence::Copy,
+            [text = std::move(text)] { QGuiApplication::clipboard()->setText(text()); });
 }
 
 }  // namespace rostermill

@@ -20,7 +20,8 @@ void ElidedLabel::SetText(const QString& text) {
 
 QSize ElidedLabel::minimumSizeHint() const {
   const QFontMetrics metrics = fontMetrics();
-  return {metrics.averageCharWidth() * 20, metrics.height()};
+  const int around = 2 * (margin() + frameWidth());
+  return {metrics.averageCharWidth() * 20 + around, metrics.height() + around};
 }
 
 void ElidedLabel::paintEvent(QPaintEvent*) {

@@ -20,7 +20,6 @@ constexpr int default_width = 960;  // twips
 constexpr int row_padding = 6;
 constexpr int columns_at_first = 8;
 constexpr int widest_at_first = 10 * twips_per_inch;
-constexpr int longest_tool_tip = 400;
 constexpr int longest_measured = 100;  // characters; a damaged text can have thousands
 
 void ShowBare(QTableView& view) {
@@ -73,9 +72,13 @@ int FlexGrid::Pixels(int twips) const {
 }
 
 void FlexGrid::SetColWidth(int column, int twips) {
-  setColumnWidth(column, Pixels(twips));
+  SetPixelWidth(column, Pixels(twips));
+}
+
+void FlexGrid::SetPixelWidth(int column, int pixels) {
+  setColumnWidth(column, pixels);
   if (column != 0) return;
-  fixed_->setColumnWidth(0, Pixels(twips));
+  fixed_->setColumnWidth(0, pixels);
   PlaceFixedColumn();
 }
 
@@ -87,12 +90,12 @@ void FlexGrid::WidenToText(int column) {
     const QString text = TextMatrix(row, column).left(longest_measured);
     widest = std::max(widest, fontMetrics().horizontalAdvance(text) + margin);
   }
-  setColumnWidth(column, std::min(widest, 2 * width));
+  SetPixelWidth(column, std::min(widest, 2 * width));
 }
 
 void FlexGrid::SetTextMatrix(int row, int column, const QString& text, const QString& tool_tip) {
   auto* cell = new QTableWidgetItem(text);
-  cell->setToolTip(PlainToolTip(tool_tip.left(longest_tool_tip)));
+  cell->setToolTip(PlainToolTip(tool_tip));
   setItem(row, column, cell);
 }
 

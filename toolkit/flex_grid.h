@@ -32,6 +32,7 @@ class FlexGrid : public QTableWidget {
   void BuildFixedColumn();
   void PlaceFixedColumn();
   void FollowFont();
+  void SetPixelWidth(int column, int pixels);
   int Pixels(int twips) const;
   QString SelectedText() const;
 

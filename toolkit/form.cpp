@@ -21,6 +21,18 @@ void LeaveKeysToMenu(QMdiSubWindow& window) {
   }
 }
 
+/// Where the Tab key would come first; null for a form that takes the focus itself.
+QWidget* FirstControl(QWidget& form) {
+  if (form.focusPolicy() != Qt::NoFocus || form.focusProxy() != nullptr) return nullptr;
+  for (QWidget* next = form.nextInFocusChain(); next != &form; next = next->nextInFocusChain()) {
+    const bool takes_tab = (next->focusPolicy() & Qt::TabFocus) != 0;
+    if (takes_tab && form.isAncestorOf(next) && next->isEnabled() && next->isVisibleTo(&form)) {
+      return next;
+    }
+  }
+  return nullptr;
+}
+
 }  // namespace
 
 ChildForm::ChildForm(const QString& name, const QString& caption) {
@@ -95,7 +107,9 @@ void ChildArea::ShowForm(ChildForm* form) {
   }
   if (window->isMinimized()) window->showNormal();
   setActiveSubWindow(window);
-  form->setFocus();
+  QWidget* focused = form->focusWidget();
+  if (focused == nullptr) focused = FirstControl(*form);
+  (focused != nullptr ? focused : form)->setFocus();
 }
 
 void ChildArea::CentreForm(ChildForm* form) {

@@ -72,7 +72,7 @@ void CloseIfOpen(const QPointer<Form>& slot) {
   if (slot && slot->IsOpen()) slot->CloseForm();
 }
 
-/// A modal window. Esc and the close box are its Cancel.
+/// A modal window. Esc is its Cancel, and the close box where the dialog says nothing else.
 class DialogForm : public QDialog {
   Q_OBJECT
 

@@ -9,6 +9,13 @@
 
 namespace rostermill {
 
+namespace {
+
+/// Texts of a damaged image can be of any length.
+constexpr int longest_tool_tip = 400;
+
+}  // namespace
+
 QFont FixedFont() {
   return QFontDatabase::systemFont(QFontDatabase::FixedFont);
 }
@@ -35,7 +42,8 @@ QLabel* NewCaption(const QString& name, const QString& text, QWidget* buddy) {
     label->setBuddy(buddy);
     QString spoken = text;
     if (spoken.endsWith(':')) spoken.chop(1);
-    buddy->setAccessibleName(spoken);
+    // A label is known by its own text.
+    if (qobject_cast<QLabel*>(buddy) == nullptr) buddy->setAccessibleName(spoken);
   }
   return label;
 }
@@ -76,7 +84,8 @@ QDialogButtonBox* ButtonRow(QPushButton* accept, QPushButton* reject,
   return row;
 }
 
-QString PlainToolTip(const QString& text) {
+QString PlainToolTip(const QString& whole) {
+  const QString text = whole.left(longest_tool_tip);
   if (!Qt::mightBeRichText(text)) return text;
   return "<span style='white-space: pre'>" + text.toHtmlEscaped() + "</span>";
 }

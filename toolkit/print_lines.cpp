@@ -48,11 +48,11 @@ QFont FittingFont(QPagedPaintDevice& device, const QStringList& lines) {
 
 }  // namespace
 
-int PrintLines(QPagedPaintDevice& device, const QStringList& lines) {
+PrintResult PrintLines(QPagedPaintDevice& device, const QStringList& lines) {
   QStringList printable;
   for (const QString& line : lines) printable << Printable(line);
   QPainter painter;
-  if (!painter.begin(&device)) return 0;
+  if (!painter.begin(&device)) return {0, "the printer could not be started."};
   painter.setFont(FittingFont(device, printable));
   const QFontMetricsF metrics = QFontMetricsF(painter.font(), &device);
   const double bottom = device.height();
@@ -60,14 +60,15 @@ int PrintLines(QPagedPaintDevice& device, const QStringList& lines) {
   double top = 0;
   for (const QString& line : printable) {
     if (top > 0 && top + metrics.height() > bottom) {
-      if (!device.newPage()) return 0;
+      if (!device.newPage()) return {0, "the printer gave no new page."};
       ++pages;
       top = 0;
     }
     painter.drawText(QPointF(0, top + metrics.ascent()), line);
     top += metrics.lineSpacing();
   }
-  return painter.end() ? pages : 0;
+  if (!painter.end()) return {0, "the printer could not finish."};
+  return {pages, {}};
 }
 
 }  // namespace rostermill

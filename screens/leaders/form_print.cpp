@@ -5,6 +5,9 @@
 #include <QGroupBox>
 #include <QVBoxLayout>
 
+#include <filesystem>
+#include <system_error>
+
 #include "screens/leaders/leader_rows.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/text_codec.h"
@@ -71,6 +74,10 @@ void FormPrint::btnCancel_Click() {
 }
 
 std::string ExportPath(int group) {
+  // Qt takes the root for a current folder that has been removed.
+  std::error_code gone;
+  const std::filesystem::path folder = std::filesystem::current_path(gone);
+  if (gone || folder.empty()) return {};
   return ToUtf8(QDir::current().absoluteFilePath(FromLatin1(LeaderFileName(group))));
 }
 

@@ -33,9 +33,17 @@ std::string HeadingLine(int group) {
   return line;
 }
 
+/// A name from a damaged image must not break its line.
+std::string Unbroken(std::string name) {
+  for (char& c : name) {
+    if (static_cast<unsigned char>(c) < ' ') c = ' ';
+  }
+  return name;
+}
+
 std::string RowLine(const LeaderRow& row, int rank, int columns) {
-  std::string line =
-      RightJustified(std::to_string(rank), rank_places) + ". " + PaddedText(row.Name, name_places);
+  std::string line = RightJustified(std::to_string(rank), rank_places) + ". " +
+                     PaddedText(Unbroken(row.Name), name_places);
   AdvanceZone(line);
   for (int column = 1; column <= columns; ++column) {
     line += RightJustified(RatingText(row.Attr[column]), rating_places) + "  ";

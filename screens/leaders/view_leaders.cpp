@@ -55,7 +55,6 @@ void ViewLeaders::BuildControls() {
   scrBar->setPageStep(1);
   btnPrint = NewButton("btnPrint", "Print...");
   btnOK = NewButton("btnOK", "OK");
-  SetDefaultButton(btnOK);
 }
 
 void ViewLeaders::BuildTable() {
@@ -99,10 +98,10 @@ QWidget* ViewLeaders::LayOutTable() {
     for (int column = 1; column <= LeaderColumnLimit; ++column) {
       table->addWidget(lblD[static_cast<std::size_t>(column)][r], r + 1, column + 1);
     }
-    table->setRowStretch(r + 1, 1);
   }
   table->addWidget(scrBar, 1, LeaderColumnLimit + 2, rows_on_view, 1);
   table->setColumnStretch(1, 1);
+  table->setRowStretch(rows_on_view + 1, 1);
   return Frame1;
 }
 
@@ -110,6 +109,8 @@ void ViewLeaders::Connect() {
   connect(cmbPosition, &DropDownList::Click, this, &ViewLeaders::cmbPosition_Click);
   connect(scrBar, &QScrollBar::valueChanged, this, &ViewLeaders::scrBar_Change);
   scrBar->installEventFilter(this);
+  btnPrint->installEventFilter(this);
+  btnOK->installEventFilter(this);
   for (int index = lblHead.First(); index < lblHead.Next(); ++index) {
     connect(lblHead[index], &ClickLabel::Click, this, [this, index] { lblHead_Click(index); });
   }
@@ -192,6 +193,14 @@ bool ViewLeaders::eventFilter(QObject* watched, QEvent* event) {
     wheelEvent(static_cast<QWheelEvent*>(event));
     return true;
   }
+  // On a button the arrow keys would move the focus.
+  if (watched != scrBar && event->type() == QEvent::KeyPress) {
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    if (key == Qt::Key_Up || key == Qt::Key_Down) {
+      keyPressEvent(static_cast<QKeyEvent*>(event));
+      return true;
+    }
+  }
   return ChildForm::eventFilter(watched, event);
 }
 
@@ -243,14 +252,21 @@ void ViewLeaders::PrintToDefaultPrinter() {
     lines << FromLatin1(line);
   }
   printer->setDocName("Rostermill");
-  if (PrintLines(*printer, lines) == 0 || printer->printerState() == QPrinter::Error) {
-    Complain("The list could not be printed: the printer failed.\n" + printer->printerName());
+  const PrintResult result = PrintLines(*printer, lines);
+  if (!result.Failure.isEmpty()) {
+    Complain("The list could not be printed: " + result.Failure + "\n" + printer->printerName());
+  } else if (printer->printerState() == QPrinter::Error) {
+    Complain("The list could not be printed: the printer reports an error.\n" +
+             printer->printerName());
   }
 }
 
 void ViewLeaders::WriteExportFile() {
   const int group = cmbPosition->ListIndex();
   const std::string path = ExportPath(group);
+  if (path.empty()) {
+    return Complain("The list could not be written: the current folder is no longer there.");
+  }
   try {
     ReplaceFile(path, ExportBytes(LeaderLines(session_.LeaderRows, RowCount, group)));
   } catch (const FileNotSynced& error) {

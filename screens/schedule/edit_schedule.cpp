@@ -13,7 +13,7 @@ namespace {
 
 constexpr int games_per_column = 7;
 constexpr int box_characters = 6;
-constexpr int lines_without_game = 3;
+constexpr int lines_without_game = 4;
 
 }  // namespace
 
@@ -144,6 +144,7 @@ void frmEditSchedule::LoadWeek(std::uint8_t weekNum) {
   lblWeek->setText(QString("Week: %1").arg(weekNum + 1));
   udWeek->setAccessibleName(lblWeek->text());
   for (ComboBox* box : cmbTeam) box->SetText({});
+  placed_text_.fill({});
   ShowGames();
   for (int game = 0; game < WorkSchedule[weekNum].GameCount; ++game) {
     FillBox(2 * game);
@@ -156,6 +157,7 @@ void frmEditSchedule::FillBox(int Index) {
   const int side = SideOf(Index);
   const QString wanted = FromLatin1(SideAbbreviation(session_.League, side));
   ComboBox* box = cmbTeam[Index];
+  placed_text_[static_cast<std::size_t>(Index)] = IsAllStarSide(side) ? wanted : QString();
   if (IsAllStarSide(side)) return box->SetText(wanted);
   for (int item = 0; item < box->ListCount(); ++item) {
     if (box->List(item) == wanted) return box->SetListIndex(item);
@@ -180,7 +182,9 @@ void frmEditSchedule::ShowFacts() {
   const WeekFacts facts = FactsOfWeek(WorkSchedule[CurrentWeek]);
   lblTwice->SetText(FromLatin1(SideList(league, facts.Twice)));
   lblItself->SetText(FromLatin1(SideList(league, facts.AgainstItself)));
-  lblWithoutGame->setText(FromLatin1(SideList(league, facts.WithoutGame)));
+  const QString without_game = FromLatin1(SideList(league, facts.WithoutGame));
+  lblWithoutGame->setText(without_game);
+  lblWithoutGame->setToolTip(PlainToolTip(without_game));
   lblSeason->setText(FromLatin1(GamesByWeek(WorkSchedule)));
 }
 
@@ -217,6 +221,7 @@ void frmEditSchedule::cmbTeam_Click(int Index) {
   for (int side = 0; side < TeamCount; ++side) {
     if (SideAbbreviation(session_.League, side) == picked) {
       SideOf(Index) = static_cast<std::int16_t>(side);
+      placed_text_[static_cast<std::size_t>(Index)].clear();
       return ShowFacts();
     }
   }
@@ -227,8 +232,7 @@ void frmEditSchedule::CompleteText(int Index) {
   ComboBox* box = cmbTeam[Index];
   const QString typed = box->Text();
   if (typed.isEmpty()) return;
-  const int side = SideOf(Index);
-  if (IsAllStarSide(side) && typed == FromLatin1(SideAbbreviation(session_.League, side))) return;
+  if (typed == placed_text_[static_cast<std::size_t>(Index)]) return;
   for (int item = 0; item < box->ListCount(); ++item) {
     if (box->List(item).startsWith(typed, Qt::CaseInsensitive)) return box->SetListIndex(item);
   }

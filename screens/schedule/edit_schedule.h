@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 #include "league/league_session.h"
@@ -55,6 +56,8 @@ class frmEditSchedule : public ChildForm {
   std::int16_t& SideOf(int Index);
 
   LeagueSession& session_;
+  /// What stands in a box for an all-star side, which is no entry of its list.
+  std::array<QString, 2 * GamesPerWeek> placed_text_;
   Season WorkSchedule;
   std::uint8_t CurrentWeek = 0;
   bool LoadingWeek = false;

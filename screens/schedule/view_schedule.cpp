@@ -32,7 +32,7 @@ void ViewSchedule::LayOut() {
 void ViewSchedule::Form_Load() {
   grdSchedule->SetColWidth(0, week_width);
   for (int w = 1; w <= WeekCount; ++w) ShowWeek(w);
-  for (int game = 1; game <= GamesPerWeek; ++game) grdSchedule->WidenToText(game);
+  for (int column = 0; column <= GamesPerWeek; ++column) grdSchedule->WidenToText(column);
 }
 
 void ViewSchedule::ShowWeek(int w) {

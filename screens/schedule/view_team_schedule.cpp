@@ -1,5 +1,6 @@
 #include "screens/schedule/view_team_schedule.h"
 
+#include <QMouseEvent>
 #include <QVBoxLayout>
 
 #include "screens/schedule/season_facts.h"
@@ -19,6 +20,7 @@ ViewTeamSchedule::ViewTeamSchedule(const LeagueSession& session)
   BuildControls();
   LayOut();
   AddCopyAction(this, [this] { return CopiedText(); });
+  AddSelectAllAction(this, [this] { MarkSelected(true); });
   Form_Load();
 }
 
@@ -45,7 +47,23 @@ void ViewTeamSchedule::Form_Load() {
   ShowTeam();
 }
 
+void ViewTeamSchedule::MarkSelected(bool selected) {
+  const auto mark = [selected](QLabel* line) {
+    line->setAutoFillBackground(selected);
+    line->setBackgroundRole(selected ? QPalette::Highlight : QPalette::NoRole);
+    line->setForegroundRole(selected ? QPalette::HighlightedText : QPalette::NoRole);
+  };
+  mark(lblTeamName);
+  for (QLabel* line : lblOpponent) mark(line);
+}
+
+void ViewTeamSchedule::mousePressEvent(QMouseEvent* event) {
+  if (event->button() == Qt::LeftButton) MarkSelected(false);
+  ChildForm::mousePressEvent(event);
+}
+
 void ViewTeamSchedule::ShowTeam() {
+  MarkSelected(false);
   lblTeamName->SetText(FromLatin1(SideName(session_.League, session_.SchedTeam - 1)));
   for (int w = 0; w < WeekCount; ++w) {
     lblOpponent[w]->SetText(OpponentText(session_.League.ScheduleData[w]));

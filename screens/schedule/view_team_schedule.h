@@ -18,7 +18,12 @@ class ViewTeamSchedule : public ChildForm {
   /// Shows the season of the team that SchedTeam is now.
   void ShowTeam();
 
+ protected:
+  void mousePressEvent(QMouseEvent* event) override;
+
  private:
+  /// Marks all lines as selected; a copy takes all of them, marked or not.
+  void MarkSelected(bool selected);
   void BuildControls();
   void LayOut();
 

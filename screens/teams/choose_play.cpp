@@ -82,9 +82,10 @@ void ChoosePlay::Form_Load() {
   for (int choice = 0; choice < choices; ++choice) {
     const QString name = FromLatin1(PlayName(slot_, choice));
     picRun[choice]->SetClickable(name);
-    lblName[choice]->setText(name);
     const bool pictured = ShowPlay(*picRun[choice], session_.AppDir, slot_, choice);
+    // Before the text: a label that takes the focus lays it out as a whole document.
     lblName[choice]->setFocusPolicy(pictured ? Qt::NoFocus : Qt::StrongFocus);
+    lblName[choice]->setText(name);
   }
   const int stored = session_.League.TeamPlays[session_.ViewTeam][slot_];
   ShowChoice(stored);
@@ -103,6 +104,7 @@ void ChoosePlay::FocusPlay(int choice) {
 
 void ChoosePlay::picRun_Click(int Index) {
   ShowChoice(Index);
+  FocusPlay(Index);
 }
 
 void ChoosePlay::btnOK_Click() {

@@ -60,7 +60,10 @@ void EditTeam::BuildControls() {
   cmbFormation = new DropDownList("cmbFormation");
   for (const char* name : {"2RB 2WR 1TE", "1RB 4WR", "1RB 3WR 1TE"}) cmbFormation->AddItem(name);
   for (int i = 0; i < play_buttons; ++i) {
-    btnPlay.Add(new ElidedButton("Play 1", "Run and Shoot Sweep Right"));
+    auto* button = btnPlay.Add(new ElidedButton("Play 1", "Run and Shoot Sweep Right"));
+    const bool run = i < plays_per_column;
+    button->setAccessibleDescription(
+        QString(run ? "Run slot %1" : "Pass slot %1").arg(i % plays_per_column + 1));
   }
   const int side = style()->pixelMetric(QStyle::PM_SmallIconSize);
   imgTextsTooLong = NewLabel("imgTextsTooLong");

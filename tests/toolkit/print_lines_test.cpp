@@ -27,7 +27,7 @@ QStringList Lines(int count, int length) {
 TEST(PrintLines, PagesFollowThePaperAndNarrowPaperTakesSmallerLetters) {
   const auto pages = [](QSizeF paper, int count, int length) {
     Paper sheet(paper, 10);
-    return PrintLines(sheet.writer, Lines(count, length));
+    return PrintLines(sheet.writer, Lines(count, length)).Pages;
   };
   const QSizeF a4(210, 297);
   EXPECT_EQ(pages(a4, 1, 68), 1);
@@ -42,7 +42,7 @@ TEST(PrintLines, PagesFollowThePaperAndNarrowPaperTakesSmallerLetters) {
 
 TEST(PrintLines, AFailingDeviceIsReported) {
   QPdfWriter writer("/no such folder/list.pdf");
-  EXPECT_EQ(PrintLines(writer, Lines(3, 10)), 0);
+  EXPECT_EQ(PrintLines(writer, Lines(3, 10)).Failure, "the printer could not be started.");
 }
 
 }  // namespace

@@ -1,3 +1,5 @@
+#include <QFileInfo>
+
 #include "tools/rsmtool/commands.h"
 #include "tools/rsmtool/csv.h"
 #include "tools/rsmtool/files.h"
@@ -6,7 +8,12 @@
 namespace rostermill {
 
 int RunExportPlayers(const Arguments& arguments, Console& console) {
-  const LeagueData league = ReadLeagueFile(arguments.Paths[0], console);
+  const QString& image = arguments.Paths[0];
+  const QString target = arguments.Paths.size() > 1 ? arguments.Paths[1] : "-";
+  if (target != "-" && QFileInfo(target) == QFileInfo(image)) {
+    throw ToolError(target.toStdString() + " is the image itself; give the CSV another name");
+  }
+  const LeagueData league = ReadLeagueFile(image, console);
   std::vector<std::string> cells;
   for (const Column& column : PlayerColumns) cells.emplace_back(column.Heading);
   std::string text = CsvLine(cells);
@@ -19,7 +26,7 @@ int RunExportPlayers(const Arguments& arguments, Console& console) {
       text += CsvLine(cells);
     }
   }
-  WriteOutput(arguments.Paths.size() > 1 ? arguments.Paths[1] : "-", text, console);
+  WriteOutput(target, text, console);
   return ExitOk;
 }
 

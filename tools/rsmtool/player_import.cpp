@@ -21,6 +21,11 @@ std::string Trimmed(std::string_view text) {
   return std::string(text.substr(first, text.find_last_not_of(blanks) - first + 1));
 }
 
+/// A cell's text fit for a message, whatever it is coded in.
+std::string ShownCell(const std::string& text) {
+  return Shown(Latin1Of(text).value_or(text));
+}
+
 /// Headings are compared without their case, blanks and underscores: "first_name", "firstName".
 std::string Plain(std::string_view heading) {
   std::string text = LowerText(heading);
@@ -109,9 +114,9 @@ class PlayerImport {
       const std::string heading = Trimmed(cell.Text);
       const Column* column = FindColumn(heading);
       if (column == nullptr && !heading.empty()) {
-        Fail(cell.Line, number, "there is no column \"" + heading + "\"");
+        Fail(cell.Line, number, "\"" + ShownCell(heading) + "\" is no known column");
       } else if (column != nullptr && NumberOf(column->Kind, column->Heading) != 0) {
-        Fail(cell.Line, number, "the column \"" + heading + "\" stands there twice");
+        Fail(cell.Line, number, "the column \"" + ShownCell(heading) + "\" stands there twice");
       }
       columns_.push_back(column);
     }
@@ -140,7 +145,7 @@ class PlayerImport {
     const std::string text = at < row.size() ? Trimmed(row[at].Text) : "";
     if (const auto key = NumberIn(text, largest); key && *key >= 1) return *key;
     Fail(at < row.size() ? row[at].Line : row.front().Line, number,
-         "\"" + text + "\" is no number from 1 to " + std::to_string(largest));
+         "\"" + ShownCell(text) + "\" is no number from 1 to " + std::to_string(largest));
     return 0;
   }
 

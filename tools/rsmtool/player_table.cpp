@@ -165,7 +165,7 @@ Problem NameProblem(const NameRec& name) {
     return InQuotes(name.FirstName + " " + name.LastName) + " has more than " +
            std::to_string(longest) + " letters";
   }
-  if (std::any_of(text.begin(), text.end(), [](char c) { return c >= 0 && c < 0x20; })) {
+  if (std::any_of(text.begin(), text.end(), IsControl)) {
     return InQuotes(text) + " holds a control character";
   }
   const bool capital =

@@ -21,4 +21,9 @@ std::optional<std::string> Latin1Of(std::string_view utf8) {
   return text.toLatin1().toStdString();
 }
 
+bool IsControl(char c) {
+  const auto byte = static_cast<unsigned char>(c);
+  return byte < 0x20 || (byte >= 0x7F && byte < 0xA0);
+}
+
 }  // namespace rostermill

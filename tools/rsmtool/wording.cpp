@@ -10,9 +10,7 @@ namespace rostermill {
 std::string Escaped(std::string_view latin1) {
   std::string text;
   for (const char c : latin1) {
-    const auto byte = static_cast<std::uint8_t>(c);
-    const bool control = byte < 0x20 || (byte >= 0x7F && byte < 0xA0);
-    text += control ? "\\x" + HexByteText(byte) : Utf8Of({&c, 1});
+    text += IsControl(c) ? "\\x" + HexByteText(c) : Utf8Of({&c, 1});
   }
   return text;
 }

@@ -5,8 +5,11 @@
 #include <QLabel>
 #include <QMdiSubWindow>
 #include <QPrinter>
+#include <QProcess>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QScrollBar>
+#include <QStandardPaths>
 #include <QTest>
 #include <QWheelEvent>
 #include <gtest/gtest.h>
@@ -76,7 +79,7 @@ class ViewLeadersTest : public testing::Test {
     const auto bytes = FileBytes(folder.Path(name));
     return {bytes.begin(), bytes.end()};
   }
-  /// Names the three kickers of the first teams and their ratings, for a list to be known whole.
+  /// Names two kickers and their ratings, for a list to be known whole.
   void NameKickers() {
     const KickRec weak{0, 0, 0, 0, 0, 0, 0};
     for (int team = 1; team <= TeamCount; ++team) {
@@ -87,6 +90,31 @@ class ViewLeadersTest : public testing::Test {
     session->League.NameData[3][29] = {"<b>&", "TOE", "01"};
     session->League.KickData[1][1] = {1, 2, 3, 4, 0, 5, 6};
     session->League.KickData[3][1] = {15, 15, 14, 15, 0, 15, 15};
+  }
+
+  static QString OutputOf(const QString& program, const QStringList& arguments) {
+    QProcess process;
+    process.start(program, arguments);
+    process.waitForFinished();
+    return process.readAllStandardOutput();
+  }
+  /// Prints the linemen and reads the paper with the tools that read any PDF.
+  void ExpectAllLinemenOnPaper() {
+    if (QStandardPaths::findExecutable("pdftotext").isEmpty()) GTEST_SKIP() << "no pdftotext";
+    Find<DropDownList>(*form, "cmbPosition").SetListIndex(4);
+    Print("radPrinter", "btnOK");
+    const QString text = OutputOf("pdftotext", {"-layout", "list.pdf", "-"});
+    for (int rank = 1; rank <= 140; ++rank) {
+      const QString name = FromLatin1(session->LeaderRows[rank].Name);
+      const QRegularExpression row(QString("\\b%1\\. +%2 +\\d+ +\\d+ +\\d+ +\\d+ *\\n")
+                                       .arg(rank)
+                                       .arg(QRegularExpression::escape(name)));
+      EXPECT_TRUE(row.match(text).hasMatch()) << rank << " " << name.toStdString();
+    }
+    // One font, of which "emb" says yes.
+    const QString fonts = OutputOf("pdffonts", {"list.pdf"}).section('\n', 2).simplified();
+    EXPECT_TRUE(fonts.contains(QRegularExpression("^\\S+ .* yes (yes|no) yes \\d+ \\d+$")))
+        << fonts.toStdString();
   }
 
   TempFolder folder;
@@ -245,6 +273,7 @@ TEST_F(ViewLeadersTest, PrintsTheWholeListOnThePrinterAndTellsWhenThereIsNone) {
   Print("radPrinter", "btnOK");
   EXPECT_TRUE(Exported("list.pdf").starts_with("%PDF"));
   EXPECT_FALSE(QFileInfo::exists("rsm_qb.txt"));
+  ExpectAllLinemenOnPaper();
 
   QString text;
   QDir().remove("list.pdf");

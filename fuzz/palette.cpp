@@ -1,0 +1,44 @@
+// Any text as colors.txt either gives 64 colours in range or is refused with a known error.
+
+#include "league/palette.h"
+
+#include <cstdint>
+#include <cstdlib>
+#include <system_error>
+
+namespace {
+
+using namespace rostermill;
+
+void Require(bool holds) {
+  if (!holds) std::abort();
+}
+
+/// A file that must give the same palette. A name that holds a quotation mark stood without any.
+std::string TextOf(const Palette& palette) {
+  std::string text;
+  for (const PaletteRec& rec : palette) {
+    const bool quoted = rec.Name.find('"') == std::string::npos;
+    text += quoted ? '"' + rec.Name + '"' : rec.Name;
+    for (const int value : {rec.Red, rec.Green, rec.Blue}) text += "," + HexByteText(value);
+    text += "\r\n";
+  }
+  return text;
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  try {
+    const Palette palette = ParsePalette({reinterpret_cast<const char*>(data), size});
+    for (const PaletteRec& rec : palette) {
+      for (const int value : {rec.Red, rec.Green, rec.Blue}) Require(value >= 0 && value <= 0xFF);
+    }
+    Require(ParsePalette(TextOf(palette)) == palette);
+  } catch (const std::system_error& error) {
+    Require(error.code() == std::errc::no_message_available ||
+            error.code() == std::errc::invalid_argument ||
+            error.code() == std::errc::result_out_of_range);
+  }
+  return 0;
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <functional>
+
+#include "tests/faults/system_calls.h"
+
+namespace rostermill::test {
+
+/// Calls `one_case` with every fault of this kind: each call that `trace` shows, in turn, failing
+/// once and failing from then on.
+void ForEachFault(const std::vector<SystemCall>& trace, Effect kind, int number,
+                  const std::function<void(const Fault&)>& one_case);
+
+/// "write 2 and on: Input/output error"
+std::string TextOf(const Fault& fault);
+
+/// Runs `act` in a child process and waits; true when SIGKILL ended it.
+bool KilledWhile(const std::function<void()>& act);
+
+}  // namespace rostermill::test

@@ -1,0 +1,204 @@
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include "tests/support/damage.h"
+#include "tests/tools/rsmtool_fixture.h"
+
+namespace rostermill::test {
+namespace {
+
+class RsmtoolDump : public RsmtoolTest {};
+class RsmtoolResave : public RsmtoolTest {};
+
+TEST_F(RsmtoolDump, EveryFieldStandsInItsPlaceAndOrder) {
+  const QString path = Image("dump.nes", {{0x0C129, {'1', '9', '9', '3'}},
+                                          {0x0E1FA, {'A', 'B', 'C'}},
+                                          {0x0E1FF, {'"', '\\', 0x07}},
+                                          {0x0E204, {'x', 0xE9, 'z'}},
+                                          {0x1FD7C, {'H'}},
+                                          {0x1FD00, {'A', '.', 'B', ' '}},
+                                          {0x2C2E4, {1, 2, 3, 4, 5, 63}},
+                                          {0x343E8, {11, 12, 13, 14, 15}},
+                                          {0x34494, {21, 22, 23, 24}},
+                                          {0x1D310, {0x12, 0x34, 0x56, 0x7C}},
+                                          {0x6DA, {0x12}},
+                                          {0x3010, {0x12, 0x34, 0xFF, 0x56, 0x78}},
+                                          {0x301A, {0x9A, 0xBC, 0x00, 0xDE}},
+                                          {0x239D3, {0x23}}});
+  const Result result = Run({"dump", path});
+  EXPECT_EQ(result.Code, 0);
+  const std::string head = R"({
+  "rosterYear": "1993",
+  "leagueText": [
+    "ABC",
+    "\"\\\u0007",
+    "xéz"
+  ],
+  "teams": [
+    {
+      "index": 1,
+      "city": "HARBORTON",
+      "nickname": "SPARROWS",
+      "abbreviation": "A.B ",
+      "formation": 0,
+      "colors": [
+        1,
+        2,
+        3,
+        4,
+        5,
+        63
+      ],
+      "divChampColors": [
+        11,
+        12,
+        13,
+        14,
+        15
+      ],
+      "confChampColors": [
+        21,
+        22,
+        23,
+        24
+      ],
+      "plays": [
+        1,
+        2,
+        3,
+        4,
+        5,
+        6,
+        7,
+        0
+      ],
+      "players": [
+        {
+          "slot": 1,
+          "label": "QB 1",
+          "group": "QB",
+          "firstName": "sam",
+          "lastName": "PLOVER",
+          "jerseyNumber": "12",
+          "face": 255,
+          "ratings": {
+            "rushingPower": 1,
+            "runningSpeed": 2,
+            "maximumSpeed": 3,
+            "hittingPower": 4,
+            "passingSpeed": 5,
+            "passControl": 6,
+            "accuracy": 7,
+            "avoidPassBlock": 8
+          }
+        },
+        {
+          "slot": 2,
+)";
+  EXPECT_EQ(result.Out.substr(0, head.size()), head);
+  const std::string skill = R"(          "face": 0,
+          "ratings": {
+            "rushingPower": 9,
+            "runningSpeed": 10,
+            "maximumSpeed": 11,
+            "hittingPower": 12,
+            "ballControl": 13,
+            "receptions": 14
+          },
+          "kickReturner": true,
+          "puntReturner": false
+        },
+        {
+          "slot": 4,
+)";
+  EXPECT_NE(result.Out.find(skill), std::string::npos);
+}
+
+TEST_F(RsmtoolDump, OtherGroupsScheduleAndAllStars) {
+  const QString path = Image("dump.nes", {{0x3042, {0x12, 0x34, 0x80}},
+                                          {0x3051, {0x12, 0x34, 0x81, 0x56}},
+                                          {0x307D, {0x12, 0x34, 0x82, 0x67}},
+                                          {0x329C9, {1, 0}},
+                                          {0x329DB, {0x1B, 0x00}},
+                                          {0x32853, {0x1B, 0x1D}},
+                                          {0x32853 + 60, {0x00, 0x00}}});
+  const Result result = Run({"dump", path});
+  const QJsonObject root = QJsonDocument::fromJson(QByteArray::fromStdString(result.Out)).object();
+  const QJsonArray players = root["teams"][0]["players"].toArray();
+  ASSERT_EQ(players.size(), 30);
+  const auto expect_player = [&](int slot, const char* label, const char* group, int face,
+                                 const QJsonObject& own) {
+    const QJsonObject player = players[slot - 1].toObject();
+    QJsonObject ratings = own;
+    ratings["rushingPower"] = 1;
+    ratings["runningSpeed"] = 2;
+    ratings["maximumSpeed"] = 3;
+    ratings["hittingPower"] = 4;
+    EXPECT_EQ(player["label"].toString(), label);
+    EXPECT_EQ(player["group"].toString(), group);
+    EXPECT_EQ(player["face"].toInt(), face);
+    EXPECT_EQ(player["ratings"].toObject(), ratings) << label;
+    EXPECT_FALSE(player.contains("kickReturner")) << label;
+  };
+  expect_player(13, "C", "Line", 0x80, {});
+  expect_player(18, "RE", "Defense", 0x81, {{"passInterception", 5}, {"quickness", 6}});
+  expect_player(29, "K", "Kick", 0x82, {{"kickingAbility", 6}, {"avoidKickBlock", 7}});
+
+  EXPECT_NE(result.Out.find("  \"schedule\": [\n    [\n      {\n        \"away\": 27,\n"
+                            "        \"home\": 0\n      }\n    ],\n    [],\n"),
+            std::string::npos)
+      << "counted from 0, and only the games in use";
+  EXPECT_EQ(root["schedule"].toArray().size(), 17);
+  EXPECT_NE(result.Out.find("  \"probowl\": [\n    [\n      {\n        \"team\": 28,\n"
+                            "        \"slot\": 30\n      },\n"),
+            std::string::npos);
+  EXPECT_EQ(root["probowl"][1][0]["team"].toInt(), 1) << "counted from 1";
+  EXPECT_EQ(root["probowl"][1].toArray().size(), 30);
+}
+
+TEST_F(RsmtoolResave, TheCopyIsWhatASaveOfTheEditorWrites) {
+  const QString in = Image("in.nes", {{0x328D3, {0x00}}, {0x342D8, {0x99}}});
+  const Bytes before = BytesOf(in);
+  EXPECT_EQ(Run({"resave", in, Path("out.nes")}).Code, 0);
+  EXPECT_EQ(BytesOf(in), before) << "the source stays as it is";
+  const Bytes after = BytesOf(Path("out.nes"));
+  EXPECT_EQ(after, SavedBytes(SampleLeague()));
+  EXPECT_EQ(Bytes(after.begin() + 0x21642, after.begin() + 0x2164C),
+            (Bytes{0x8A, 0xA6, 0x6E, 0xBC, 0xD0, 0x9F, 0xAA, 0x4C, 0x50, 0x96}));
+  EXPECT_EQ(after[0x3CDC], 0xFF);
+  EXPECT_EQ(after[0x328D3], after[0x239D3]);
+
+  EXPECT_EQ(Run({"dump", in}).Out, Run({"dump", Path("out.nes")}).Out);
+  EXPECT_EQ(Run({"resave", Path("out.nes"), Path("out.nes")}).Code, 0);
+  EXPECT_EQ(BytesOf(Path("out.nes")), after) << "a second time changes nothing";
+}
+
+TEST_F(RsmtoolResave, BytesBehindTheImageAndPipesAreCarried) {
+  Bytes longer = SampleBytes();
+  longer.insert(longer.end(), {1, 2, 3});
+  const Result result = Run({"resave", "-", "-"}, std::string(longer.begin(), longer.end()));
+  EXPECT_EQ(result.Code, 0) << result.Err;
+  ASSERT_EQ(result.Out.size(), 393'235u);
+  EXPECT_EQ(result.Out.substr(393'232), "\x01\x02\x03");
+}
+
+TEST_F(RsmtoolResave, WhatCantBeSavedLeavesTheTargetAlone) {
+  // Every name reaches to the end of the bank.
+  Bytes wild = SampleBytes();
+  for (std::size_t at = 0x48; at < 0x6DA; at += 4) wild[at] = wild[at + 1] = 0xFF;
+  WriteFile(folder_.Path("wild.nes"), wild);
+  const QString out = Image("out.nes");
+  const Result result = Run({"resave", Path("wild.nes"), out});
+  EXPECT_EQ(result.Code, 2);
+  EXPECT_EQ(result.Err.rfind("rsmtool: The players' names are too long for the image", 0), 0u);
+  EXPECT_EQ(std::count(result.Err.begin(), result.Err.end(), '\n'), 1) << "one line";
+  EXPECT_EQ(BytesOf(out), SampleBytes());
+  EXPECT_EQ(Run({"resave", out, Path("no/such/folder.nes")}).Code, 2);
+  EXPECT_EQ(Run({"resave", Path("none.nes"), out}).Err,
+            "rsmtool: " + folder_.Path("none.nes") + ": No such file or directory\n");
+  EXPECT_EQ(BytesOf(out), SampleBytes());
+}
+
+}  // namespace
+}  // namespace rostermill::test

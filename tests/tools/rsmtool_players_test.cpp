@@ -1,0 +1,244 @@
+#include "tests/support/damage.h"
+#include "tests/tools/rsmtool_fixture.h"
+
+namespace rostermill::test {
+namespace {
+
+class RsmtoolPlayers : public RsmtoolTest {
+ protected:
+  /// Imports the text into a fresh copy of the sample.
+  Result Import(const std::string& csv, const QStringList& options = {}) {
+    Image("league.nes");
+    WriteFile(folder_.Path("players.csv"), csv);
+    return Run(QStringList{"import-players"} + options +
+               QStringList{Path("league.nes"), Path("players.csv")});
+  }
+
+  /// What a dry run of the text says would change.
+  std::string Changes(const std::string& csv) {
+    const Result result = Import(csv, {"--dry-run"});
+    EXPECT_EQ(result.Code, 0) << result.Err;
+    EXPECT_EQ(BytesOf(Path("league.nes")), SampleBytes()) << "a dry run writes nothing";
+    return result.Out;
+  }
+
+  /// The errors of the text, without the file's name; nothing may have been written.
+  std::string Errors(const std::string& csv) {
+    const Result result = Import(csv);
+    EXPECT_EQ(result.Code, 2) << csv;
+    EXPECT_EQ(BytesOf(Path("league.nes")), SampleBytes()) << csv;
+    std::string text = result.Err;
+    const std::string name = folder_.Path("players.csv") + ": ";
+    for (std::size_t at = 0; (at = text.find(name, at)) != std::string::npos;) {
+      text.erase(at, name.size());
+    }
+    return text;
+  }
+};
+
+constexpr const char* one_error = "rsmtool: 1 error; nothing was written\n";
+
+TEST_F(RsmtoolPlayers, TheExportIsWrittenAsASpreadsheetReadsIt) {
+  const QString image =
+      Image("league.nes", {{0x6DA, {0x12, 's', 0xE9, 'm', 'P', ',', '"', 'V', 'E', 'R'}},
+                           {0x3010, {0x12, 0x34, 0xFF, 0x56, 0x78}},
+                           {0x301A, {0x9A, 0xBC, 0x00, 0xDE}},
+                           {0x3042, {0x00, 0x0F, 0x10}},
+                           {0x3051, {0x00, 0x00, 0x00, 0x1F}},
+                           {0x307D, {0x00, 0x00, 0x00, 0x2E}},
+                           {0x239D3, {0x23}}});
+  const Result result = Run({"export-players", image});
+  EXPECT_EQ(result.Code, 0);
+  EXPECT_EQ(std::count(result.Out.begin(), result.Out.end(), '\n'), 841);
+  const std::string head =
+      "Team,Slot,Position,First Name,Last Name,Number,Face,Rushing Power,Running Speed,"
+      "Maximum Speed,Hitting Power,Passing Speed,Pass Control,Accuracy,Avoid Pass Block,"
+      "Ball Control,Receptions,Pass Interception,Quickness,Kicking Ability,Avoid Kick Block,"
+      "Kick Returner,Punt Returner\r\n"
+      "1,1,QB 1,s\xC3\xA9m,\"P,\"\"VER\",12,255,13,19,25,31,38,44,50,56,,,,,,,,\r\n";
+  EXPECT_EQ(result.Out.substr(0, head.size()), head);
+  const auto expect_line = [&](const std::string& line) {
+    EXPECT_NE(result.Out.find("\r\n" + line + "\r\n"), std::string::npos) << line;
+  };
+  expect_line("1,3,RB 1,jon,ASHLAR,23,0,63,69,75,81,,,,,88,94,,,,,yes,no");
+  expect_line("1,13,C,toby,YARROW,59,16,6,6,6,100,,,,,,,,,,,,");
+  EXPECT_NE(result.Out.find(",0,6,6,6,6,,,,,,,13,100,,,,\r\n1,19,NT,"), std::string::npos);
+  EXPECT_NE(result.Out.find(",0,6,6,6,6,,,,,,,,,19,94,,\r\n1,30,P,"), std::string::npos);
+  EXPECT_NE(result.Out.find("\r\n8,4,WR 3,"), std::string::npos) << "team 8 plays 1RB 4WR";
+
+  EXPECT_EQ(Run({"export-players", image, Path("out.csv")}).Out, "");
+  const Bytes file = BytesOf(Path("out.csv"));
+  EXPECT_EQ(std::string(file.begin(), file.end()), result.Out);
+}
+
+TEST_F(RsmtoolPlayers, ExportImportDumpChangesNothing) {
+  // Also where the image holds what an import would turn away: an empty and an odd name.
+  const QString image = Image(
+      "odd.nes", {{0x6DA, {0x1F, 's', 'a', 'm', 'p'}}, {0x4C, {0xD4, 0x86}}, {0x239D3, {0x00}}});
+  const std::string before = Run({"dump", image}).Out;
+  const Bytes bytes = BytesOf(image);
+  ASSERT_EQ(Run({"export-players", image, Path("p.csv")}).Code, 0);
+  const Result result = Run({"import-players", image, Path("p.csv")});
+  EXPECT_EQ(result.Code, 0) << result.Err;
+  EXPECT_EQ(Run({"dump", image}).Out, before);
+  EXPECT_EQ(BytesOf(image), bytes);
+}
+
+TEST_F(RsmtoolPlayers, AFewCellsInAnyOrderChangeTheirBytesOnly) {
+  const Result result = Import(
+      "kick_returner,PASSING SPEED,team,Last Name,slot,number,face\n"
+      ",63,1,Heron,1,7,255\n"
+      "yes,,1,Ashlar,3,,\n");
+  EXPECT_EQ(result.Code, 0) << result.Err;
+  EXPECT_EQ(result.Err, "rsmtool: 5 changes written to " + folder_.Path("league.nes") + "\n");
+  const Bytes after = BytesOf(Path("league.nes"));
+  EXPECT_EQ(Bytes(after.begin() + 0x6DA, after.begin() + 0x6E3),
+            (Bytes{0x07, 's', 'a', 'm', 'H', 'E', 'R', 'O', 'N'}));
+  EXPECT_EQ(after[0x4A], 0xD3) << "a shorter name moves the next one's pointer";
+  EXPECT_EQ(after[0x3012], 0xFF);
+  EXPECT_EQ(after[0x3013] >> 4, 9);
+  EXPECT_EQ(after[0x239D3] >> 4, 2) << "RB 1 returns kicks";
+  EXPECT_EQ(after[0x328D3], after[0x239D3]);
+  EXPECT_EQ(Run({"diff", Image("old.nes"), Path("league.nes")}).Out,
+            "SPARROWS: Kick Returner WR 3 clem PETREL -> RB 1 jon ASHLAR\n"
+            "SPARROWS QB 1 sam PLOVER: Name sam PLOVER -> sam HERON\n"
+            "SPARROWS QB 1 sam PLOVER: Number 01 -> 07\n"
+            "SPARROWS QB 1 sam PLOVER: Face 99 -> 255\n"
+            "SPARROWS QB 1 sam PLOVER: Passing Speed 44 -> 63\n");
+}
+
+TEST_F(RsmtoolPlayers, AllPlayersEditedAtOnce) {
+  std::string csv = "Team,Slot,Rushing Power,Number,Face\n";
+  for (int team = 1; team <= 28; ++team) {
+    for (int slot = 1; slot <= 30; ++slot) {
+      csv += std::to_string(team) + "," + std::to_string(slot) + ",100,98,254\n";
+    }
+  }
+  const Result result = Import(csv);
+  EXPECT_EQ(result.Code, 0) << result.Err;
+  const Bytes after = BytesOf(Path("league.nes"));
+  // The record sizes of a team: 2 of 5 bytes, 10 of 4, 5 of 3, 11 of 4 and 2 of 4.
+  std::size_t at = 0x3010;
+  for (int team = 1; team <= 28; ++team) {
+    for (int slot = 1; slot <= 30; ++slot) {
+      EXPECT_EQ(after[at] >> 4, 15) << team << "/" << slot;
+      EXPECT_EQ(after[at + 2], 254) << team << "/" << slot;
+      at += slot <= 2 ? 5 : slot >= 13 && slot <= 17 ? 3 : 4;
+    }
+  }
+  EXPECT_EQ(after[0x6DA], 0x98);
+  EXPECT_EQ(at, 0x3CDCu);
+}
+
+TEST_F(RsmtoolPlayers, HabitsOfSpreadsheets) {
+  const std::string changes =
+      "SPARROWS QB 1 sam PLOVER: Name sam PLOVER -> sam HER,ON\n"
+      "SPARROWS QB 1 sam PLOVER: Passing Speed 44 -> 63\n";
+  EXPECT_EQ(Changes("Team,Slot,Last Name,Passing Speed\n1,1,\"Her,on\",63"), changes)
+      << "a quoted comma, and no line end behind the last row";
+  EXPECT_EQ(Changes("\xEF\xBB\xBF\"Team\",Slot,Last Name,Passing Speed,,\r\n"
+                    "1,1, \tHER,63\r\n"),
+            "SPARROWS QB 1 sam PLOVER: Name sam PLOVER -> sam HER\n"
+            "SPARROWS QB 1 sam PLOVER: Passing Speed 44 -> 63\n")
+      << "byte order mark, CRLF, blanks, unused columns";
+  EXPECT_EQ(Changes("Team,Slot,Number\r1,1,2\r,,\r\r , ,\r\n"),
+            "SPARROWS QB 1 sam PLOVER: Number 01 -> 02\n")
+      << "old line ends and empty rows at the end";
+  EXPECT_EQ(Changes("Team,Slot,Number,Position\n1,1,1,qb1\n1,4,,WR 3\n01,9,,\n"), "")
+      << "a lost zero, and the label under another formation";
+  EXPECT_EQ(Changes("Team,Slot,First Name\n1,1,\n"),
+            "SPARROWS QB 1 sam PLOVER: Name sam PLOVER -> PLOVER\n")
+      << "an empty name is a name";
+  EXPECT_EQ(Changes("Team,Slot,First Name\n1,1,S\xC3\xA9m\n"),
+            "SPARROWS QB 1 sam PLOVER: Name sam PLOVER -> s\xC3\xA9m PLOVER\n")
+      << "UTF-8 in, Latin-1 in the image";
+
+  EXPECT_EQ(Errors("Team;Slot;Face\r\n1;1;7\r\n"),
+            std::string("line 1: the columns are separated by semicolons; save the file with "
+                        "commas between them\n") +
+                one_error);
+}
+
+TEST_F(RsmtoolPlayers, EveryErrorIsToldWithItsPlaceAndNothingIsWritten) {
+  EXPECT_EQ(Errors("Team,Slot,Position,First Name,Last Name,Number,Face,Accuracy,Receptions\n"
+                   "1,1,QB 2,,,,,,\n"
+                   "1,2,,,plover,100,256,51,\n"
+                   "1,3,,,,0x1,-1,50,7\n"
+                   "0,31,,,,,,,\n"
+                   "\n"
+                   "1,4,,\"a\nb\",\"x\",,,,,more\n"
+                   "1,5,,\xE9,9LIVES,,,,\n"
+                   "1,6,,franklin,LONGFELLOW,,,,\n"
+                   "1,2,,,,,,,\n"),
+            "line 2, column 3 (Position): slot 1 is QB 1, not QB 2\n"
+            "line 3, column 6 (Number): \"100\" is no number from 0 to 99\n"
+            "line 3, column 7 (Face): \"256\" is no face number from 0 to 255\n"
+            "line 3, column 8 (Accuracy): \"51\" is no rating; the nearest are 50 and 56\n"
+            "line 4, column 6 (Number): \"0x1\" is no number from 0 to 99\n"
+            "line 4, column 7 (Face): \"-1\" is no face number from 0 to 255\n"
+            "line 4, column 8 (Accuracy): RB 1 has no Accuracy\n"
+            "line 4, column 9 (Receptions): \"7\" is no rating; the nearest are 6 and 13\n"
+            "line 5, column 1 (Team): \"0\" is no number from 1 to 28\n"
+            "line 5, column 2 (Slot): \"31\" is no number from 1 to 30\n"
+            "line 7, column 5 (Last Name): \"a\\x0AbX\" holds a control character\n"
+            "line 8, column 10: there is a value, and no known heading above it\n"
+            "line 9, column 4 (First Name): it holds a character outside Latin-1, or the file is "
+            "not saved as UTF-8\n"
+            "line 9, column 5 (Last Name): the last name \"9LIVES\" must begin with a letter from "
+            "A to Z\n"
+            "line 10, column 5 (Last Name): \"franklin LONGFELLOW\" has more than 15 letters\n"
+            "line 11: the same player stands in line 3 already\n"
+            "rsmtool: 16 errors; nothing was written\n");
+}
+
+TEST_F(RsmtoolPlayers, AFileThatIsNoPlayersFileIsTurnedAway) {
+  const std::vector<std::pair<std::string, std::string>> files{
+      {"", "line 1: the file is empty\n"},
+      {"Team\tSlot\n",
+       "line 1: the columns are separated by tabs; save the file with commas "
+       "between them\n"},
+      {"Team,Slot,Spe\x1B[m\n", "line 1, column 3: \"Spe\\x1B[m\" is no known column\n"},
+      {"Team,Slot,Face,FACE\n", "line 1, column 4: the column \"FACE\" stands there twice\n"},
+      {"Team,Face\n1,2\n", "line 1: the column \"Slot\" is missing\n"},
+      {"Team,Slot\n1,\"1\n", "line 2, column 2: a quote is opened and never closed\n"},
+      {"Team,Slot\n1,\"1\"x\n", "line 2, column 2: there is text behind a closing quote\n"}};
+  for (const auto& [csv, line] : files) EXPECT_EQ(Errors(csv), line + one_error);
+}
+
+TEST_F(RsmtoolPlayers, ATeamHasOneReturnerForEachDuty) {
+  const std::string head = "Team,Slot,Kick Returner,Punt Returner\n";
+  EXPECT_EQ(Changes(head + "1,9,no,no\n1,8,X,\n1,1,no,no\n"),
+            "SPARROWS: Kick Returner WR 3 clem PETREL -> WR 2 orin VINE\n");
+  EXPECT_EQ(Changes(head + "1,9,yes,TRUE\n"),
+            "SPARROWS: Punt Returner RB 4 jed TEASEL -> WR 3 clem PETREL\n");
+  EXPECT_EQ(Errors(head + "1,9,yes,\n1,8,1,\n"),
+            std::string("line 3, column 3 (Kick Returner): line 2 names another of the same "
+                        "team\n") +
+                one_error);
+  EXPECT_EQ(Errors(head + "1,6,,no\n"),
+            std::string("line 2, column 4 (Punt Returner): this leaves the team without one; say "
+                        "yes for another\n") +
+                one_error);
+  EXPECT_EQ(Errors(head + "1,13,yes,maybe\n"),
+            "line 2, column 3 (Kick Returner): only slots 3 to 12 can be returners\n"
+            "line 2, column 4 (Punt Returner): \"maybe\" is neither yes nor no\n"
+            "rsmtool: 2 errors; nothing was written\n");
+}
+
+TEST_F(RsmtoolPlayers, NamesThatDontFitTheImageAreRefusedTogether) {
+  std::string csv = "Team,Slot,First Name,Last Name\n";
+  for (int team = 1; team <= 28; ++team) {
+    for (int slot = 1; slot <= 30; ++slot) {
+      csv += std::to_string(team) + "," + std::to_string(slot) + ",abcdefg,HIJKLMNO\n";
+    }
+  }
+  const std::string line =
+      "rsmtool: The players' names are too long for the image: they need 13,440 bytes, and it has "
+      "room for 10,550 bytes. 2,890 letters must go.\n";
+  EXPECT_EQ(Errors(csv), line);
+  EXPECT_EQ(Run({"import-players", "--dry-run", Path("league.nes"), "-"}, csv).Err, line)
+      << "a dry run tells it too";
+}
+
+}  // namespace
+}  // namespace rostermill::test
