@@ -168,9 +168,8 @@ class Replacement {
   /// What a killed save left behind.
   static void RemoveLeftovers(QDir folder, const QString& prefix) {
     // Sorting the names of 10,000 images takes longer than the whole save.
-    const QStringList names =
-        folder.entryList(QDir::Files | QDir::Hidden | QDir::NoSymLinks | QDir::NoDotAndDotDot,
-                         QDir::Unsorted);
+    const QStringList names = folder.entryList(
+        QDir::Files | QDir::Hidden | QDir::NoSymLinks | QDir::NoDotAndDotDot, QDir::Unsorted);
     for (const QString& name : names) {
       if (name.startsWith(prefix) && name.size() == prefix.size() + 6) folder.remove(name);
     }

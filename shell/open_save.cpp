@@ -26,7 +26,7 @@ std::int16_t AsWord(qsizetype number) {
 
 /// One pair as the dialog's "description (patterns)". A description that ends with its patterns
 /// already doesn't show them twice, and "*.*" takes names without a dot as well.
-QString NameFilter(QString description, QString patterns) {
+QString NameFilter(QString description, const QString& patterns) {
   const QString written_out = "(" + patterns + ")";
   if (description.endsWith(written_out)) description.chop(written_out.size());
   QStringList names = patterns.split(';', Qt::SkipEmptyParts);
