@@ -89,12 +89,11 @@ void ViewPlayer::Form_Unload() {
 
 void ViewPlayer::cmbTeam_Click() {
   const std::string picked = ToLatin1(cmbTeam->Text());
-  for (int team = 1; team <= TeamCount; ++team) {
-    if (TeamListText(session_.League, team) == picked) {
-      session_.CurTeam = static_cast<std::int16_t>(team);
-      break;
-    }
-  }
+  int team = 1;
+  while (team <= TeamCount && TeamListText(session_.League, team) != picked) ++team;
+  // The lists are of before another image was loaded or a team was renamed.
+  if (team > TeamCount) return FillLists();
+  session_.CurTeam = static_cast<std::int16_t>(team);
   cmbPlayer->Clear();
   for (int slot = 1; slot <= SlotCount; ++slot) {
     cmbPlayer->AddItem(FromLatin1(PlayerListText(session_.League, session_.CurTeam, slot)));
@@ -108,12 +107,12 @@ void ViewPlayer::cmbTeam_Click() {
 
 void ViewPlayer::cmbPlayer_Click() {
   const std::string picked = ToLatin1(cmbPlayer->Text());
-  for (int slot = 1; slot <= SlotCount; ++slot) {
-    if (PlayerListText(session_.League, session_.CurTeam, slot) == picked) {
-      session_.CurSlot = static_cast<std::int16_t>(slot);
-      break;
-    }
+  int slot = 1;
+  while (slot <= SlotCount && PlayerListText(session_.League, session_.CurTeam, slot) != picked) {
+    ++slot;
   }
+  if (slot > SlotCount) return FillLists();
+  session_.CurSlot = static_cast<std::int16_t>(slot);
   cmbPosition->SetListIndex(session_.CurSlot - 1);
   ShowFace(*imgFace, session_.AppDir, FaceOf(session_.League, session_.CurTeam, session_.CurSlot));
   ShowNumberAndRatings();

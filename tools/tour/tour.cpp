@@ -25,6 +25,8 @@ Tour::Tour(const QString& program_folder, const QString& pictures)
   QFile::remove(ini);
   settings_ = std::make_unique<QSettings>(ini, QSettings::IniFormat);
   window_ = std::make_unique<FRSMform>(*session_, settings_.get());
+  // As large as on a screen of our days, whatever the platform without a display has.
+  window_->resize(1120, 800);
   window_->show();
 }
 

@@ -276,6 +276,21 @@ TEST_F(PlayerForms, TheEditorFollowsTheViewerAndClosesWithIt) {
   EXPECT_TRUE(editor_.isNull());
 }
 
+TEST_F(PlayerForms, ListsOfAnImageLoadedBeforeAreFilledAnewAtTheFirstPick) {
+  OpenBoth();
+  GoTo(3, 4);
+  for (int team = 1; team <= TeamCount; ++team) {
+    session_->League.TeamData[team].City = "OTHER";
+    for (NameRec& name : session_->League.NameData[team]) name.LastName += "X";
+  }
+  List("cmbPlayer").SetListIndex(5);
+  EXPECT_EQ(List("cmbTeam").Text(), FromLatin1(TeamListText(session_->League, session_->CurTeam)));
+  EXPECT_EQ(List("cmbPlayer").Text(),
+            FromLatin1(PlayerListText(session_->League, session_->CurTeam, session_->CurSlot)));
+  EXPECT_EQ(NameBox().Text(),
+            FromLatin1(PlayerEditText(session_->League, session_->CurTeam, session_->CurSlot)));
+}
+
 TEST_F(PlayerForms, BothOpenReadyToTypeAndAsWideAsEver) {
   for (TeamRec& team : session_->League.TeamData) team.City = std::string(50'000, 'W');
   OpenBoth();
