@@ -1,9 +1,18 @@
 #include "toolkit/picture_cache.h"
 
+#include <QBuffer>
+#include <QFile>
 #include <QHash>
 #include <QImageReader>
 
-#include <filesystem>
+#ifdef Q_OS_UNIX
+#include <sys/stat.h>
+#else
+#include <QDateTime>
+#include <QFileInfo>
+#endif
+
+#include <optional>
 
 namespace rostermill {
 
@@ -12,31 +21,58 @@ namespace {
 /// A picture larger than the program's own is not worth the memory.
 constexpr qsizetype largest_kept = 1 << 20;
 
+/// What tells a changed file from a known one.
+struct FileState {
+  qint64 time = 0;  // nanoseconds or milliseconds, as the system gives them
+  qint64 size = 0;
+  bool operator==(const FileState&) const = default;
+};
+
 struct KeptPicture {
-  std::filesystem::file_time_type time;
-  std::uintmax_t size = 0;
+  FileState state;
   QImage picture;
 };
+
+/// Empty for what is no regular file: a pipe could block the program.
+std::optional<FileState> StateOf(const QString& path) {
+#ifdef Q_OS_UNIX
+  // One call of the system; QFileInfo would also look for the time zone.
+  struct stat found {};
+  if (::stat(QFile::encodeName(path).constData(), &found) != 0 || !S_ISREG(found.st_mode)) {
+    return std::nullopt;
+  }
+  constexpr qint64 nanoseconds = 1'000'000'000;
+  return FileState{found.st_mtim.tv_sec * nanoseconds + found.st_mtim.tv_nsec, found.st_size};
+#else
+  const QFileInfo info(path);
+  if (!info.isFile()) return std::nullopt;
+  return FileState{info.lastModified().toMSecsSinceEpoch(), info.size()};
+#endif
+}
+
+/// Decodes the file from memory, in a format that is painted magnified without a detour.
+QImage Decoded(const QString& path) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) return {};
+  QByteArray bytes = file.readAll();
+  QBuffer buffer(&bytes);
+  const QImage picture = QImageReader(&buffer).read();
+  return picture.format() == QImage::Format_RGB32
+             ? picture
+             : picture.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+}
 
 }  // namespace
 
 QImage LoadPicture(const QString& path) {
   static QHash<QString, KeptPicture> kept;
-  // Not QFileInfo: it turns the time into local time, which looks for the time zone each time.
-  const std::filesystem::path file(path.toStdU16String());
-  std::error_code error;
-  const auto size = std::filesystem::file_size(file, error);
-  if (error) return {};
-  const auto time = std::filesystem::last_write_time(file, error);
+  const std::optional<FileState> state = StateOf(path);
+  if (!state) return {};
   const auto known = kept.constFind(path);
-  if (known != kept.cend() && known->time == time && known->size == size) {
-    return known->picture;
-  }
-  // Magnifying a picture with a colour table takes three times as long.
-  const QImage picture =
-      QImageReader(path).read().convertToFormat(QImage::Format_ARGB32_Premultiplied);
+  if (known != kept.cend() && known->state == *state) return known->picture;
+  const QImage picture = Decoded(path);
   if (!picture.isNull() && picture.sizeInBytes() <= largest_kept) {
-    kept.insert(path, {time, size, picture});
+    kept.insert(path, {*state, picture});
   }
   return picture;
 }
