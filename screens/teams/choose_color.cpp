@@ -16,7 +16,6 @@ namespace rostermill {
 namespace {
 
 constexpr int columns = 16;
-constexpr int rows = PaletteSize / columns;
 constexpr QSize box_size(26, 26);
 constexpr QSize current_size(52, 26);
 
