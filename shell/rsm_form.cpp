@@ -121,7 +121,7 @@ void FRSMform::MDIForm_Load() {
   QRect place = geometry();
   place.moveCenter(room.center());
   move(place.topLeft());
-  UpdateCommandState();
+  FRSMform::UpdateCommandState();
   UpdateRecentList();
   ShowStatus(no_rom);
 }
