@@ -85,7 +85,7 @@ QDialogButtonBox* ButtonRow(QPushButton* accept, QPushButton* reject,
 }
 
 QString PlainToolTip(const QString& whole) {
-  const QString text = whole.left(longest_tool_tip);
+  QString text = whole.left(longest_tool_tip);
   if (!Qt::mightBeRichText(text)) return text;
   return "<span style='white-space: pre'>" + text.toHtmlEscaped() + "</span>";
 }

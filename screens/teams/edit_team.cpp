@@ -25,7 +25,7 @@ constexpr int plays_per_column = 4;
 
 /// Shows a text in upper case with the caret behind it, and gives it back.
 std::string UpperCaseBox(TextBox& box) {
-  const std::string text = UpperText(ToLatin1(box.Text()));
+  std::string text = UpperText(ToLatin1(box.Text()));
   box.SetText(FromLatin1(text));
   box.setCursorPosition(static_cast<int>(text.size()));
   return text;

@@ -20,7 +20,7 @@ class OpenSave : public testing::Test {
 
   QString Path(const std::string& name) { return QString::fromStdString(folder_.Path(name)); }
   /// Looks at the next dialog and cancels it.
-  void LookAtNext(std::function<void(QFileDialog&)> look) {
+  void LookAtNext(const std::function<void(QFileDialog&)>& look) {
     OnNextDialog([look](QDialog& dialog) {
       look(dynamic_cast<QFileDialog&>(dialog));
       dialog.reject();

@@ -85,7 +85,7 @@ TEST_F(RecentStore, EmptyKeysAreSqueezedOutInTheStoreToo) {
 }
 
 TEST_F(RecentStore, AnUnreadableStoreReadsAsEmptyAndServesThisRun) {
-  WriteStore(std::string("[Recent\0\xFF\n=\n%%%", 16));
+  WriteStore(std::string("[Recent\0\xFF\n=\n%%%", 15));
   EXPECT_EQ(Get(), List());
   settings_.reset();
   std::filesystem::remove(ini_.toStdString());

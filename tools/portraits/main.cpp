@@ -95,6 +95,7 @@ void Save(const QImage& image, const QString& folder, const QString& name) {
 
 void MakePortraits(const QString& folder) {
   std::vector<QImage> portraits;
+  portraits.reserve(kPortraitCount);
   for (int portrait = 0; portrait < kPortraitCount; ++portrait) {
     portraits.push_back(PortraitImage(portrait));
   }

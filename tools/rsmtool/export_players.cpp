@@ -15,6 +15,7 @@ int RunExportPlayers(const Arguments& arguments, Console& console) {
   }
   const LeagueData league = ReadLeagueFile(image, console);
   std::vector<std::string> cells;
+  cells.reserve(PlayerColumns.size());
   for (const Column& column : PlayerColumns) cells.emplace_back(column.Heading);
   std::string text = CsvLine(cells);
   for (int team = 1; team <= TeamCount; ++team) {
