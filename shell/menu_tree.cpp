@@ -93,6 +93,7 @@ void MenuTree::Build(QMenuBar& bar, const std::function<void(const QString&)>& r
   for (const MenuRow& row : rows) {
     const QString name = row.name;
     QMenu* under = row.under == nullptr ? nullptr : menus_.value(row.under);
+    if (under == nullptr && row.kind != Kind::Menu) continue;  // only menus stand on the bar
     switch (row.kind) {
       case Kind::Menu: {
         QMenu* menu = under == nullptr ? bar.addMenu(row.caption) : under->addMenu(row.caption);

@@ -70,7 +70,7 @@ QImage LoadPicture(const QString& path) {
   if (!state) return {};
   const auto known = kept.constFind(path);
   if (known != kept.cend() && known->state == *state) return known->picture;
-  const QImage picture = Decoded(path);
+  QImage picture = Decoded(path);
   if (!picture.isNull() && picture.sizeInBytes() <= largest_kept) {
     kept.insert(path, {*state, picture});
   }

@@ -24,7 +24,7 @@ class Photos : public testing::Test {
     editor_->show();
   }
   /// Presses the editor's photo; `act` drives the picker and closes it.
-  void Pick(std::function<void(PlayerPhotos&)> act) {
+  void Pick(const std::function<void(PlayerPhotos&)>& act) {
     OnNextDialog([act](QDialog& dialog) { act(dynamic_cast<PlayerPhotos&>(dialog)); });
     QTest::mouseClick(&EditorFace(), Qt::LeftButton);
   }
