@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <new>
 #include <system_error>
+#include <utility>
 
 #include "league/file_access.h"
 #include "league/game_settings.h"
@@ -78,7 +79,8 @@ LoadOutcome LoadFile(LeagueSession& session, PipelineHost& host) {
     return LoadOutcome::EndProgram;
   }
   league.PaletteData = ReadPalette(session.AppDir);
-  session.League = std::move(league);
+  // A move would leave each short text in the room of the longest that was ever there.
+  std::swap(session.League, league);
   session.ImageLoaded = 1;
   host.Beep();
   host.SetBusy(false);
