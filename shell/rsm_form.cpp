@@ -25,6 +25,7 @@
 #include "screens/teams/view_teams.h"
 #include "shell/loading.h"
 #include "shell/open_save.h"
+#include "shell/readable_selection.h"
 #include "toolkit/elided_label.h"
 #include "toolkit/messages.h"
 #include "toolkit/text_codec.h"
@@ -83,6 +84,7 @@ FRSMform::FRSMform(LeagueSession& session, QSettings* settings)
 }
 
 void FRSMform::BuildWindow() {
+  QApplication::setPalette(ReadableSelection(QApplication::palette()));
   setObjectName("FRSMform");
   setWindowTitle("Rostermill");
   area_ = new ChildArea;

@@ -3,6 +3,9 @@
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QStyleOptionGroupBox>
 
 #include <cmath>
 #include <map>
@@ -27,11 +30,10 @@ double Contrast(QRgb a, QRgb b) {
   return (light + 0.05) / (dark + 0.05);
 }
 
-/// The contrast of the strongest ink in a picture to the colour that most of it has. `rim` pixels
-/// at the edge are the control's frame.
-double InkContrast(QWidget& control, int rim) {
+/// The contrast of the strongest ink in a part of a control to the colour that most of it has.
+double InkContrast(QWidget& control, const QRect& part) {
   const QImage shown = control.grab().toImage().convertToFormat(QImage::Format_RGB32);
-  const QRect inside = shown.rect().adjusted(rim, rim, -rim, -rim);
+  const QRect inside = part & shown.rect();
   std::map<QRgb, int> counts;
   for (int y = inside.top(); y <= inside.bottom(); ++y) {
     for (int x = inside.left(); x <= inside.right(); ++x) ++counts[shown.pixel(x, y)];
@@ -49,29 +51,70 @@ QString TextOf(const QWidget* control) {
   if (auto* button = qobject_cast<const QAbstractButton*>(control)) return button->text();
   if (auto* box = qobject_cast<const QLineEdit*>(control)) return box->text();
   if (auto* list = qobject_cast<const QComboBox*>(control)) return list->currentText();
+  if (auto* box = qobject_cast<const QGroupBox*>(control)) return box->title();
   return qobject_cast<const QAbstractItemView*>(control) ? "cells" : QString();
 }
 
+/// Where a control has its text: all of it but the frame at its edge, for a group box the title.
+QRect TextPart(const QWidget* control) {
+  if (auto* box = qobject_cast<const QGroupBox*>(control)) {
+    QStyleOptionGroupBox option;
+    option.initFrom(box);
+    option.subControls = QStyle::SC_GroupBoxLabel;
+    option.text = box->title();
+    option.lineWidth = 1;
+    return box->style()->subControlRect(QStyle::CC_GroupBox, &option, QStyle::SC_GroupBoxLabel,
+                                        box);
+  }
+  const int rim = qobject_cast<const QLabel*>(control) ? 0 : 3;
+  return control->rect().adjusted(rim, rim, -rim, -rim);
+}
+
 void ExpectReadable(QWidget& form) {
-  constexpr int rim = 3;
   for (QWidget* control : form.findChildren<QWidget*>()) {
     const bool shown = control->isVisibleTo(&form) && control->isEnabled();
     if (!shown || TextOf(control).trimmed().isEmpty()) continue;
-    EXPECT_GE(InkContrast(*control, qobject_cast<QLabel*>(control) ? 0 : rim), 4.5)
-        << control->objectName().toStdString() << " \"" << TextOf(control).toStdString() << '"';
+    const auto what = control->objectName() + " \"" + TextOf(control) + '"';
+    EXPECT_GE(InkContrast(*control, TextPart(control)), 4.5) << what.toStdString();
+    auto* box = qobject_cast<QLineEdit*>(control);
+    if (box == nullptr) continue;
+    box->selectAll();
+    EXPECT_GE(InkContrast(*box, TextPart(box)), 4.5) << what.toStdString() << " selected";
+    box->deselect();
   }
 }
 
-class InAScheme : public AllForms, public testing::WithParamInterface<bool> {
+/// The items of a menu, of the menus in it and of theirs, as they are and under the pointer.
+int ExpectReadableItems(QMenu& menu) {
+  int looked = 0;
+  menu.popup({0, 0});
+  for (QAction* item : menu.actions()) {
+    if (item->isSeparator() || !item->isVisible() || !item->isEnabled()) continue;
+    const std::string caption = item->text().toStdString();
+    menu.setActiveAction(nullptr);
+    EXPECT_GE(InkContrast(menu, menu.actionGeometry(item)), 4.5) << caption;
+    menu.setActiveAction(item);
+    EXPECT_GE(InkContrast(menu, menu.actionGeometry(item)), 4.5) << caption << " picked";
+    ++looked;
+    if (item->menu() != nullptr) looked += ExpectReadableItems(*item->menu());
+  }
+  menu.close();
+  return looked;
+}
+
+/// Set before there is a window, as a system does it.
+class Scheme : public testing::WithParamInterface<bool> {
  protected:
-  InAScheme() {
+  Scheme() {
     if (GetParam()) QApplication::setPalette(driver::DarkPalette());
   }
-  ~InAScheme() override { QApplication::setPalette(standard_); }
+  ~Scheme() { QApplication::setPalette(standard_); }
 
  private:
   QPalette standard_ = QApplication::palette();
 };
+
+class InAScheme : public Scheme, public AllForms {};
 
 INSTANTIATE_TEST_SUITE_P(LightAndDark, InAScheme, testing::Bool(),
                          [](const auto& scheme) { return scheme.param ? "Dark" : "Light"; });
@@ -82,15 +125,37 @@ TEST_P(InAScheme, EveryTextStandsOutFromItsGround) {
   VisitAll([](QWidget& form) { ExpectReadable(form); });
 }
 
+TEST_P(InAScheme, MenusStandOut) {
+  QMenuBar& bar = *window_.menuBar();
+  int looked = 0;
+  for (QAction* item : bar.actions()) {
+    EXPECT_GE(InkContrast(bar, bar.actionGeometry(item)), 4.5) << item->text().toStdString();
+    if (item->isEnabled()) looked += ExpectReadableItems(*item->menu());
+  }
+  EXPECT_GT(looked, 28) << "each team has an item";
+}
+
+TEST_P(InAScheme, ThePickedRowOfAListStandsOut) {
+  Pick("mViePlayerData");
+  auto& list = Find<QComboBox>(Form("ViewPlayer"), "cmbTeam");
+  list.showPopup();
+  QWidget& rows = *list.view()->viewport();
+  for (int row : {list.currentIndex(), list.currentIndex() + 1}) {
+    const QRect part = list.view()->visualRect(list.model()->index(row, 0));
+    EXPECT_GE(InkContrast(rows, part), 4.5) << row;
+  }
+  list.hidePopup();
+}
+
 TEST_P(InAScheme, HeadingsStandOutWhetherTheySortOrNot) {
   Pick("mVieLeaders");
   QWidget& leaders = Form("ViewLeaders");
   for (const char* name : {"lblHead(1)", "lblHead(3)"}) {
     auto& heading = Find<ClickLabel>(leaders, name);
     emit heading.Click();
-    EXPECT_GE(InkContrast(heading, 0), 4.5) << name;
+    EXPECT_GE(InkContrast(heading, heading.rect()), 4.5) << name;
     emit heading.Click();
-    EXPECT_GE(InkContrast(heading, 0), 4.5) << name;
+    EXPECT_GE(InkContrast(heading, heading.rect()), 4.5) << name;
   }
 }
 
