@@ -6,6 +6,7 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
 
 #include "bench/pairs.h"
 #include "bench/twin.h"
@@ -248,7 +249,7 @@ void LoadSample(LeagueSession& session, const std::string& bin) {
 }  // namespace rostermill::bench
 
 /// bench_window BIN-FOLDER WORK-FOLDER
-int main(int argc, char** argv) {
+int main(int argc, char** argv) try {
   using namespace rostermill;
   using namespace rostermill::bench;
   QApplication app(argc, argv);
@@ -263,4 +264,7 @@ int main(int argc, char** argv) {
   ComparePhotoPages(session, QString::fromLocal8Bit(argv[2]));
   CompareSteps(area, session);
   CompareSeasonGrid(area, session);
+} catch (const std::exception& error) {
+  std::fprintf(stderr, "bench_window: %s\n", error.what());
+  return 1;
 }
