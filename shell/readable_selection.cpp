@@ -22,7 +22,8 @@ bool StandsOut(const QColor& text, const QColor& ground) {
 }
 
 QColor GroundFor(const QColor& text, const QColor& ground) {
-  const bool light_text = Luminance(text) > 0.18;
+  constexpr double middle = 0.18;  // black and white stand out from it alike
+  const bool light_text = Luminance(text) > middle;
   constexpr int steps = 50;
   for (int step = 0; step <= steps; ++step) {
     const double part = static_cast<double>(step) / steps;
@@ -39,13 +40,12 @@ QColor GroundFor(const QColor& text, const QColor& ground) {
 
 }  // namespace
 
-QPalette ReadableSelection(const QPalette& system) {
-  QPalette palette;
+QPalette ReadableSelection(QPalette palette) {
   for (const auto group : {QPalette::Active, QPalette::Inactive}) {
-    const QColor text = system.color(group, QPalette::HighlightedText);
+    const QColor text = palette.color(group, QPalette::HighlightedText);
     palette.setColor(group, QPalette::HighlightedText, text);
     palette.setColor(group, QPalette::Highlight,
-                     GroundFor(text, system.color(group, QPalette::Highlight)));
+                     GroundFor(text, palette.color(group, QPalette::Highlight)));
   }
   return palette;
 }

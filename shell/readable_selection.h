@@ -4,8 +4,8 @@
 
 namespace rostermill {
 
-/// The colours of what is selected in `system`, their ground made darker or lighter as far as it
-/// takes for the text to stand out from it by 4.5 to 1. All other roles are left to the system.
-QPalette ReadableSelection(const QPalette& system);
+/// `palette` with the ground of what is selected made darker or lighter, as far as it takes for the
+/// text on it to stand out by 4.5 to 1. What no one has set stays the system's to change.
+QPalette ReadableSelection(QPalette palette);
 
 }  // namespace rostermill

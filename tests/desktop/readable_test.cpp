@@ -114,7 +114,17 @@ class Scheme : public testing::WithParamInterface<bool> {
   QPalette standard_ = QApplication::palette();
 };
 
-class InAScheme : public Scheme, public AllForms {};
+class InAScheme : public Scheme, public AllForms {
+ protected:
+  InAScheme() {
+    EXPECT_EQ(GetParam(), IsDark(window_));
+    for (QMenu* menu : window_.findChildren<QMenu*>()) EXPECT_EQ(GetParam(), IsDark(*menu));
+  }
+
+  static bool IsDark(const QWidget& widget) {
+    return widget.palette().window().color().lightness() < 128;
+  }
+};
 
 INSTANTIATE_TEST_SUITE_P(LightAndDark, InAScheme, testing::Bool(),
                          [](const auto& scheme) { return scheme.param ? "Dark" : "Light"; });
