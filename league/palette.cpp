@@ -24,6 +24,11 @@ std::string_view Trimmed(std::string_view text) {
   return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
+/// A name that is too long is cut, and no blank stays at the cut.
+std::string_view ShortName(std::string_view name) {
+  return name.size() > longest_name ? Trimmed(name.substr(0, longest_name)) : name;
+}
+
 /// Takes fields off the front of the file's text.
 class FieldReader {
  public:
@@ -111,7 +116,7 @@ Palette ParsePalette(std::string_view text) {
       Fail(std::errc::no_message_available, record, "the file ends before its 64 records");
     }
     PaletteRec& rec = palette[record];
-    rec.Name = fields.Next().substr(0, longest_name);
+    rec.Name = ShortName(fields.Next());
     rec.Red = ColorValue(fields.Next(), record);
     rec.Green = ColorValue(fields.Next(), record);
     rec.Blue = ColorValue(fields.Next(), record);

@@ -28,9 +28,10 @@ std::string PaletteName(const Palette& palette, int index);
 std::string PalettePath(const std::string& app_dir);
 
 /// Reads 64 records of name, red, green and blue from the text: fields end at a comma or a line
-/// end, a name may stand in double quotes, values are hexadecimal, 0 to FF. What follows the 64th
-/// record isn't read. Throws std::system_error: no_message_available for fewer records,
-/// invalid_argument for a value that is no number, result_out_of_range for one above FF.
+/// end, a name may stand in double quotes and is cut at 64 characters, values are hexadecimal, 0 to
+/// FF. What follows the 64th record isn't read. Throws std::system_error: no_message_available for
+/// fewer records, invalid_argument for a value that is no number, result_out_of_range for one above
+/// FF.
 Palette ParsePalette(std::string_view text);
 
 /// Reads colors.txt in the program's folder. Throws std::system_error when it can't be read, and

@@ -50,6 +50,15 @@ TEST(PaletteFile, TakesEitherLineEndQuotedNamesAndFieldsOnTheirOwnLines) {
   EXPECT_EQ(palette[63].Name, "Shade 59");
 }
 
+/// A blank left at the end of a name that is cut, which no file could hold but in quotes.
+TEST(PaletteFile, ALongNameIsCutAt64Characters) {
+  const std::string letters(63, 'n');
+  for (const std::string& name : {letters + " \"of old\"", "\"" + letters + " of old\""}) {
+    EXPECT_EQ(ParsePalette(name + ",1,2,3\n" + Records(63))[0], (PaletteRec{letters, 1, 2, 3}));
+  }
+  EXPECT_EQ(ParsePalette(letters + "no,1,2,3\n" + Records(63))[0].Name, letters + "n");
+}
+
 /// A short or garbled file that is taken half, or a value cut to its low byte without a word.
 TEST(PaletteFile, IsRefusedWithTheReasonsOwnError) {
   EXPECT_EQ(Refusal(Records(63)), std::errc::no_message_available);
