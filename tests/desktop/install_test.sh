@@ -39,25 +39,29 @@ inside() {
 
 # Makes $root a Debian of the same release as this one; says why where it can't.
 make_debian() {
-  local mirror said
-  if [ "$(id -u)" -ne 0 ]; then
-    echo "skipped: a fresh Debian to install into, which takes root"
+  local mirror said why
+  # shellcheck disable=SC1091
+  . /etc/os-release
+  if [ "$ID" != debian ]; then
+    why="this is no Debian"
+  elif [ "$(id -u)" -ne 0 ]; then
+    why="it takes root"
   elif ! command -v debootstrap >/dev/null; then
-    echo "skipped: a fresh Debian to install into, which takes debootstrap"
+    why="debootstrap is not installed"
   else
     mirror=$(apt-get indextargets --format '$(REPO_URI)' 'Created-By: Packages' | head -1)
-    # shellcheck disable=SC1091
-    if said=$(. /etc/os-release &&
-      debootstrap --variant=minbase "$VERSION_CODENAME" "$root" $mirror 2>&1) &&
+    if said=$(debootstrap --variant=minbase "$VERSION_CODENAME" "$root" $mirror 2>&1) &&
       said=$(mount -t proc proc "$root/proc" 2>&1); then
       mounted=true
       in_debian=true
       return
     fi
-    echo "skipped: a fresh Debian to install into: $(tail -1 <<<"$said")"
+    why=$(tail -1 <<<"$said")
+    umount "$root/proc" 2>/dev/null || true
     rm -rf --one-file-system "$root"
     mkdir -m 755 "$root"
   fi
+  echo "skipped: a fresh Debian to install into: $why"
 }
 
 install_package() {
