@@ -42,7 +42,9 @@ if(TARGET rsmtool)
 endif()
 
 set(beside ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
-install(FILES ${beside}/colors.txt ${beside}/sample.nes DESTINATION ${home})
+install(FILES ${beside}/colors.txt DESTINATION ${home})
+# As the build made it; the one beside the program may be edited by now.
+install(FILES ${SAMPLE_IMAGE} DESTINATION ${home})
 install(DIRECTORY ${beside}/faces DESTINATION ${home})
 install(
   DIRECTORY ${beside}/
@@ -89,7 +91,7 @@ set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
-set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/package_modes.cmake)
+set(CPACK_PRE_BUILD_SCRIPTS ${PROJECT_SOURCE_DIR}/cmake/before_package.cmake)
 set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)

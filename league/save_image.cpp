@@ -1,5 +1,6 @@
 #include "league/save_image.h"
 
+#include <cerrno>
 #include <new>
 #include <stdexcept>
 
@@ -84,9 +85,12 @@ SaveOutcome SaveImage(const LeagueSession& session, PipelineHost& host) {
     return Refuse(host, path + " was written, but the system could not confirm that it is safe: " +
                             error.what() + ".\n\nPlease save again.");
   } catch (const FileError& error) {
-    return Refuse(host, path + " could not be saved: " + error.what() +
-                            ".\n\nThe file is as it was, and your changes are still here. "
-                            "You can try again.");
+    const bool gone = error.Number() == ENOENT;
+    return Refuse(host, path + " could not be saved: " + error.what() + ".\n\n" +
+                            (gone ? "A save needs the image there, and your changes are still "
+                                    "here. Put it back and try again."
+                                  : "The file is as it was, and your changes are still here. You "
+                                    "can try again."));
   } catch (const std::bad_alloc&) {
     return Refuse(host, path + " could not be saved: there is not enough memory.");
   }

@@ -18,7 +18,8 @@ need_packages() {
   if [ "$(id -u)" -ne 0 ]; then
     if ! command -v sudo >/dev/null; then
       echo "These packages are missing: ${missing[*]}" >&2
-      echo "Install them as root: apt-get install ${missing[*]}" >&2
+      echo "Install them as root, and then start this again:" >&2
+      echo "    apt-get update && apt-get install ${missing[*]}" >&2
       exit 1
     fi
     root=(sudo)

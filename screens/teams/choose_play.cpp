@@ -7,6 +7,7 @@
 #include "screens/teams/team_form_parts.h"
 #include "toolkit/elided_label.h"
 #include "toolkit/form_parts.h"
+#include "toolkit/grid_walk.h"
 #include "toolkit/text_codec.h"
 
 namespace rostermill {
@@ -79,14 +80,18 @@ void ChoosePlay::Connect() {
 }
 
 void ChoosePlay::Form_Load() {
+  std::vector<QWidget*> cells;
   for (int choice = 0; choice < choices; ++choice) {
     const QString name = FromLatin1(PlayName(slot_, choice));
     picRun[choice]->SetClickable(name);
     const bool pictured = ShowPlay(*picRun[choice], session_.AppDir, slot_, choice);
+    QWidget* label = lblName[choice];
+    cells.push_back(pictured ? picRun[choice] : label);
     // Before the text: a label that takes the focus lays it out as a whole document.
     lblName[choice]->setFocusPolicy(pictured ? Qt::NoFocus : Qt::StrongFocus);
     lblName[choice]->setText(name);
   }
+  new GridWalk(cells, columns, this);
   const int stored = session_.League.TeamPlays[session_.ViewTeam][slot_];
   ShowChoice(stored);
   if (stored < choices) FocusPlay(stored);

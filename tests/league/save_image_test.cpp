@@ -153,7 +153,8 @@ TEST_F(SaveImageTest, AMissingOrShortTargetIsRefusedAndNotMade) {
 
   fs::remove(path_);
   EXPECT_EQ(Save(), SaveOutcome::Refused);
-  EXPECT_NE(host_.messages.back().find("No such file or directory"), std::string::npos);
+  EXPECT_NE(host_.messages.back().find("No such file or directory.\n\nA save needs the image"),
+            std::string::npos);
   EXPECT_TRUE(Names().empty());
 }
 
