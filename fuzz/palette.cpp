@@ -14,9 +14,10 @@ void Require(bool holds) {
   if (!holds) std::abort();
 }
 
-/// A file that must give the same palette. A name that holds a quotation mark stood without any.
+/// A file that must give the same palette. A name that holds a quotation mark stood without any,
+/// and may begin with a byte order mark, of which a file's first is dropped.
 std::string TextOf(const Palette& palette) {
-  std::string text;
+  std::string text = "\xEF\xBB\xBF";
   for (const PaletteRec& rec : palette) {
     const bool quoted = rec.Name.find('"') == std::string::npos;
     text += quoted ? '"' + rec.Name + '"' : rec.Name;
