@@ -108,7 +108,7 @@ class Scheme : public testing::WithParamInterface<bool> {
   Scheme() {
     if (GetParam()) QApplication::setPalette(driver::DarkPalette());
   }
-  ~Scheme() { QApplication::setPalette(standard_); }
+  ~Scheme() override { QApplication::setPalette(standard_); }
 
  private:
   QPalette standard_ = QApplication::palette();
