@@ -2,8 +2,10 @@
 
 #include <array>
 #include <cerrno>
+#include <memory>
 #include <new>
 #include <system_error>
+#include <type_traits>
 #include <utility>
 
 #include "league/file_access.h"
@@ -79,8 +81,10 @@ LoadOutcome LoadFile(LeagueSession& session, PipelineHost& host) {
     return LoadOutcome::EndProgram;
   }
   league.PaletteData = ReadPalette(session.AppDir);
-  // A move would leave each short text in the room of the longest that was ever there.
-  std::swap(session.League, league);
+  // Moved over the old one, a short text would stay in the room of the longest that was ever there.
+  static_assert(std::is_nothrow_move_constructible_v<LeagueData>);
+  std::destroy_at(&session.League);
+  std::construct_at(&session.League, std::move(league));
   session.ImageLoaded = 1;
   host.Beep();
   host.SetBusy(false);
