@@ -31,7 +31,10 @@ int main(int argc, char** argv) {
                              ? own_folder + "/../tour"
                              : options.positionalArguments().constFirst();
   try {
-    rostermill::Tour tour(options.value("beside"), folder);
+    const QString program_folder = options.value("beside");
+    // The sample beside a build's own program is the user's to change.
+    const QString sample = options.isSet("beside") ? program_folder + "/sample.nes" : SAMPLE_IMAGE;
+    rostermill::Tour tour(program_folder, sample, folder);
     const int pictures = tour.Run();
     std::printf("%d pictures are in %s\n", pictures,
                 qPrintable(QDir::cleanPath(QDir(folder).absolutePath())));

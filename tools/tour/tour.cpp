@@ -13,11 +13,11 @@
 
 namespace rostermill {
 
-Tour::Tour(const QString& program_folder, const QString& pictures)
+Tour::Tour(const QString& program_folder, const QString& sample, const QString& pictures)
     : pictures_(pictures), image_(pictures_.absoluteFilePath("tour-league.nes")) {
   if (!pictures_.mkpath(".")) throw std::runtime_error("cannot make the folder of the pictures");
   QFile::remove(image_);
-  Require(QFile::copy(program_folder + "/sample.nes", image_), "copy of the sample league");
+  Require(QFile::copy(sample, image_), "copy of the sample league");
   session_ = std::make_unique<LeagueSession>();
   session_->AppDir = ToUtf8(program_folder + "/");
   // The user's own recent files are none of the tour's business.

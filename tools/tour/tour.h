@@ -20,8 +20,9 @@ class FRSMform;
 /// not as it must be.
 class Tour {
  public:
-  /// `pictures` is made where it doesn't exist; what a former tour left there is written over.
-  Tour(const QString& program_folder, const QString& pictures);
+  /// `sample` is the sample league's image, which is copied. `pictures` is made where it doesn't
+  /// exist; what a former tour left there is written over.
+  Tour(const QString& program_folder, const QString& sample, const QString& pictures);
   ~Tour();
 
   /// Makes all stops; returns how many pictures were taken.
