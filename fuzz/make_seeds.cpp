@@ -4,7 +4,9 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <optional>
 
+#include "exchange/patch.h"
 #include "fuzz/image_input.h"
 #include "league/load_image.h"
 
@@ -54,6 +56,24 @@ Bytes NamesOf(const LeagueData& league, std::uint8_t group) {
   return input;
 }
 
+/// Two pieces of an image, one with a run in its middle, or the patch between them; see
+/// patches.cpp.
+Bytes PatchInput(const Bytes& image, std::optional<PatchFormat> format) {
+  const auto first = image.begin() + 0x6DA;
+  const Bytes base(first, first + 300);
+  Bytes other = base;
+  if (format == PatchFormat::Ips) {
+    std::fill_n(other.begin() + 100, 50, std::uint8_t{'X'});
+  } else {
+    other.insert(other.begin() + 100, 50, std::uint8_t{'X'});
+  }
+  if (format) other = MakePatch(*format, base, other);
+  Bytes input{static_cast<std::uint8_t>(base.size()), static_cast<std::uint8_t>(base.size() >> 8)};
+  input.insert(input.end(), base.begin(), base.end());
+  input.insert(input.end(), other.begin(), other.end());
+  return input;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -69,7 +89,10 @@ int main(int argc, char** argv) {
   const LeagueData league = ReadLeague(open);
   bool good = Write(seeds / "load_image/whole", image) &&
               Write(seeds / "load_image/sections", SectionsOf(image)) &&
-              Write(seeds / "palette/colors", Read(sample / "colors.txt"));
+              Write(seeds / "palette/colors", Read(sample / "colors.txt")) &&
+              Write(seeds / "patches/pieces", PatchInput(image, std::nullopt)) &&
+              Write(seeds / "patches/bps", PatchInput(image, PatchFormat::Bps)) &&
+              Write(seeds / "patches/ips", PatchInput(image, PatchFormat::Ips));
   for (std::uint8_t group = 0; group < 10; ++group) {
     good = good && Write(seeds / "leader_lines" / std::to_string(group), NamesOf(league, group));
   }
