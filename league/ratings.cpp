@@ -44,7 +44,8 @@ template <typename League>
 auto& PlaceField(League& league, int team, int slot, int place) {
   return FieldOf(
       league, team, slot, [place](auto& rec) -> auto& {
-        return rec.*RatingsOf<std::decay_t<decltype(rec)>>[place].Code;
+        const auto& ratings = RatingsOf<std::decay_t<decltype(rec)>>;
+        return rec.*ratings[place].Code;
       });
 }
 
