@@ -1,7 +1,8 @@
 # Flags that every target shares.
 add_library(rostermill_flags INTERFACE)
 target_compile_options(
-  rostermill_flags INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+  rostermill_flags INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+                             $<$<BOOL:${ROSTERMILL_WERROR}>:-Werror>)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
   # g++ 12 raises false alarms of this kind on std::string (its bug 105651).
   target_compile_options(rostermill_flags INTERFACE -Wno-restrict)

@@ -1,5 +1,5 @@
-# Installing and the Debian package. The program finds what it reads in its own folder, so all of
-# it goes to one folder of the system, with links in the path.
+# Installing and the Debian package. The program looks for its files in its own folder, so all of
+# them go to one folder of the system, with links in the path.
 include(GNUInstallDirs)
 
 set(ROSTERMILL_HOMEPAGE "https://rostermill.example" CACHE STRING
@@ -8,6 +8,14 @@ set(home lib/rostermill)
 set(app_id org.rostermill.rostermill)
 set(packaging ${PROJECT_SOURCE_DIR}/packaging)
 set(staged ${PROJECT_BINARY_DIR}/packaging)
+
+# Version and date of a release come from the first heading of CHANGELOG.md.
+file(STRINGS ${PROJECT_SOURCE_DIR}/CHANGELOG.md headings REGEX "^## ")
+list(GET headings 0 heading)
+if(NOT heading MATCHES "^## ([0-9.]+) \\(([0-9-]+)\\)$" OR NOT CMAKE_MATCH_1 STREQUAL PROJECT_VERSION)
+  message(FATAL_ERROR "CHANGELOG.md should begin with version ${PROJECT_VERSION}: ${heading}")
+endif()
+set(ROSTERMILL_RELEASE_DATE ${CMAKE_MATCH_2})
 
 # Installs a program into the folder and a link to it into the path.
 function(rostermill_install_program target)

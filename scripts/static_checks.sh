@@ -4,6 +4,7 @@
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
+scripts/check_includes.py
 cppcheck --enable=warning,performance,portability --inline-suppr --std=c++20 --quiet \
   --error-exitcode=1 -j "$(nproc)" -I . --library=qt --library=googletest \
   --suppressions-list=scripts/cppcheck.supp league exchange screens shell toolkit tools tests fuzz bench

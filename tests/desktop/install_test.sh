@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# Installs into a fresh root, checks what is there, starts the program in it without a display, and
-# with the build's tour loads, edits, saves and looks with the installed files.
+# Installs into a fresh root, checks what was installed, starts the program there without a display,
+# and runs the build's tour, which loads, edits and saves with the installed files.
 #
 # The root is a tree with the build folder's files or, for a package, a Debian made by debootstrap
-# into which apt installs it. Where the machine allows no such Debian, the package is unpacked into
-# a tree, and the test says so.
+# into which apt installs it. Where the machine does not allow that, the package is unpacked into a
+# tree, and the test says so.
 # usage: install_test.sh BUILD_FOLDER [PACKAGE.deb]
 set -euo pipefail
 
@@ -43,7 +43,7 @@ make_debian() {
   # shellcheck disable=SC1091
   . /etc/os-release
   if [ "$ID" != debian ]; then
-    why="this is no Debian"
+    why="this is not Debian"
   elif [ "$(id -u)" -ne 0 ]; then
     why="it takes root"
   elif ! command -v debootstrap >/dev/null; then
@@ -97,7 +97,7 @@ done
 [ "$(find "$home/faces" -name '*.bmp' | wc -l)" -eq 257 ] || fail "a portrait is missing"
 [ "$(find "$home" -maxdepth 1 -name '[rp][1-4]-[0-7].bmp' | wc -l)" -eq 64 ] ||
   fail "a picture of a play is missing"
-[ "$(stat -c %s "$home/sample.nes")" -eq 393232 ] || fail "the sample is no image"
+[ "$(stat -c %s "$home/sample.nes")" -eq 393232 ] || fail "the sample is not an image"
 
 while read -r path; do
   mode=$(stat -c '%F %a' "$path")
@@ -129,7 +129,17 @@ for size in 16 24 32 48 64 128 256; do
 done
 app=org.rostermill.rostermill
 [ -s "$prefix/share/doc/rostermill/copyright" ] || fail "no copyright file"
-# What a checker of this machine says of a file or the package; it should say nothing.
+
+# The package's changelog and the metadata name the release that CHANGELOG.md names.
+release=$(sed -n 's/^## \(.*\) (\(.*\))$/\1 \2/p' "$(dirname "$0")/../../CHANGELOG.md" | head -1)
+metadata=$(sed -n 's/.*<release version="\(.*\)" date="\(.*\)">.*/\1 \2/p' \
+  "$prefix/share/metainfo/$app.metainfo.xml" | head -1)
+[ "$metadata" = "$release" ] || fail "the metadata say $metadata, CHANGELOG.md $release"
+changelog=$(gzip -dc "$prefix/share/doc/rostermill/changelog.gz")
+dated=$(date -d "$(sed -n 's/^ -- .*>  //p' <<<"$changelog" | head -1)" +%F)
+[ "$(sed -n '1s/.*(\(.*\)).*/\1/p' <<<"$changelog") $dated" = "$release" ] ||
+  fail "the package's changelog differs from CHANGELOG.md: $release"
+# Runs a checker of this machine on a file or the package; it should print nothing.
 check() {
   if ! command -v "$1" >/dev/null; then
     echo "skipped: $1, which is not installed"

@@ -1,5 +1,5 @@
 #include "league/league_tables.h"
-#include "screens/players/position_layout.h"
+#include "league/ratings.h"
 #include "tools/rsmtool/commands.h"
 #include "tools/rsmtool/files.h"
 #include "tools/rsmtool/json_writer.h"

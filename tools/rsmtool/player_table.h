@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "league/league_data.h"
-#include "screens/players/position_layout.h"
+#include "league/ratings.h"
 
 namespace rostermill {
 
