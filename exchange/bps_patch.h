@@ -16,7 +16,7 @@ std::vector<std::uint8_t> MakeBpsPatch(std::span<const std::uint8_t> base,
                                        std::span<const std::uint8_t> target);
 
 /// Throws PatchError for a damaged patch, for a target above LargestPatchedFile, and for a base
-/// that the patch isn't made for; that message says so where the base is the patch's target.
+/// that the patch isn't made for. The message for a base that already is the target says so.
 std::vector<std::uint8_t> ApplyBpsPatch(std::span<const std::uint8_t> base,
                                         std::span<const std::uint8_t> patch);
 

@@ -119,16 +119,18 @@ class Reader {
   ByteView rest_;
 };
 
+[[noreturn]] void ThrowTooShort(std::size_t needed, std::size_t size) {
+  throw PatchError("The IPS patch is not for this file: it needs one of at least " +
+                   QuantityText(needed, "byte") + ", and this one has " +
+                   QuantityText(size, "byte") + ".");
+}
+
 void ApplyRecord(Reader& patch, std::size_t offset, Bytes& file) {
   std::size_t length = patch.Number(2);
   const bool is_run = length == 0;
   if (is_run) length = patch.Number(2);
   const ByteView bytes = patch.Take(is_run ? 1 : length);
-  if (offset > file.size() || length > file.size() - offset) {
-    throw PatchError("The IPS patch is not for this file: it changes bytes up to " +
-                     QuantityText(offset + length, "byte") + ", and the file has " +
-                     QuantityText(file.size(), "byte") + ".");
-  }
+  if (offset + length > file.size()) ThrowTooShort(offset + length, file.size());
   const auto place = file.begin() + static_cast<std::ptrdiff_t>(offset);
   if (is_run) {
     std::fill_n(place, length, bytes.front());
@@ -145,11 +147,7 @@ void ApplyCut(Reader& patch, Bytes& file) {
                      QuantityText(patch.Left(), "byte") + " after its end.");
   }
   const std::size_t length = patch.Number(3);
-  if (length > file.size()) {
-    throw PatchError("The IPS patch is not for this file: it cuts a file to " +
-                     QuantityText(length, "byte") + ", and this one has " +
-                     QuantityText(file.size(), "byte") + ".");
-  }
+  if (length > file.size()) ThrowTooShort(length, file.size());
   file.resize(length);
 }
 
@@ -161,8 +159,7 @@ Bytes MakeIpsPatch(ByteView base, ByteView target) {
   if (base.size() != target.size()) {
     throw PatchError("An IPS patch can't change the length of a file: one has " +
                      QuantityText(base.size(), "byte") + ", the other " +
-                     QuantityText(target.size(), "byte") +
-                     ". Give the patch a name that ends in .bps.");
+                     QuantityText(target.size(), "byte") + ". Use a name ending in .bps instead.");
   }
   Writer writer(target);
   std::size_t at = 0;

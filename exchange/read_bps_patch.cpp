@@ -17,7 +17,7 @@ using ByteView = std::span<const std::uint8_t>;
 }
 
 [[noreturn]] void ThrowNotThere() {
-  ThrowDamaged("it copies bytes that are not there");
+  ThrowDamaged("it copies bytes that don't exist");
 }
 
 std::string CrcText(std::uint32_t crc) {
@@ -49,7 +49,7 @@ class Reader {
       if ((byte & 0x80) != 0) return number;
       number += std::uint64_t{1} << (shift + 7);
     }
-    ThrowDamaged("a number in it doesn't end");
+    ThrowDamaged("a number in it is too long");
   }
 
   std::uint32_t Word() {
@@ -73,7 +73,8 @@ class Builder {
   void RunAction(Reader& patch) {
     const std::uint64_t head = patch.Number();
     const std::uint64_t length = (head >> 2) + 1;
-    if (length > target_size_ - target_.size()) ThrowDamaged("it makes more than it says");
+    if (length > target_size_ - target_.size())
+      ThrowDamaged("it produces more bytes than it declares");
     const auto count = static_cast<std::size_t>(length);
     switch (static_cast<BpsAction>(head & 3)) {
       case BpsAction::SourceRead:
@@ -95,7 +96,7 @@ class Builder {
   }
 
   Bytes Finish() {
-    if (target_.size() < target_size_) ThrowDamaged("it makes less than it says");
+    if (target_.size() < target_size_) ThrowDamaged("it produces fewer bytes than it declares");
     return std::move(target_);
   }
 
@@ -138,10 +139,10 @@ void RequireSource(ByteView base, const FileMark& source, const FileMark& target
   const FileMark found{base.size(), BpsCrc(base)};
   if (found == source) return;
   if (found == target) {
-    throw PatchError("The file has the BPS patch already: it is what the patch makes.");
+    throw PatchError("The BPS patch has already been applied to this file.");
   }
-  throw PatchError("The BPS patch is not for this file: it is made for " + MarkText(source) +
-                   ", and the file has " + MarkText(found) + ".");
+  throw PatchError("The BPS patch is not for this file: it needs one of " + MarkText(source) +
+                   ", and this one has " + MarkText(found) + ".");
 }
 
 }  // namespace
@@ -166,13 +167,13 @@ Bytes ApplyBpsPatch(ByteView base, ByteView patch) {
   reader.Take(reader.Number());  // metadata
   RequireSource(base, source, target);
   if (target.Size > LargestPatchedFile) {
-    throw PatchError("The BPS patch makes a file of " + QuantityText(target.Size, "byte") +
+    throw PatchError("The BPS patch would produce a file of " + QuantityText(target.Size, "byte") +
                      "; the limit is " + QuantityText(LargestPatchedFile, "byte") + ".");
   }
   Builder builder(base, static_cast<std::size_t>(target.Size));
   while (!reader.AtEnd()) builder.RunAction(reader);
   Bytes file = builder.Finish();
-  if (BpsCrc(file) != target.Crc) ThrowDamaged("it makes another file than it says");
+  if (BpsCrc(file) != target.Crc) ThrowDamaged("its result doesn't match its checksum");
   return file;
 }
 

@@ -5,7 +5,9 @@
 #include <fstream>
 #include <iterator>
 #include <optional>
+#include <string_view>
 
+#include "exchange/league_json.h"
 #include "exchange/patch.h"
 #include "fuzz/image_input.h"
 #include "league/load_image.h"
@@ -56,6 +58,15 @@ Bytes NamesOf(const LeagueData& league, std::uint8_t group) {
   return input;
 }
 
+/// A part of a league's JSON that has something of everything, short enough to be changed quickly.
+constexpr std::string_view league_json = R"({"rosterYear": "1995", "leagueText": [null, "AFC"],
+"teams": [{"index": 3, "city": "PORT \u00e9", "nickname": "OTTERS", "abbreviation": "PT.",
+"formation": 2, "colors": [1, 255], "divChampColors": [0], "confChampColors": [63], "plays": [9],
+"players": [{"slot": 1, "label": "QB 1", "group": "QB", "firstName": "al", "lastName": "HERON",
+"jerseyNumber": "7F", "face": 255, "ratings": {"accuracy": 15}},
+{"slot": 12, "kickReturner": true, "puntReturner": false}]}],
+"schedule": [[{"away": 28, "home": 29}], [], null], "probowl": [[{"team": 256, "slot": 1}]]})";
+
 /// Two pieces of an image, one with a run in its middle, or the patch between them; see
 /// patches.cpp.
 Bytes PatchInput(const Bytes& image, std::optional<PatchFormat> format) {
@@ -90,6 +101,7 @@ int main(int argc, char** argv) {
   bool good = Write(seeds / "load_image/whole", image) &&
               Write(seeds / "load_image/sections", SectionsOf(image)) &&
               Write(seeds / "palette/colors", Read(sample / "colors.txt")) &&
+              Write(seeds / "league_json/part", {league_json.begin(), league_json.end()}) &&
               Write(seeds / "patches/pieces", PatchInput(image, std::nullopt)) &&
               Write(seeds / "patches/bps", PatchInput(image, PatchFormat::Bps)) &&
               Write(seeds / "patches/ips", PatchInput(image, PatchFormat::Ips));

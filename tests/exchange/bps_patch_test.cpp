@@ -32,13 +32,13 @@ TEST(BpsPatch, OneWrittenByHandIsAppliedRight) {
 
 TEST(BpsPatch, ABaseThatIsNotTheSourceIsNamed) {
   EXPECT_EQ(PatchErrorOf([] { ApplyBpsPatch(HandTarget(), hand_patch); }),
-            "The file has the BPS patch already: it is what the patch makes.");
+            "The BPS patch has already been applied to this file.");
   EXPECT_EQ(PatchErrorOf([] { ApplyBpsPatch(BytesOf("the quick brown cat"), hand_patch); }),
-            "The BPS patch is not for this file: it is made for 19 bytes with the checksum "
-            "91C102CA, and the file has 19 bytes with the checksum 003FA184.");
+            "The BPS patch is not for this file: it needs one of 19 bytes with the checksum "
+            "91C102CA, and this one has 19 bytes with the checksum 003FA184.");
   EXPECT_EQ(PatchErrorOf([] { ApplyBpsPatch({}, hand_patch); }),
-            "The BPS patch is not for this file: it is made for 19 bytes with the checksum "
-            "91C102CA, and the file has 0 bytes with the checksum 00000000.");
+            "The BPS patch is not for this file: it needs one of 19 bytes with the checksum "
+            "91C102CA, and this one has 0 bytes with the checksum 00000000.");
 }
 
 TEST(BpsPatch, AnyByteChangedOrMissingIsDamage) {
@@ -82,7 +82,7 @@ TEST(BpsPatch, WhatLeadsOutsideOrDoesNotAddUpIsDamage) {
     return "The BPS patch is damaged: " + why + ".";
   };
   ASSERT_EQ(error_of({0x8C}), "") << "the whole source";
-  const std::string nowhere = damaged("it copies bytes that are not there");
+  const std::string nowhere = damaged("it copies bytes that don't exist");
   for (const Bytes& actions : {
            Bytes{0x81, 'A', 0x86, 0x88},        // 2 bytes of the source from its end on
            Bytes{0x86, 0x86},                   // 2 from its last
@@ -96,14 +96,14 @@ TEST(BpsPatch, WhatLeadsOutsideOrDoesNotAddUpIsDamage) {
     EXPECT_EQ(error_of(actions), nowhere) << testing::PrintToString(actions);
   }
   EXPECT_EQ(ErrorOfBody({0x84, 0x85, 0x80}, {0x90}, 0), nowhere) << "the source is shorter";
-  EXPECT_EQ(error_of({0x90}), damaged("it makes more than it says"));
-  EXPECT_EQ(error_of({0x8C, 0x80}), damaged("it makes more than it says"));
-  EXPECT_EQ(error_of({0x88}), damaged("it makes less than it says"));
-  EXPECT_EQ(error_of({}), damaged("it makes less than it says"));
+  EXPECT_EQ(error_of({0x90}), damaged("it produces more bytes than it declares"));
+  EXPECT_EQ(error_of({0x8C, 0x80}), damaged("it produces more bytes than it declares"));
+  EXPECT_EQ(error_of({0x88}), damaged("it produces fewer bytes than it declares"));
+  EXPECT_EQ(error_of({}), damaged("it produces fewer bytes than it declares"));
   EXPECT_EQ(error_of({0x8D, 'A', 'B', 'C'}), damaged("it is cut short"));
   EXPECT_EQ(error_of({0x8E}), damaged("it is cut short"));
-  EXPECT_EQ(error_of(Bytes(40, 0x7F)), damaged("a number in it doesn't end"));
-  EXPECT_EQ(error_of({0x8D, 'A', 'B', 'C', 'E'}), damaged("it makes another file than it says"));
+  EXPECT_EQ(error_of(Bytes(40, 0x7F)), damaged("a number in it is too long"));
+  EXPECT_EQ(error_of({0x8D, 'A', 'B', 'C', 'E'}), damaged("its result doesn't match its checksum"));
   EXPECT_EQ(ErrorOfBody({0x84, 0x84, 0x81}, {}, 0), damaged("it is cut short")) << "metadata";
   EXPECT_EQ(ErrorOfBody({0x84}, {}, 0), damaged("it is cut short"));
 }
@@ -118,13 +118,15 @@ TEST(BpsPatch, ASourceLongerThanTheTargetCanBeReadToTheTargetsEndOnly) {
 
 TEST(BpsPatch, ATargetAboveTheLimitTakesNoMemory) {
   // 2 to the power of 45 bytes, and one byte above 16 MiB.
-  EXPECT_EQ(ErrorOfBody({0x84, 0x00, 0x7F, 0x7E, 0x7E, 0x7E, 0x7E, 0x86, 0x80}, {0x8C}, 0),
-            "The BPS patch makes a file of 35,184,372,088,832 bytes; the limit is 16,777,216 "
-            "bytes.");
-  EXPECT_EQ(ErrorOfBody({0x84, 0x01, 0x7F, 0x7E, 0x86, 0x80}, {0x8C}, 0),
-            "The BPS patch makes a file of 16,777,217 bytes; the limit is 16,777,216 bytes.");
+  EXPECT_EQ(
+      ErrorOfBody({0x84, 0x00, 0x7F, 0x7E, 0x7E, 0x7E, 0x7E, 0x86, 0x80}, {0x8C}, 0),
+      "The BPS patch would produce a file of 35,184,372,088,832 bytes; the limit is 16,777,216 "
+      "bytes.");
+  EXPECT_EQ(
+      ErrorOfBody({0x84, 0x01, 0x7F, 0x7E, 0x86, 0x80}, {0x8C}, 0),
+      "The BPS patch would produce a file of 16,777,217 bytes; the limit is 16,777,216 bytes.");
   EXPECT_EQ(ErrorOfBody({0x84, 0x00, 0x7F, 0x7E, 0x86, 0x80}, {0x8C}, 0),
-            "The BPS patch is damaged: it makes less than it says.");
+            "The BPS patch is damaged: it produces fewer bytes than it declares.");
 }
 
 TEST(BpsPatch, TheBytesOfASmallPatchAreAsPublished) {

@@ -38,22 +38,22 @@ TEST(IpsPatch, WhatIsDamagedOrLeadsOutsideIsRefused) {
               size < 5 ? "The patch is not an IPS file." : cut);
   }
   EXPECT_EQ(ErrorOf(Patch({0, 0, 9, 0, 2, 'a', 'b', 'E', 'O', 'F'})),
-            "The IPS patch is not for this file: it changes bytes up to 11 bytes, and the file has "
-            "10 bytes.");
+            "The IPS patch is not for this file: it needs one of at least 11 bytes, and this "
+            "one has 10 bytes.");
   EXPECT_NE(ErrorOf(Patch({0, 0, 1, 0, 0, 0xFF, 0xFF, 'a', 'E', 'O', 'F'})), "");
   EXPECT_NE(ErrorOf(Patch({0xFF, 0xFF, 0xFF, 0, 1, 'a', 'E', 'O', 'F'})), "");
   EXPECT_EQ(ErrorOf(Patch({'E', 'O', 'F', 0})),
             "The IPS patch is damaged: it goes on for 1 byte after its end.");
   EXPECT_NE(ErrorOf(Patch({'E', 'O', 'F', 0, 0, 4, 0})), "");
   EXPECT_EQ(ErrorOf(Patch({'E', 'O', 'F', 0, 0, 11})),
-            "The IPS patch is not for this file: it cuts a file to 11 bytes, and this one has 10 "
-            "bytes.");
+            "The IPS patch is not for this file: it needs one of at least 11 bytes, and this "
+            "one has 10 bytes.");
 }
 
 TEST(IpsPatch, FilesOfOtherLengthsAreRefused) {
   EXPECT_EQ(PatchErrorOf([] { MakeIpsPatch(BytesOf("a"), BytesOf("ab")); }),
             "An IPS patch can't change the length of a file: one has 1 byte, the other 2 bytes. "
-            "Give the patch a name that ends in .bps.");
+            "Use a name ending in .bps instead.");
 }
 
 TEST(IpsPatch, RecordsAndRunsAreAsShortAsTheyGet) {

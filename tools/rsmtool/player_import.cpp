@@ -5,9 +5,9 @@
 #include <optional>
 #include <tuple>
 
+#include "exchange/text_codes.h"
 #include "tools/rsmtool/csv.h"
 #include "tools/rsmtool/player_table.h"
-#include "tools/rsmtool/text_codes.h"
 #include "tools/rsmtool/wording.h"
 
 namespace rostermill {
