@@ -3,6 +3,7 @@
 #include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QKeyEvent>
 
 #include "toolkit/form_parts.h"
 #include "toolkit/text_codec.h"
@@ -144,7 +145,7 @@ void frmEditSchedule::LoadWeek(std::uint8_t weekNum) {
   lblWeek->setText(QString("Week: %1").arg(weekNum + 1));
   udWeek->setAccessibleName(lblWeek->text());
   for (ComboBox* box : cmbTeam) box->SetText({});
-  placed_text_.fill({});
+  filled_text_.fill({});
   ShowGames();
   for (int game = 0; game < WorkSchedule[weekNum].GameCount; ++game) {
     FillBox(2 * game);
@@ -157,11 +158,14 @@ void frmEditSchedule::FillBox(int Index) {
   const int side = SideOf(Index);
   const QString wanted = FromLatin1(SideAbbreviation(session_.League, side));
   ComboBox* box = cmbTeam[Index];
-  placed_text_[static_cast<std::size_t>(Index)] = IsAllStarSide(side) ? wanted : QString();
-  if (IsAllStarSide(side)) return box->SetText(wanted);
-  for (int item = 0; item < box->ListCount(); ++item) {
-    if (box->List(item) == wanted) return box->SetListIndex(item);
-  }
+  filled_text_[static_cast<std::size_t>(Index)] = wanted;
+  const int item = IsAllStarSide(side) ? -1 : box->findText(wanted);
+  if (item < 0) return box->SetText(wanted);
+  box->SetListIndex(item);
+}
+
+bool frmEditSchedule::IsTyped(int Index) const {
+  return cmbTeam[Index]->Text() != filled_text_[static_cast<std::size_t>(Index)];
 }
 
 void frmEditSchedule::ShowGames() {
@@ -221,7 +225,7 @@ void frmEditSchedule::cmbTeam_Click(int Index) {
   for (int side = 0; side < TeamCount; ++side) {
     if (SideAbbreviation(session_.League, side) == picked) {
       SideOf(Index) = static_cast<std::int16_t>(side);
-      placed_text_[static_cast<std::size_t>(Index)].clear();
+      filled_text_[static_cast<std::size_t>(Index)] = box->Text();
       return ShowFacts();
     }
   }
@@ -230,24 +234,36 @@ void frmEditSchedule::cmbTeam_Click(int Index) {
 
 void frmEditSchedule::CompleteText(int Index) {
   ComboBox* box = cmbTeam[Index];
-  const QString typed = box->Text();
-  if (typed.isEmpty()) return;
-  if (typed == placed_text_[static_cast<std::size_t>(Index)]) return;
-  for (int item = 0; item < box->ListCount(); ++item) {
-    if (box->List(item).startsWith(typed, Qt::CaseInsensitive)) return box->SetListIndex(item);
-  }
+  const int item = box->MatchingIndex();
+  if (item >= 0) return box->SetListIndex(item);
   box->SetText({});
 }
 
 void frmEditSchedule::cmbTeam_LostFocus(int Index) {
-  cmbTeam_Click(Index);
+  // Of two teams with one abbreviation a mere visit would store the other one.
+  if (IsTyped(Index)) cmbTeam_Click(Index);
+}
+
+void frmEditSchedule::keyPressEvent(QKeyEvent* event) {
+  int Index = cmbTeam.First();
+  while (Index < cmbTeam.Next() && !cmbTeam[Index]->hasFocus()) ++Index;
+  const bool typed = Index < cmbTeam.Next() && IsTyped(Index);
+  const int key = event->key();
+  const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+  if (typed && enter && !cmbTeam[Index]->Text().isEmpty()) {
+    cmbTeam_Click(Index);
+  } else if (typed && key == Qt::Key_Escape) {
+    LoadingWeek = true;
+    FillBox(Index);
+    LoadingWeek = false;
+  } else {
+    ChildForm::keyPressEvent(event);
+  }
 }
 
 void frmEditSchedule::cmdOK_Click() {
-  // Enter and access keys come while the box still has the focus, and its text not taken.
-  for (int Index = cmbTeam.First(); Index < cmbTeam.Next(); ++Index) {
-    if (cmbTeam[Index]->ListIndex() < 0) cmbTeam_Click(Index);
-  }
+  // A button can be pressed while a box still has the focus, and its text is not taken.
+  for (int Index = cmbTeam.First(); Index < cmbTeam.Next(); ++Index) cmbTeam_LostFocus(Index);
   session_.League.ScheduleData = WorkSchedule;
   CloseForm();
 }

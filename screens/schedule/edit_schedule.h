@@ -18,12 +18,17 @@ namespace rostermill {
 
 /// "RSM Schedule Editor": changes the season week by week, in a copy that OK puts back. Box 2g is
 /// the visitor of game g, box 2g + 1 its host. Under the games stands what is odd about the week;
-/// it forbids nothing.
+/// it forbids nothing. A text typed in a box is taken when the box is left or Enter is pressed; Esc
+/// shows the stored team again.
 class frmEditSchedule : public ChildForm {
   Q_OBJECT
 
  public:
   explicit frmEditSchedule(LeagueSession& session);
+
+ protected:
+  /// Enter and Esc answer a text that is not taken yet before they reach the buttons.
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void BuildControls();
@@ -48,7 +53,10 @@ class frmEditSchedule : public ChildForm {
   /// Shows the rows of the games in use, and how many they are.
   void ShowGames();
 
+  /// Shows the stored team of a box. One that its list doesn't have shows as mere text.
   void FillBox(int Index);
+  /// Whether the box shows something else than the form has put there.
+  bool IsTyped(int Index) const;
   /// Selects the first entry that begins with the typed text; wipes a text that begins none.
   void CompleteText(int Index);
   void ShowFacts();
@@ -56,8 +64,8 @@ class frmEditSchedule : public ChildForm {
   std::int16_t& SideOf(int Index);
 
   LeagueSession& session_;
-  /// What stands in a box for an all-star side, which is no entry of its list.
-  std::array<QString, 2 * GamesPerWeek> placed_text_;
+  /// What each box was last filled with, or what was picked in it since.
+  std::array<QString, 2 * GamesPerWeek> filled_text_;
   Season WorkSchedule;
   std::uint8_t CurrentWeek = 0;
   bool LoadingWeek = false;
