@@ -73,6 +73,7 @@ void ViewLeaders::BuildTable() {
       KeepRoomWhenHidden(label);
     }
     lblName.Add(new ElidedLabel({}))->setMargin(cell_margin);
+    lblName[r]->AskForRoom(LongestPlayerListText);
   }
 }
 

@@ -14,7 +14,23 @@ namespace {
 
 constexpr int games_per_column = 7;
 constexpr int box_characters = 6;
-constexpr int lines_without_game = 4;
+/// Lines that list 14 teams, as many as can play twice or against themselves.
+constexpr int lines_of_half = 2;
+
+/// A list of teams. It wraps, and has its room whatever it lists.
+QLabel* NewTeamList(const QString& name, int lines) {
+  QLabel* label = NewLabel(name);
+  label->setWordWrap(true);
+  label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  label->setFixedHeight(label->fontMetrics().lineSpacing() * lines);
+  label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  return label;
+}
+
+void ShowTeams(QLabel& list, const std::string& teams) {
+  list.setText(FromLatin1(teams));
+  list.setToolTip(PlainToolTip(list.text()));
+}
 
 }  // namespace
 
@@ -42,9 +58,9 @@ void frmEditSchedule::BuildControls() {
   }
   lblSeason = NewLabel("lblSeason");
   lblSeason->setFont(FixedFont());
-  lblTwice = new ElidedLabel("lblTwice");
-  lblItself = new ElidedLabel("lblItself");
-  lblWithoutGame = NewLabel("lblWithoutGame");
+  lblTwice = NewTeamList("lblTwice", lines_of_half);
+  lblItself = NewTeamList("lblItself", lines_of_half);
+  lblWithoutGame = NewTeamList("lblWithoutGame", 2 * lines_of_half);
   cmdOK = NewButton("cmdOK", "OK");
   cmdCancel = NewButton("cmdCancel", "Cancel");
   SetDefaultButton(cmdOK);
@@ -84,10 +100,6 @@ QGroupBox* frmEditSchedule::LayOutGames() {
 }
 
 QLayout* frmEditSchedule::LayOutFacts() {
-  lblWithoutGame->setWordWrap(true);
-  lblWithoutGame->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-  lblWithoutGame->setFixedHeight(fontMetrics().lineSpacing() * lines_without_game);
-  lblWithoutGame->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   auto* grid = new QGridLayout;
   QLabel* weeks = NewLabel("lblWeeks", FromLatin1(WeekColumns()));
   weeks->setFont(FixedFont());
@@ -95,9 +107,9 @@ QLayout* frmEditSchedule::LayOutFacts() {
   grid->addWidget(weeks, 0, 1);
   grid->addWidget(NewCaption("lblSeasonCaption", "Games:"), 1, 0);
   grid->addWidget(lblSeason, 1, 1);
-  grid->addWidget(NewCaption("lblTwiceCaption", "Plays twice:"), 2, 0);
+  grid->addWidget(NewCaption("lblTwiceCaption", "Plays twice:"), 2, 0, Qt::AlignTop);
   grid->addWidget(lblTwice, 2, 1);
-  grid->addWidget(NewCaption("lblItselfCaption", "Against itself:"), 3, 0);
+  grid->addWidget(NewCaption("lblItselfCaption", "Against itself:"), 3, 0, Qt::AlignTop);
   grid->addWidget(lblItself, 3, 1);
   grid->addWidget(NewCaption("lblWithoutGameCaption", "Without a game:"), 4, 0, Qt::AlignTop);
   grid->addWidget(lblWithoutGame, 4, 1);
@@ -184,11 +196,9 @@ void frmEditSchedule::ShowGames() {
 void frmEditSchedule::ShowFacts() {
   const LeagueData& league = session_.League;
   const WeekFacts facts = FactsOfWeek(WorkSchedule[CurrentWeek]);
-  lblTwice->SetText(FromLatin1(SideList(league, facts.Twice)));
-  lblItself->SetText(FromLatin1(SideList(league, facts.AgainstItself)));
-  const QString without_game = FromLatin1(SideList(league, facts.WithoutGame));
-  lblWithoutGame->setText(without_game);
-  lblWithoutGame->setToolTip(PlainToolTip(without_game));
+  ShowTeams(*lblTwice, SideList(league, facts.Twice));
+  ShowTeams(*lblItself, SideList(league, facts.AgainstItself));
+  ShowTeams(*lblWithoutGame, SideList(league, facts.WithoutGame));
   lblSeason->setText(FromLatin1(GamesByWeek(WorkSchedule)));
 }
 

@@ -7,12 +7,13 @@
 #include "screens/schedule/season_facts.h"
 #include "toolkit/combo_box.h"
 #include "toolkit/control_array.h"
-#include "toolkit/elided_label.h"
 #include "toolkit/form.h"
 #include "toolkit/up_down.h"
 
 class QGroupBox;
+class QLabel;
 class QLayout;
+class QPushButton;
 
 namespace rostermill {
 
@@ -77,8 +78,8 @@ class frmEditSchedule : public ChildForm {
   ControlArray<ComboBox> cmbTeam{"cmbTeam"};
   ControlArray<QLabel> lblAt{"lblAt"};
   QLabel* lblSeason = nullptr;
-  ElidedLabel* lblTwice = nullptr;
-  ElidedLabel* lblItself = nullptr;
+  QLabel* lblTwice = nullptr;
+  QLabel* lblItself = nullptr;
   QLabel* lblWithoutGame = nullptr;
   QPushButton* cmdOK = nullptr;
   QPushButton* cmdCancel = nullptr;

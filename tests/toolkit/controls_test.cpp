@@ -50,6 +50,21 @@ TEST(DropDownList, SortsWithoutRegardToAsciiCaseAndKeepsEqualsInOrder) {
   EXPECT_EQ(order, QStringList({"", "Alpha", "ALPHA", "alphabet", "beta", "Beta"}));
 }
 
+// Would catch a long entry that loses its end without a sign that something is missing.
+TEST(DropDownList, AnEntryThatDoesNotFitKeepsItsEnd) {
+  DropDownList list("list");
+  std::vector<QImage> shown;
+  for (const char end : {'A', 'B'}) {
+    list.AddItem(QString(60, 'm') + end);
+    list.SetListIndex(list.ListCount() - 1);
+    list.resize(120, list.sizeHint().height());
+    shown.push_back(list.grab().toImage());
+  }
+  EXPECT_NE(shown[0], shown[1]);
+  list.AskForRoom(31);
+  EXPECT_GT(list.sizeHint().width(), list.fontMetrics().horizontalAdvance(QString(31, 'W')));
+}
+
 TEST(DropDownList, TheWheelLeavesAListWithoutFocusAlone) {
   DropDownList list("list");
   list.AddItem("a");
@@ -117,6 +132,9 @@ TEST(ElidedLabel, NeverAsksForRoomForItsWholeText) {
   label.SetText(QString(60'000, 'W'));
   EXPECT_LT(label.sizeHint().width(), 400);
   EXPECT_EQ(label.text().size(), 60'000);
+  label.AskForRoom(40);
+  EXPECT_GE(label.sizeHint().width(), label.fontMetrics().horizontalAdvance(QString(40, 'W')));
+  EXPECT_LT(label.minimumSizeHint().width(), 400);
 }
 
 class SmallForm : public ChildForm {
