@@ -2,6 +2,7 @@
 #include <QImage>
 #include <QMdiSubWindow>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 #include <QVBoxLayout>
 #include <QWheelEvent>
@@ -171,6 +172,34 @@ TEST(ChildForm, EnterPressesTheFocusedOrElseTheDefaultButton) {
   QTest::keyClick(form->other, Qt::Key_Enter);
   QTest::keyClick(form->other, Qt::Key_Escape);
   EXPECT_EQ(pressed, QStringList({"OK", "Other", "Cancel"}));
+}
+
+// Would catch a form whose title bar, with the close box, lies where nobody can reach it.
+TEST(ChildArea, OpensAFormInsideOrAtTheCornerAndScrollsToTheRest) {
+  for (const QSize least : {QSize(200, 100), QSize(900, 150), QSize(250, 700), QSize(900, 700)}) {
+    ChildArea area;
+    area.resize(500, 400);
+    area.show();
+    for (int opened = 0; opened < 3; ++opened) {
+      auto* form = new SmallForm;
+      form->setMinimumSize(least);
+      area.ShowForm(form);
+      QCoreApplication::processEvents();
+      const auto expect_inside = [&](const char* when) {
+        const QRect room = area.viewport()->rect();
+        const QRect place = form->parentWidget()->geometry();
+        EXPECT_GE(place.left(), 0) << when << least.width() << 'x' << least.height();
+        EXPECT_GE(place.top(), 0) << when << least.width() << 'x' << least.height();
+        EXPECT_TRUE(place.left() == 0 || place.right() <= room.right()) << when << place.right();
+        EXPECT_TRUE(place.top() == 0 || place.bottom() <= room.bottom()) << when << place.bottom();
+      };
+      expect_inside("opened ");
+      area.CentreForm(form);
+      expect_inside("centered ");
+    }
+    EXPECT_EQ(area.horizontalScrollBar()->maximum() > 0, least.width() > 500);
+    EXPECT_EQ(area.verticalScrollBar()->maximum() > 0, least.height() > 400);
+  }
 }
 
 TEST(ChildForm, ClosesOnceHoweverItIsClosedAndOpensAnew) {
