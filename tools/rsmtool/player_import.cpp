@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 #include <optional>
+#include <set>
 #include <tuple>
 
 #include "tools/rsmtool/csv.h"
@@ -114,7 +115,8 @@ class PlayerImport {
       const std::string heading = Trimmed(cell.Text);
       const Column* column = FindColumn(heading);
       if (column == nullptr && !heading.empty()) {
-        Fail(cell.Line, number, "\"" + ShownCell(heading) + "\" is no known column");
+        Fail(cell.Line, number, "\"" + ShownCell(heading) + "\" is not a known column");
+        refused_.insert(number);
       } else if (column != nullptr && NumberOf(column->Kind, column->Heading) != 0) {
         Fail(cell.Line, number, "the column \"" + ShownCell(heading) + "\" stands there twice");
       }
@@ -172,7 +174,9 @@ class PlayerImport {
     const auto text = Latin1Of(Trimmed(cell.Text));
     if (column == nullptr) {
       if (text && text->empty()) return std::nullopt;
-      return "there is a value, and no known heading above it";
+      // A row that has slipped is an error by itself; a column without a good heading is one.
+      if (at < columns_.size() && !refused_.insert(number).second) return std::nullopt;
+      return "there is a value, and no heading above it";
     }
     if (column->Kind == ColumnKind::Team || column->Kind == ColumnKind::Slot) return std::nullopt;
     if (!text) return "it holds a character outside Latin-1, or the file is not saved as UTF-8";
@@ -235,6 +239,7 @@ class PlayerImport {
   LeagueData& league_;
   const LeagueData before_;
   std::vector<const Column*> columns_;        ///< a heading each; null where it is empty or unknown
+  std::set<int> refused_;                     ///< columns that have their one error, from 1
   std::map<std::pair<int, int>, int> lines_;  ///< of each team and slot that has come
   std::map<std::pair<int, ColumnKind>, std::vector<Mark>> marks_;
   std::vector<ImportError> errors_;
