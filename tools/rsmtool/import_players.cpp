@@ -49,11 +49,11 @@ int RunImportPlayers(const Arguments& arguments, Console& console) {
     PrintEffects(effects, console.Out);
     return ExitOk;
   }
-  WriteLeagueFile(path, image, league, console);
+  const int code = WriteLeagueFile(path, path, image, league, console);
   console.Err << "rsmtool: " << QuantityText(changes.size(), "change") << " written to "
               << path.toStdString() << "\n";
   PrintEffects(effects, console.Err);
-  return ExitOk;
+  return code;
 }
 
 }  // namespace rostermill
