@@ -25,7 +25,7 @@ TEST_F(RsmtoolCheck, ACleanImageIsCleanStockOrSaved) {
   EXPECT_NE(result.Out.find(": a whole image, saved, nothing odd\n"), std::string::npos);
 }
 
-/// Damage that a load brings into range without a word, and the line that tells of it.
+/// Damage that a load brings into range without a word, and the line that reports it.
 struct Damage {
   int Offset;
   Bytes Values;
@@ -72,7 +72,7 @@ TEST_F(RsmtoolCheck, WhatALoadLeavesOutOrChangesIsTold) {
     const Result result = Run({"check", path});
     EXPECT_EQ(result.Code, 1) << damage.Line;
     EXPECT_NE(result.Out.find(damage.Line), std::string::npos)
-        << "not told: " << damage.Line << "\n"
+        << "not reported: " << damage.Line << "\n"
         << result.Out;
   }
 }

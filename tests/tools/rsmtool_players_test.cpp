@@ -191,7 +191,7 @@ TEST_F(RsmtoolPlayers, HabitsOfSpreadsheets) {
       "SPARROWS QB 1 sam PLOVER: Name sam PLOVER -> sam HER,ON\n"
       "SPARROWS QB 1 sam PLOVER: Passing Speed 44 -> 63\n";
   EXPECT_EQ(Changes("Team,Slot,Last Name,Passing Speed\n1,1,\"Her,on\",63"), changes)
-      << "a quoted comma, and no line end behind the last row";
+      << "a quoted comma, and no line end after the last row";
   EXPECT_EQ(Changes("\xEF\xBB\xBF\"Team\",Slot,Last Name,Passing Speed,,\r\n"
                     "1,1, \tHER,63\r\n"),
             "SPARROWS QB 1 sam PLOVER: Name sam PLOVER -> sam HER\n"
@@ -227,15 +227,15 @@ TEST_F(RsmtoolPlayers, EveryErrorIsToldWithItsPlaceAndNothingIsWritten) {
                    "1,6,,franklin,LONGFELLOW,,,,\n"
                    "1,2,,,,,,,\n"),
             "line 2, column 3 (Position): slot 1 is QB 1, not QB 2\n"
-            "line 3, column 6 (Number): \"100\" is no number from 0 to 99\n"
-            "line 3, column 7 (Face): \"256\" is no face number from 0 to 255\n"
-            "line 3, column 8 (Accuracy): \"51\" is no rating; the nearest are 50 and 56\n"
-            "line 4, column 6 (Number): \"0x1\" is no number from 0 to 99\n"
-            "line 4, column 7 (Face): \"-1\" is no face number from 0 to 255\n"
+            "line 3, column 6 (Number): \"100\" is not a number from 0 to 99\n"
+            "line 3, column 7 (Face): \"256\" is not a face number from 0 to 255\n"
+            "line 3, column 8 (Accuracy): \"51\" is not a rating; the nearest are 50 and 56\n"
+            "line 4, column 6 (Number): \"0x1\" is not a number from 0 to 99\n"
+            "line 4, column 7 (Face): \"-1\" is not a face number from 0 to 255\n"
             "line 4, column 8 (Accuracy): RB 1 has no Accuracy\n"
-            "line 4, column 9 (Receptions): \"7\" is no rating; the nearest are 6 and 13\n"
-            "line 5, column 1 (Team): \"0\" is no number from 1 to 28\n"
-            "line 5, column 2 (Slot): \"31\" is no number from 1 to 30\n"
+            "line 4, column 9 (Receptions): \"7\" is not a rating; the nearest are 6 and 13\n"
+            "line 5, column 1 (Team): \"0\" is not a number from 1 to 28\n"
+            "line 5, column 2 (Slot): \"31\" is not a number from 1 to 30\n"
             "line 7, column 5 (Last Name): \"a\\x0AbX\" holds a control character\n"
             "line 8, column 10: there is a value, and no heading above it\n"
             "line 9, column 4 (First Name): it holds a character outside Latin-1, or the file is "
@@ -243,7 +243,7 @@ TEST_F(RsmtoolPlayers, EveryErrorIsToldWithItsPlaceAndNothingIsWritten) {
             "line 9, column 5 (Last Name): the last name \"9LIVES\" must begin with a letter from "
             "A to Z\n"
             "line 10, column 5 (Last Name): \"franklin LONGFELLOW\" has more than 15 letters\n"
-            "line 11: the same player stands in line 3 already\n"
+            "line 11: the same player is in line 3 already\n"
             "rsmtool: 16 errors; nothing was written\n");
 }
 
@@ -257,10 +257,10 @@ TEST_F(RsmtoolPlayers, AFileThatIsNoPlayersFileIsTurnedAway) {
       {"Team,Slot,Speed\n1,1,6\n1,2,13\n", "line 1, column 3: \"Speed\" is not a known column\n"},
       {"Team,,Slot\n1,,1\n1,6,2\n1,13,3\n",
        "line 3, column 2: there is a value, and no heading above it\n"},
-      {"Team,Slot,Face,FACE\n", "line 1, column 4: the column \"FACE\" stands there twice\n"},
+      {"Team,Slot,Face,FACE\n", "line 1, column 4: the column \"FACE\" appears twice\n"},
       {"Team,Face\n1,2\n", "line 1: the column \"Slot\" is missing\n"},
       {"Team,Slot\n1,\"1\n", "line 2, column 2: a quote is opened and never closed\n"},
-      {"Team,Slot\n1,\"1\"x\n", "line 2, column 2: there is text behind a closing quote\n"}};
+      {"Team,Slot\n1,\"1\"x\n", "line 2, column 2: there is text after a closing quote\n"}};
   for (const auto& [csv, line] : files) EXPECT_EQ(Errors(csv), line + one_error);
 }
 
@@ -296,7 +296,7 @@ TEST_F(RsmtoolPlayers, NamesThatDontFitTheImageAreRefusedTogether) {
       "room for 10,550 bytes. 2,890 letters must go.\n";
   EXPECT_EQ(Errors(csv), line);
   EXPECT_EQ(Run({"import-players", "--dry-run", Path("league.nes"), "-"}, csv).Err, line)
-      << "a dry run tells it too";
+      << "a dry run says it too";
 }
 
 }  // namespace

@@ -22,7 +22,7 @@ struct OddLine {
 
 struct Report {
   std::string Name;
-  std::string Unusable;  ///< why the file is no usable image; empty for one that is
+  std::string Unusable;  ///< why the file is not a usable image; empty for one that is
   std::uint64_t FileSize = 0;
   std::string State;  ///< "stock", "saved" or "unknown"
   int NameBytes = 0;
@@ -143,7 +143,7 @@ void Write(JsonWriter& json, const Report& report) {
   json.EndObject();
 }
 
-/// One line on a terminal that tells how far a long run is; nothing elsewhere.
+/// One line on a terminal that shows how far a long run is; nothing elsewhere.
 class Progress {
  public:
   Progress(const Arguments& arguments, Console& console)

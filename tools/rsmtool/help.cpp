@@ -21,7 +21,7 @@ twice in a week, all-star places that name nobody, returners that are unset.
 
   --json   one JSON array with an object for each file
 
-Exit status: 0 all clean, 1 something odd, 2 a file is no usable image.
+Exit status: 0 all clean, 1 something odd, 2 a file is not a usable image.
 )"},
     {"dump", R"(Usage: rsmtool dump IMAGE
 

@@ -118,7 +118,7 @@ class PlayerImport {
         Fail(cell.Line, number, "\"" + ShownCell(heading) + "\" is not a known column");
         refused_.insert(number);
       } else if (column != nullptr && NumberOf(column->Kind, column->Heading) != 0) {
-        Fail(cell.Line, number, "the column \"" + ShownCell(heading) + "\" stands there twice");
+        Fail(cell.Line, number, "the column \"" + ShownCell(heading) + "\" appears twice");
       }
       columns_.push_back(column);
     }
@@ -147,7 +147,7 @@ class PlayerImport {
     const std::string text = at < row.size() ? Trimmed(row[at].Text) : "";
     if (const auto key = NumberIn(text, largest); key && *key >= 1) return *key;
     Fail(at < row.size() ? row[at].Line : row.front().Line, number,
-         "\"" + ShownCell(text) + "\" is no number from 1 to " + std::to_string(largest));
+         "\"" + ShownCell(text) + "\" is not a number from 1 to " + std::to_string(largest));
     return 0;
   }
 
@@ -158,7 +158,7 @@ class PlayerImport {
     const int line = row.front().Line;
     if (const auto [seen, added] = lines_.insert({{team, slot}, line}); !added) {
       return Fail(line, 0,
-                  "the same player stands in line " + std::to_string(seen->second) + " already");
+                  "the same player is in line " + std::to_string(seen->second) + " already");
     }
     for (std::size_t at = 0; at < row.size(); ++at) {
       const int number = static_cast<int>(at) + 1;
@@ -181,7 +181,7 @@ class PlayerImport {
     if (column->Kind == ColumnKind::Team || column->Kind == ColumnKind::Slot) return std::nullopt;
     if (!text) return "it holds a character outside Latin-1, or the file is not saved as UTF-8";
     if (IsReturner(column->Kind)) return SetMark(team, slot, *column, *text, cell.Line, number);
-    // What stands there as it was exported is never touched, good or odd.
+    // What is still as it was exported is never touched, good or odd.
     if (cell.Text == PlayerCell(before_, team, slot, *column)) return std::nullopt;
     if (column->Kind != ColumnKind::Position) {
       return SetPlayerCell(league_, team, slot, *column, *text);
