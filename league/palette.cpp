@@ -1,6 +1,7 @@
 #include "league/palette.h"
 
 #include <charconv>
+#include <locale>
 #include <system_error>
 
 #include "league/file_access.h"
@@ -10,7 +11,7 @@ namespace rostermill {
 namespace {
 
 constexpr std::size_t longest_palette_file = 1 << 20;
-constexpr std::size_t longest_name = 64;
+constexpr std::size_t longest_name = 64;  // characters
 
 [[noreturn]] void Fail(std::errc error, int record, const std::string& what) {
   throw std::system_error(std::make_error_code(error),
@@ -24,9 +25,33 @@ std::string_view Trimmed(std::string_view text) {
   return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
+/// How many bytes the first `count` characters of the text take in UTF-8; fewer where a byte comes
+/// first that isn't UTF-8.
+std::size_t Utf8Length(std::string_view text, std::size_t count) {
+  using Utf8 = std::codecvt<char32_t, char8_t, std::mbstate_t>;
+  const auto* start = reinterpret_cast<const char8_t*>(text.data());
+  std::mbstate_t state{};
+  const int length =
+      std::use_facet<Utf8>(std::locale::classic()).length(state, start, start + text.size(), count);
+  return static_cast<std::size_t>(length);
+}
+
+/// The name in UTF-8. Older editors and systems leave one in Latin-1.
+std::string InUtf8(std::string_view name) {
+  if (Utf8Length(name, name.size()) == name.size()) return std::string(name);
+  std::string text;
+  for (const char c : name) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte >= 0x80) text += static_cast<char>(0xC0 | byte >> 6);
+    text += static_cast<char>(byte < 0x80 ? byte : 0x80 | (byte & 0x3F));
+  }
+  return text;
+}
+
 /// A name that is too long is cut, and no blank stays at the cut.
-std::string_view ShortName(std::string_view name) {
-  return name.size() > longest_name ? Trimmed(name.substr(0, longest_name)) : name;
+std::string ShortName(const std::string& name) {
+  const std::size_t length = Utf8Length(name, longest_name);
+  return length < name.size() ? std::string(Trimmed(name.substr(0, length))) : name;
 }
 
 /// Takes fields off the front of the file's text.
@@ -63,7 +88,7 @@ class FieldReader {
     return field;
   }
 
-  /// Drops the field and the one separator behind it; CR LF is one.
+  /// Drops the field and the one separator after it; CR LF is one.
   void Drop(std::size_t end) {
     rest_.remove_prefix(end);
     if (rest_.starts_with("\r\n")) {
@@ -81,7 +106,7 @@ std::int16_t ColorValue(std::string_view field, int record) {
   const auto [end, error] = std::from_chars(field.data(), field.data() + field.size(), value, 16);
   if (error == std::errc::invalid_argument || end != field.data() + field.size()) {
     Fail(std::errc::invalid_argument, record,
-         "\"" + std::string(field.substr(0, 40)) + "\" is no hexadecimal number");
+         "\"" + std::string(field.substr(0, 40)) + "\" is not a hexadecimal number");
   }
   if (error != std::errc{} || value > 0xFF) {
     Fail(std::errc::result_out_of_range, record,
@@ -116,7 +141,7 @@ Palette ParsePalette(std::string_view text) {
       Fail(std::errc::no_message_available, record, "the file ends before its 64 records");
     }
     PaletteRec& rec = palette[record];
-    rec.Name = ShortName(fields.Next());
+    rec.Name = ShortName(InUtf8(fields.Next()));
     rec.Red = ColorValue(fields.Next(), record);
     rec.Green = ColorValue(fields.Next(), record);
     rec.Blue = ColorValue(fields.Next(), record);

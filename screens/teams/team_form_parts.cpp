@@ -27,7 +27,7 @@ std::optional<QColor> ScreenColor(const LeagueData& league, int index) {
 }
 
 QString ColorName(const LeagueData& league, int index) {
-  return FromLatin1(PaletteName(league.PaletteData, index));
+  return FromUtf8(PaletteName(league.PaletteData, index));
 }
 
 QString ColorNameAndNumber(const LeagueData& league, int index) {

@@ -46,7 +46,7 @@ TEST(PaletteFile, TakesEitherLineEndQuotedNamesAndFieldsOnTheirOwnLines) {
   EXPECT_EQ(palette[0], (PaletteRec{"Red, dark", 0x6C, 6, 0}));
   EXPECT_EQ(palette[1], (PaletteRec{"Two Words", 10, 11, 12}));
   EXPECT_EQ(palette[2], (PaletteRec{"Own", 1, 2, 3}));
-  EXPECT_EQ(palette[3], (PaletteRec{"Sm\xEE", 0, 0, 0}));
+  EXPECT_EQ(palette[3], (PaletteRec{"Sm\xC3\xAE", 0, 0, 0}));
   EXPECT_EQ(palette[63].Name, "Shade 59");
 }
 
@@ -57,6 +57,28 @@ TEST(PaletteFile, ALongNameIsCutAt64Characters) {
     EXPECT_EQ(ParsePalette(name + ",1,2,3\n" + Records(63))[0], (PaletteRec{letters, 1, 2, 3}));
   }
   EXPECT_EQ(ParsePalette(letters + "no,1,2,3\n" + Records(63))[0].Name, letters + "n");
+  EXPECT_EQ(ParsePalette(letters + "\xE9\xE9,1,2,3\n" + Records(63))[0].Name, letters + "\xC3\xA9");
+  EXPECT_EQ(ParsePalette(letters + "\xE8\x89\xB2\xE8\x89\xB2,1,2,3\n" + Records(63))[0].Name,
+            letters + "\xE8\x89\xB2");
+}
+
+/// Names read in the other encoding: "BlÃ¥", or nothing where a Latin-1 letter is.
+TEST(PaletteFile, ANameIsUtf8WhereItCanBeAndElseLatin1) {
+  const auto names = [](const std::string& mark) {
+    const Palette palette = ParsePalette(mark +
+                                         "Bl\xC3\xA5,0,0,0\n"
+                                         "\xE7\xB4\xBA \xF0\x9F\x8E\xA8,0,0,0\n"
+                                         "Bl\xE5,0,0,0\n"
+                                         "\xC3,0,0,0\n"
+                                         "\xC0\xAF\xFF,0,0,0\n" +
+                                         Records(59));
+    return std::vector{palette[0].Name, palette[1].Name, palette[2].Name, palette[3].Name,
+                       palette[4].Name};
+  };
+  const std::vector<std::string> read{"Bl\xC3\xA5", "\xE7\xB4\xBA \xF0\x9F\x8E\xA8", "Bl\xC3\xA5",
+                                      "\xC3\x83", "\xC3\x80\xC2\xAF\xC3\xBF"};
+  EXPECT_EQ(names(""), read);
+  EXPECT_EQ(names("\xEF\xBB\xBF"), read);
 }
 
 /// A short or garbled file that is taken half, or a value cut to its low byte without a word.

@@ -60,7 +60,7 @@ class TeamForms : public testing::Test {
     const PaletteRec& rec = session_->League.PaletteData[index];
     return {rec.Red, rec.Green, rec.Blue};
   }
-  QString Named(int index) { return FromLatin1(session_->League.PaletteData[index].Name); }
+  QString Named(int index) { return FromUtf8(session_->League.PaletteData[index].Name); }
   TeamRec& Team(int team) { return session_->League.TeamData[team]; }
 
   std::unique_ptr<LeagueSession> session_ = SampleSession();

@@ -12,6 +12,7 @@ TEST_F(TeamForms, TheViewerOpensOnTheTextThatSortsFirstAndShowsTheTeam) {
   Team(20).TeamColors = {{0, 22, 33, 0x4F, 6, 63}};
   Team(20).Formation = 1;
   session_->League.TeamPlays[20] = {{0, 3, 1, 2, 4, 0, 6, 7}};
+  session_->League.PaletteData[33].Name = "Bl\xC3\xA5 \xE8\x89\xB2";
   OpenViewer();
   EXPECT_EQ(Teams().Text(), "AARDVALE & <B>ANTS");
   EXPECT_EQ(Teams().ListCount(), 28);
@@ -19,7 +20,7 @@ TEST_F(TeamForms, TheViewerOpensOnTheTextThatSortsFirstAndShowsTheTeam) {
   EXPECT_EQ(Viewed("lblInfo(0)"), " AARDVALE");
   EXPECT_EQ(Viewed("lblInfo(1)"), " & <B>ANTS");
   EXPECT_EQ(Viewed("lblInfo(2)"), " AARD");
-  EXPECT_EQ(Viewed("lblInfo(3)"), " " + Named(0) + " and " + Named(33));
+  EXPECT_EQ(Viewed("lblInfo(3)"), " " + Named(0) + " and Bl\xC3\xA5 \xE8\x89\xB2");
   EXPECT_EQ(Viewed("lblInfo(4)"), " Unknown 4F and " + Named(63));
   EXPECT_EQ(Viewed("lblInfo(5)"), " 1RB 4WR");
   EXPECT_EQ(Find<ColorBox>(*viewer_, "picSwatch(1)").BackColor(), Screen(33));
