@@ -256,7 +256,7 @@ void ViewLeaders::PrintToPrinter() {
 
 void ViewLeaders::ComplainOfPrinting(const QString& reason) {
   const QString file = FromLatin1(LeaderFileName(cmbPosition->ListIndex()));
-  Complain("The list could not be printed: " + reason + "\n\nTo write it to " + file +
+  Complain("The list could not be printed: " + reason + "\n\nTo write the list to " + file +
            " instead, choose File.");
 }
 

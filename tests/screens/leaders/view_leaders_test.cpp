@@ -280,7 +280,7 @@ TEST_F(ViewLeadersTest, PrintsTheWholeListOnThePrinterAndTellsWhenThereIsNone) {
   QDir().mkdir("list.pdf");
   Print("radPrinter", "btnOK", &text);
   EXPECT_TRUE(text.startsWith("The list could not be printed")) << text.toStdString();
-  EXPECT_TRUE(text.endsWith("\n\nTo write it to rsm_ol.txt instead, choose File."));
+  EXPECT_TRUE(text.endsWith("\n\nTo write the list to rsm_ol.txt instead, choose File."));
 
   Choose(QB);
   form->SetPrinterMaker([](QString& failure) {
@@ -290,7 +290,7 @@ TEST_F(ViewLeadersTest, PrintsTheWholeListOnThePrinterAndTellsWhenThereIsNone) {
   Print("radPrinter", "btnOK", &text);
   EXPECT_EQ(text,
             "The list could not be printed: this computer has no printer.\n\n"
-            "To write it to rsm_qb.txt instead, choose File.");
+            "To write the list to rsm_qb.txt instead, choose File.");
 }
 
 TEST_F(ViewLeadersTest, KeyboardReachesEverythingInReadingOrder) {
