@@ -26,9 +26,8 @@ void DumpPlayer(JsonWriter& json, const LeagueData& league, int team, int slot) 
   json.Latin1("jerseyNumber", name.JerseyNumber);
   json.Number("face", FaceOf(league, team, slot));
   json.BeginObject("ratings");
-  for (const Column& column : PlayerColumns) {
-    if (column.Kind != ColumnKind::Rating || !HasColumn(column, slot)) continue;
-    json.Number(FieldName(column), PlaceCode(league, team, slot, column.Place));
+  for (int place = 0; place < PlacesInUse(group); ++place) {
+    json.Number(FieldName(RatingAt(group, place).Name), PlaceCode(league, team, slot, place));
   }
   json.EndObject();
   if (group == PositionGroup::Skill) {
