@@ -25,7 +25,7 @@ TEST_F(RsmtoolCheck, ACleanImageIsCleanStockOrSaved) {
   EXPECT_NE(result.Out.find(": a whole image, saved, nothing odd\n"), std::string::npos);
 }
 
-/// Damage that a load brings into range without a word, and the line that tells of it.
+/// Damage that a load brings into range without a word, and the line that reports it.
 struct Damage {
   int Offset;
   Bytes Values;
@@ -72,7 +72,7 @@ TEST_F(RsmtoolCheck, WhatALoadLeavesOutOrChangesIsTold) {
     const Result result = Run({"check", path});
     EXPECT_EQ(result.Code, 1) << damage.Line;
     EXPECT_NE(result.Out.find(damage.Line), std::string::npos)
-        << "not told: " << damage.Line << "\n"
+        << "not reported: " << damage.Line << "\n"
         << result.Out;
   }
 }
@@ -163,14 +163,18 @@ TEST_F(RsmtoolCheck, MachinesGetOneObjectAFile) {
 )");
 }
 
-TEST_F(RsmtoolCheck, StandardInputAndBytesBehindTheImage) {
+TEST_F(RsmtoolCheck, StandardInputAndBytesAfterTheImage) {
   Bytes longer = SampleBytes();
   longer.push_back(0);
   const Result result = Run({"check", "-"}, std::string(longer.begin(), longer.end()));
   EXPECT_EQ(result.Code, 1);
   EXPECT_EQ(result.Out.rfind("standard input: a whole image, stock, never saved, 1 oddity\n", 0),
             0u);
-  EXPECT_NE(result.Out.find("  odd, file: 1 byte behind the image\n"), std::string::npos);
+  EXPECT_NE(result.Out.find("  odd, file: 1 byte after the image\n"), std::string::npos);
+  longer.resize(SampleBytes().size() + (64 << 20) + 123'456);
+  const Result whole = Run({"check", "-"}, std::string(longer.begin(), longer.end()));
+  EXPECT_NE(whole.Out.find("  odd, file: 67,232,320 bytes after the image\n"), std::string::npos)
+      << whole.Out;
 }
 
 TEST_F(RsmtoolCheck, ProgressIsForTerminalsOnly) {

@@ -52,7 +52,7 @@ Problem SetRating(LeagueData& league, int team, int slot, const Column& column,
     return std::string(SlotLabels[slot]) + " has no " + std::string(column.Heading);
   }
   const auto code = RatingToCode(text);
-  if (!code) return InQuotes(text) + " is no rating; " + NearestRatings(text);
+  if (!code) return InQuotes(text) + " is not a rating; " + NearestRatings(text);
   SetPlaceCode(league, team, slot, column.Place, *code);
   return std::nullopt;
 }
@@ -60,7 +60,7 @@ Problem SetRating(LeagueData& league, int team, int slot, const Column& column,
 Problem SetNumber(NameRec& name, std::string_view text) {
   constexpr int largest = 99;
   const auto number = NumberIn(text, largest);
-  if (!number) return InQuotes(text) + " is no number from 0 to 99";
+  if (!number) return InQuotes(text) + " is not a number from 0 to 99";
   name.JerseyNumber = std::to_string(*number);
   name.JerseyNumber.insert(0, 2 - name.JerseyNumber.size(), '0');
   return std::nullopt;
@@ -69,7 +69,7 @@ Problem SetNumber(NameRec& name, std::string_view text) {
 Problem SetFaceNumber(LeagueData& league, int team, int slot, std::string_view text) {
   constexpr int largest = 255;
   const auto face = NumberIn(text, largest);
-  if (!face) return InQuotes(text) + " is no face number from 0 to 255";
+  if (!face) return InQuotes(text) + " is not a face number from 0 to 255";
   SetFace(league, team, slot, *face);
   return std::nullopt;
 }

@@ -57,7 +57,7 @@ std::optional<int> NumberIn(std::string_view text, int largest);
 /// "yes" or "no" in the spellings that people use; empty for anything else.
 std::optional<bool> YesOrNo(std::string_view text);
 
-/// The returner flag behind a column of that kind.
+/// The returner flag of a column of that kind.
 std::int16_t SkillRec::*ReturnerField(ColumnKind kind);
 
 }  // namespace rostermill
