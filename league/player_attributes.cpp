@@ -1,5 +1,7 @@
 #include "league/player_attributes.h"
 
+#include "league/ratings.h"
+
 namespace rostermill {
 
 namespace {
@@ -12,63 +14,27 @@ constexpr int returners_offset = 0x239D3;
 constexpr int returners_copy_offset = 0x328D3;
 /// The table counts the skill players from 2, "RB 1", to 11, "TE 2".
 constexpr int returner_base = 1;
-
-/// The two fields that share a byte of a record, the high nibble's first.
-template <typename Rec>
-struct NibbleFields {
-  std::int16_t Rec::*high;
-  std::int16_t Rec::*low;
-};
-
-/// The packed bytes behind Face; those before it are the same for all groups.
-constexpr std::array<NibbleFields<QBRec>, 2> TailOf(const QBRec*) {
-  return {
-      {{&QBRec::PassingSpeed, &QBRec::PassControl}, {&QBRec::Accuracy, &QBRec::AvoidPassBlock}}};
-}
-constexpr std::array<NibbleFields<SkillRec>, 1> TailOf(const SkillRec*) {
-  return {{{&SkillRec::BallControl, &SkillRec::Receptions}}};
-}
-constexpr std::array<NibbleFields<LineRec>, 0> TailOf(const LineRec*) {
-  return {};
-}
-constexpr std::array<NibbleFields<DefenseRec>, 1> TailOf(const DefenseRec*) {
-  return {{{&DefenseRec::PassInterception, &DefenseRec::Quickness}}};
-}
-constexpr std::array<NibbleFields<KickRec>, 1> TailOf(const KickRec*) {
-  return {{{&KickRec::KickingAbility, &KickRec::AvoidKickBlock}}};
-}
+/// The photo's byte comes after the shared ratings.
+constexpr int place_before_face = SharedPlaceCount - 2;
 
 template <typename Rec>
-void ReadNibbles(OpenImage& image, Rec& rec, NibbleFields<Rec> fields, int& offset) {
-  const int byte = image.ReadByteAt(offset++);
-  rec.*fields.high = static_cast<std::int16_t>(HighNibble(byte));
-  rec.*fields.low = static_cast<std::int16_t>(LowNibble(byte));
-}
-
-template <typename Rec>
-void WriteNibbles(OpenImage& image, const Rec& rec, NibbleFields<Rec> fields, int& offset) {
-  image.WriteByteAt(offset++, PackNibbles(rec.*fields.high, rec.*fields.low));
-}
-
-template <typename Group>
-void ReadGroup(OpenImage& image, Group& group, int& offset) {
-  for (auto& rec : group) {
-    using Rec = std::decay_t<decltype(rec)>;
-    ReadNibbles<Rec>(image, rec, {&Rec::RushingPower, &Rec::RunningSpeed}, offset);
-    ReadNibbles<Rec>(image, rec, {&Rec::MaximumSpeed, &Rec::HittingPower}, offset);
-    rec.Face = image.ReadByteAt(offset++);
-    for (const auto& fields : TailOf(&rec)) ReadNibbles<Rec>(image, rec, fields, offset);
+void ReadPlayer(OpenImage& image, Rec& rec, int& offset) {
+  const auto& ratings = RatingsOf<Rec>;
+  for (int place = 0; place < ratings.count; place += 2) {
+    const int byte = image.ReadByteAt(offset++);
+    rec.*ratings[place].Code = static_cast<std::int16_t>(HighNibble(byte));
+    rec.*ratings[place + 1].Code = static_cast<std::int16_t>(LowNibble(byte));
+    if (place == place_before_face) rec.Face = image.ReadByteAt(offset++);
   }
 }
 
-template <typename Group>
-void WriteGroup(OpenImage& image, const Group& group, int& offset) {
-  for (const auto& rec : group) {
-    using Rec = std::decay_t<decltype(rec)>;
-    WriteNibbles<Rec>(image, rec, {&Rec::RushingPower, &Rec::RunningSpeed}, offset);
-    WriteNibbles<Rec>(image, rec, {&Rec::MaximumSpeed, &Rec::HittingPower}, offset);
-    image.WriteByteAt(offset++, rec.Face);
-    for (const auto& fields : TailOf(&rec)) WriteNibbles<Rec>(image, rec, fields, offset);
+template <typename Rec>
+void WritePlayer(OpenImage& image, const Rec& rec, int& offset) {
+  const auto& ratings = RatingsOf<Rec>;
+  for (int place = 0; place < ratings.count; place += 2) {
+    image.WriteByteAt(offset++,
+                      PackNibbles(rec.*ratings[place].Code, rec.*ratings[place + 1].Code));
+    if (place == place_before_face) image.WriteByteAt(offset++, rec.Face);
   }
 }
 
@@ -91,11 +57,9 @@ void ReadPlayerAttributes(OpenImage& image, LeagueData& league, const Yield& yie
   int offset = attributes_offset;
   for (int team = 1; team <= TeamCount; ++team) {
     yield();
-    ReadGroup(image, league.QBData[team], offset);
-    ReadGroup(image, league.SkillData[team], offset);
-    ReadGroup(image, league.LineData[team], offset);
-    ReadGroup(image, league.DefenseData[team], offset);
-    ReadGroup(image, league.KickData[team], offset);
+    ForEachPlayerTable(league, team, [&](auto& table) {
+      for (auto& rec : table) ReadPlayer(image, rec, offset);
+    });
   }
   ReadReturners(image, league);
 }
@@ -104,11 +68,9 @@ void WritePlayerAttributes(OpenImage& image, const LeagueData& league, const Yie
   int offset = attributes_offset;
   for (int team = 1; team <= TeamCount; ++team) {
     yield();
-    WriteGroup(image, league.QBData[team], offset);
-    WriteGroup(image, league.SkillData[team], offset);
-    WriteGroup(image, league.LineData[team], offset);
-    WriteGroup(image, league.DefenseData[team], offset);
-    WriteGroup(image, league.KickData[team], offset);
+    ForEachPlayerTable(league, team, [&](const auto& table) {
+      for (const auto& rec : table) WritePlayer(image, rec, offset);
+    });
   }
   image.WriteByteAt(filler_offset, filler);
 }

@@ -1,6 +1,5 @@
 #include "screens/leaders/leader_rows.h"
 
-#include <array>
 #include <utility>
 
 #include "league/league_tables.h"
@@ -11,49 +10,32 @@ namespace rostermill {
 
 namespace {
 
-constexpr IndexedArray<LeaderHeading, 0, SharedPlaceCount> shared_headings{
-    {{{"Name", "Name"},
-      {"RS", "Running Speed"},
-      {"RP", "Rushing Power"},
-      {"MS", "Maximum Speed"},
-      {"HP", "Hitting Power"}}}};
-
-using OwnHeadings = IndexedArray<LeaderHeading, SharedPlaceCount + 1, LeaderColumnLimit>;
-constexpr OwnHeadings passing{{{{"PS", "Passing Speed"},
-                                {"PC", "Pass Control"},
-                                {"PA", "Accuracy"},
-                                {"APB", "Avoid Pass Block"}}}};
-constexpr OwnHeadings carrying{{{{"BC", "Ball Control"}, {"R", "Receptions"}}}};
-constexpr OwnHeadings blocking{};
-constexpr OwnHeadings defending{{{{"PI", "Pass Interception"}, {"Q", "Quickness"}}}};
-constexpr OwnHeadings kicking{{{{"KA", "Kicking Ability"}, {"AKB", "Avoid Kick Block"}}}};
+/// The rating's place in each column. The first two are exchanged, as on the player screens.
+constexpr IndexedArray<int, 1, LeaderColumnLimit> places{{1, 0, 2, 3, 4, 5, 6, 7}};
 
 struct LeaderGroup {
   std::string_view title;
   std::string_view file_name;
   int first_slot;
   int last_slot;
-  const OwnHeadings& headings;
   /// What a slot of the group is called under its team's formation; empty where all slots count.
   std::string_view label;
 };
 
 constexpr IndexedArray<LeaderGroup, 0, LeaderGroupCount - 1> groups{
-    {{{"Quarterback", "rsm_qb.txt", 1, 2, passing, {}},
-      {"Running Back", "rsm_rb.txt", 3, 12, carrying, "RB"},
-      {"Wide Receiver", "rsm_wr.txt", 3, 12, carrying, "WR"},
-      {"Tight End", "rsm_te.txt", 3, 12, carrying, "TE"},
-      {"Offensive Lineman", "rsm_ol.txt", 13, 17, blocking, {}},
-      {"Defensive Lineman", "rsm_dl.txt", 18, 20, defending, {}},
-      {"Linebacker", "rsm_lb.txt", 21, 24, defending, {}},
-      {"Secondary", "rsm_se.txt", 25, 28, defending, {}},
-      {"Kicker", "rsm_k.txt", 29, 29, kicking, {}},
-      {"Punter", "rsm_p.txt", 30, 30, kicking, {}}}}};
+    {{{"Quarterback", "rsm_qb.txt", 1, 2, {}},
+      {"Running Back", "rsm_rb.txt", 3, 12, "RB"},
+      {"Wide Receiver", "rsm_wr.txt", 3, 12, "WR"},
+      {"Tight End", "rsm_te.txt", 3, 12, "TE"},
+      {"Offensive Lineman", "rsm_ol.txt", 13, 17, {}},
+      {"Defensive Lineman", "rsm_dl.txt", 18, 20, {}},
+      {"Linebacker", "rsm_lb.txt", 21, 24, {}},
+      {"Secondary", "rsm_se.txt", 25, 28, {}},
+      {"Kicker", "rsm_k.txt", 29, 29, {}},
+      {"Punter", "rsm_p.txt", 30, 30, {}}}}};
 
-/// The attribute place on the player screens: these start with Rushing Power, the table with
-/// Running Speed.
-int PlaceOfColumn(int column) {
-  return column <= 2 ? 2 - column : column - 1;
+PositionGroup RatingGroup(int group) {
+  return GroupOfSlot(groups[group].first_slot);
 }
 
 std::string_view LabelOfSlot(int formation, int slot) {
@@ -125,11 +107,16 @@ std::string_view LeaderFileName(int group) {
 }
 
 int LeaderColumnCount(int group) {
-  return PlacesInUse(GroupOfSlot(groups[group].first_slot));
+  return PlacesInUse(RatingGroup(group));
 }
 
 LeaderHeading HeadingOf(int group, int column) {
-  return column <= shared_headings.last ? shared_headings[column] : groups[group].headings[column];
+  const PositionGroup rated = RatingGroup(group);
+  if (column == 0) return {"Name", "Name"};
+  const int place = places[column];
+  if (place >= PlacesInUse(rated)) return {};
+  const Rating& rating = RatingAt(rated, place);
+  return {rating.Heading, rating.Name};
 }
 
 int FillLeaderRows(const LeagueData& league, int group, LeaderTable& rows) {
@@ -142,8 +129,7 @@ int FillLeaderRows(const LeagueData& league, int group, LeaderTable& rows) {
       LeaderRow& row = rows[++count];
       row.Name = DisplayName(league, team, slot);
       for (int column = 1; column <= columns; ++column) {
-        row.Attr[column] =
-            static_cast<std::int16_t>(PlaceCode(league, team, slot, PlaceOfColumn(column)));
+        row.Attr[column] = static_cast<std::int16_t>(PlaceCode(league, team, slot, places[column]));
       }
     }
   }

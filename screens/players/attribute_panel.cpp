@@ -20,11 +20,10 @@ constexpr int column_gap = 24;
 /// So that the columns keep their width whichever group is shown.
 int WidestCaption(const QFontMetrics& metrics) {
   int widest = 0;
-  for (const auto group :
-       {PositionGroup::QB, PositionGroup::Skill, PositionGroup::Defense, PositionGroup::Kick}) {
-    for (int place = 0; place < PlaceCount; ++place) {
-      widest = std::max(widest, metrics.horizontalAdvance(FromLatin1(PlaceCaption(group, place))));
-    }
+  for (const Rating& rating : AllRatings) {
+    const std::string caption =
+        PlaceCaption(rating.Group.value_or(PositionGroup::QB), rating.Place);
+    widest = std::max(widest, metrics.horizontalAdvance(FromLatin1(caption)));
   }
   return widest;
 }

@@ -120,6 +120,26 @@ TEST(LeaderFill, CapitalsFollowBlanksAndPointsOnly) {
   }
 }
 
+TEST(LeaderHeadings, EachGroupShowsTheSharedRatingsAndItsOwn) {
+  const auto headings = [](int group) {
+    std::string text;
+    for (int column = 0; column <= 8; ++column) {
+      text.append(HeadingOf(group, column).Caption).append(" ");
+      if (column > 4) text.append(HeadingOf(group, column).FullName).append(" ");
+    }
+    return text.substr(0, text.find_last_not_of(' ') + 1);
+  };
+  const std::string shared = "Name RS RP MS HP";
+  EXPECT_EQ(headings(QB),
+            shared + " PS Passing Speed PC Pass Control PA Accuracy APB Avoid Pass Block");
+  EXPECT_EQ(headings(TE), shared + " BC Ball Control R Receptions");
+  EXPECT_EQ(headings(OL), shared);
+  EXPECT_EQ(headings(LB), shared + " PI Pass Interception Q Quickness");
+  EXPECT_EQ(headings(Punter), shared + " KA Kicking Ability AKB Avoid Kick Block");
+  EXPECT_EQ(HeadingOf(OL, 1).FullName, "Running Speed");
+  EXPECT_EQ(HeadingOf(OL, 2).FullName, "Rushing Power");
+}
+
 TEST(LeaderHeadings, NameAndAttributesSwitchEachOtherOff) {
   SortFlagTable flags;
   const auto on = [&flags] {

@@ -41,8 +41,24 @@ TEST(PositionLayout, PlacesReachTheirFieldsAndNoOthers) {
   EXPECT_EQ(league.KickData[28][2].KickingAbility, 15);
   EXPECT_THROW(PlaceCode(league, 4, 13, 4), std::out_of_range);
   EXPECT_THROW(PlaceCode(league, 4, 12, 6), std::out_of_range);
-  EXPECT_EQ(PlaceCaption(PositionGroup::Kick, 4), "Kicking Abiblity:");
-  EXPECT_EQ(PlaceCaption(PositionGroup::Line, 4), "");
+  EXPECT_THROW(SetPlaceCode(league, 4, 12, -1, 1), std::out_of_range);
+  EXPECT_THROW(FaceOf(league, 4, 31), std::out_of_range);
+  EXPECT_THROW(RatingAt(PositionGroup::Line, 4), std::out_of_range);
+}
+
+TEST(PositionLayout, EachPlaceHasItsCaption) {
+  const auto captions = [](PositionGroup group) {
+    std::string text;
+    for (int place = -1; place <= 8; ++place) text += PlaceCaption(group, place);
+    return text;
+  };
+  const std::string shared = "Rushing Power:Running Speed:Maximum Speed:Hitting Power:";
+  EXPECT_EQ(captions(PositionGroup::QB),
+            shared + "Passing Speed:Pass Control:Accuracy:Avoid Pass Block:");
+  EXPECT_EQ(captions(PositionGroup::Skill), shared + "Ball Control:Receptions:");
+  EXPECT_EQ(captions(PositionGroup::Line), shared);
+  EXPECT_EQ(captions(PositionGroup::Defense), shared + "Pass Interception:Quickness:");
+  EXPECT_EQ(captions(PositionGroup::Kick), shared + "Kicking Abiblity:Avoid Kick Block:");
 }
 
 TEST(PositionLayout, FormationsRenameSixSlots) {

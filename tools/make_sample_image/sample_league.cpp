@@ -3,7 +3,7 @@
 #include <array>
 #include <string_view>
 
-#include "screens/players/position_layout.h"
+#include "league/ratings.h"
 
 namespace rostermill {
 

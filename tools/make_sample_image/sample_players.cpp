@@ -3,7 +3,7 @@
 #include <set>
 #include <string_view>
 
-#include "screens/players/position_layout.h"
+#include "league/ratings.h"
 #include "tools/make_sample_image/sample_league.h"
 
 namespace rostermill {

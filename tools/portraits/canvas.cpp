@@ -1,37 +1,38 @@
 #include "tools/portraits/canvas.h"
 
 #include <algorithm>
-#include <stdexcept>
-#include <string>
 #include <utility>
 
 namespace rostermill {
 namespace {
 
 constexpr std::pair<char, Role> kLetters[] = {
-    {'.', Role::Clear},        {'0', Role::SkinLine},    {'1', Role::SkinDeep},
-    {'2', Role::SkinShade},    {'3', Role::Skin},        {'4', Role::SkinLight},
-    {'a', Role::HairLine},     {'b', Role::HairShade},   {'c', Role::Hair},
-    {'d', Role::HairLight},    {'h', Role::HairMass},    {'x', Role::Stubble},
-    {'y', Role::StubbleFaint}, {'K', Role::Lash},        {'p', Role::Pupil},
-    {'i', Role::Iris},         {'v', Role::EyeShade},    {'w', Role::EyeWhite},
-    {'m', Role::MouthLine},    {'n', Role::Lip},         {'o', Role::LipLight},
-    {'t', Role::Teeth},        {'A', Role::JerseyLine},  {'B', Role::JerseyShade},
-    {'C', Role::Jersey},       {'D', Role::JerseyLight}, {'J', Role::Cloth},
-    {'R', Role::TrimLine},     {'S', Role::TrimShade},   {'T', Role::Trim},
-    {'U', Role::TrimLight},    {'g', Role::Frame},       {'q', Role::Glint},
-    {'e', Role::Grease},
+    {'0', Role::SkinLine},    {'1', Role::SkinDeep},    {'2', Role::SkinShade},
+    {'3', Role::Skin},        {'4', Role::SkinLight},   {'a', Role::HairLine},
+    {'b', Role::HairShade},   {'c', Role::Hair},        {'d', Role::HairLight},
+    {'h', Role::HairMass},    {'x', Role::Stubble},     {'y', Role::StubbleFaint},
+    {'K', Role::Lash},        {'p', Role::Pupil},       {'i', Role::Iris},
+    {'v', Role::EyeShade},    {'w', Role::EyeWhite},    {'m', Role::MouthLine},
+    {'n', Role::Lip},         {'o', Role::LipLight},    {'t', Role::Teeth},
+    {'A', Role::JerseyLine},  {'B', Role::JerseyShade}, {'C', Role::Jersey},
+    {'D', Role::JerseyLight}, {'J', Role::Cloth},       {'R', Role::TrimLine},
+    {'S', Role::TrimShade},   {'T', Role::Trim},        {'U', Role::TrimLight},
+    {'g', Role::Frame},       {'q', Role::Glint},       {'e', Role::Grease},
 };
 
-}  // namespace
-
+// Clear for '.' and for a letter that no art file can have.
 Role RoleOfLetter(char letter) {
   const auto* found = std::find_if(std::begin(kLetters), std::end(kLetters),
                                    [=](const auto& entry) { return entry.first == letter; });
-  if (found == std::end(kLetters)) {
-    throw std::logic_error(std::string("no colour role for the letter ") + letter);
-  }
-  return found->second;
+  return found == std::end(kLetters) ? Role::Clear : found->second;
+}
+
+}  // namespace
+
+std::string RoleLetters() {
+  std::string letters;
+  for (const auto& [letter, role] : kLetters) letters += letter;
+  return letters;
 }
 
 Role Canvas::At(int x, int y) const {
@@ -43,19 +44,15 @@ void Canvas::Set(int x, int y, Role role) {
 }
 
 void Canvas::Stamp(const Art& art, int shift_x, int shift_y) {
-  int x = art.left + shift_x;
   int y = art.top + shift_y;
-  // The rows of a raw string begin after its first line break.
-  const std::size_t first = art.rows.starts_with('\n') ? 1 : 0;
-  for (const char letter : art.rows.substr(first)) {
-    if (letter == '\n') {
-      x = art.left + shift_x;
-      ++y;
-      continue;
+  for (const std::string& row : art.rows) {
+    int x = art.left + shift_x;
+    for (const char letter : row) {
+      const Role role = RoleOfLetter(letter);
+      if (role != Role::Clear) Set(x, y, role);
+      ++x;
     }
-    const Role role = RoleOfLetter(letter);
-    if (role != Role::Clear) Set(x, y, role);
-    ++x;
+    ++y;
   }
 }
 

@@ -3,7 +3,8 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <string_view>
+#include <string>
+#include <vector>
 
 namespace rostermill {
 
@@ -54,11 +55,11 @@ enum class Role : std::uint8_t {
 
 inline constexpr std::size_t kRoleCount = static_cast<std::size_t>(Role::Count);
 
-// A part of a picture: rows of letters, one letter a pixel, '.' where the part leaves a hole.
+// A drawing: rows of letters, one letter a pixel, '.' where what is below shows.
 struct Art {
-  int left;
-  int top;
-  std::string_view rows;
+  int left = 0;
+  int top = 0;
+  std::vector<std::string> rows;
 };
 
 class Canvas {
@@ -84,6 +85,7 @@ class Canvas {
   std::array<Role, kPictureSize * kPictureSize> pixels_{};
 };
 
-Role RoleOfLetter(char letter);
+// The letters that a canvas knows, without '.'.
+std::string RoleLetters();
 
 }  // namespace rostermill

@@ -33,10 +33,10 @@ QImage ImageOf(std::span<const Rgb> colours) {
   return image;
 }
 
-QImage PortraitImage(int portrait) {
-  const Recipe recipe = RecipeOf(portrait);
+QImage PortraitImage(int portrait, const Parts& parts) {
+  const Recipe recipe = RecipeOf(portrait, parts);
   const Palette palette = PaletteOf(recipe);
-  const Canvas canvas = Paint(recipe);
+  const Canvas canvas = Paint(recipe, parts);
   QImage image = ImageOf(palette);
   for (int y = 0; y < kPictureSize; ++y) {
     for (int x = 0; x < kPictureSize; ++x) {
@@ -46,9 +46,8 @@ QImage PortraitImage(int portrait) {
   return image;
 }
 
-QImage NoPictureImage() {
+QImage NoPictureImage(const GreyPicture& picture) {
   const auto greys = Greys();
-  const GreyPicture picture = NoPicture();
   QImage image = ImageOf(greys);
   for (int y = 0; y < kPictureSize; ++y) {
     for (int x = 0; x < kPictureSize; ++x) {
@@ -93,32 +92,34 @@ void Save(const QImage& image, const QString& folder, const QString& name) {
   }
 }
 
-void MakePortraits(const QString& folder) {
+void MakePortraits(const std::string& art_folder, const QString& folder) {
+  const Parts parts = ReadParts(art_folder);
+  const GreyPicture no_picture = ReadNoPicture(art_folder);
   std::vector<QImage> portraits;
   portraits.reserve(kPortraitCount);
   for (int portrait = 0; portrait < kPortraitCount; ++portrait) {
-    portraits.push_back(PortraitImage(portrait));
+    portraits.push_back(PortraitImage(portrait, parts));
   }
   CheckDistinct(portraits);
   int number = 0;
   for (const QImage& portrait : portraits) {
     Save(portrait, folder, QStringLiteral("%1").arg(number++, 2, 16, QLatin1Char('0')).toUpper());
   }
-  Save(NoPictureImage(), folder, QStringLiteral("na"));
+  Save(NoPictureImage(no_picture), folder, QStringLiteral("na"));
 }
 
 }  // namespace
 }  // namespace rostermill
 
 int main(int argc, char** argv) {
-  if (argc != 2) {
-    std::fputs("usage: make_portraits FOLDER\n", stderr);
+  if (argc != 3) {
+    std::fputs("usage: make_portraits ART_FOLDER FOLDER\n", stderr);
     return 1;
   }
   try {
-    rostermill::MakePortraits(QString::fromLocal8Bit(argv[1]));
+    rostermill::MakePortraits(argv[1], QString::fromLocal8Bit(argv[2]));
   } catch (const std::exception& error) {
-    std::fprintf(stderr, "make_portraits: %s\n", error.what());
+    std::fprintf(stderr, "%s\n", error.what());
     return 1;
   }
   return 0;

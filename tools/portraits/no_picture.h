@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
 
 #include "tools/portraits/canvas.h"
 
@@ -11,7 +12,8 @@ inline constexpr int kGreyCount = 8;
 
 // Shown where there is no portrait: a grey helmet with a question mark, as indexes into Greys().
 using GreyPicture = std::array<std::uint8_t, kPictureSize * kPictureSize>;
-GreyPicture NoPicture();
+// Reads it from a folder. Throws ArtError.
+GreyPicture ReadNoPicture(const std::string& folder);
 std::array<std::uint32_t, kGreyCount> Greys();
 
 }  // namespace rostermill

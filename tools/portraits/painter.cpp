@@ -1,6 +1,5 @@
 #include "tools/portraits/painter.h"
 
-#include "tools/portraits/parts.h"
 #include "tools/portraits/shading.h"
 
 namespace rostermill {
@@ -47,10 +46,10 @@ int TurnOf(const Recipe& recipe) {
   return recipe.turn - 1;
 }
 
-Canvas Beard(const Recipe& recipe, const Canvas& skull) {
-  const Whiskers& whiskers = WhiskerStyles()[recipe.whiskers];
+Canvas Beard(const Recipe& recipe, const Parts& parts, const Canvas& skull) {
+  const Whiskers& whiskers = parts.whisker_styles[recipe.whiskers];
   const Reach reach = whiskers.reach;
-  if (reach == Reach::Temples && HairStyles()[recipe.hair].hides_temples) return {};
+  if (reach == Reach::Temples && parts.hair_styles[recipe.hair].hides_temples) return {};
   const Texture texture = reach == Reach::Beyond ? Texture::Waves : Texture::Straight;
   // What grows on the jaw stays there when the features turn.
   Canvas beard = Shaded(whiskers.beard, texture, reach == Reach::Chin ? TurnOf(recipe) : 0);
@@ -58,29 +57,29 @@ Canvas Beard(const Recipe& recipe, const Canvas& skull) {
   return beard;
 }
 
-Canvas Head(const Recipe& recipe) {
+Canvas Head(const Recipe& recipe, const Parts& parts) {
   const Canvas skull = Skull(Jaws()[recipe.jaw]);
   const int turn = TurnOf(recipe);
   Canvas face = skull;
   ShadeSkull(face);
   Canvas features;
-  features.Stamp(Reliefs()[recipe.relief], turn);
-  features.Stamp(Noses()[recipe.nose], turn);
-  features.Stamp(Eyes()[recipe.eyes], turn);
-  features.Stamp(Brows()[recipe.brows], turn);
-  features.Stamp(Extras()[recipe.extra].on_skin, turn);
-  features.Lay(Beard(recipe, skull));
-  features.Stamp(Mouths()[recipe.mouth], turn);
-  features.Lay(Shaded(WhiskerStyles()[recipe.whiskers].moustache, Texture::Straight, turn));
+  features.Stamp(parts.reliefs[recipe.relief], turn);
+  features.Stamp(parts.noses[recipe.nose], turn);
+  features.Stamp(parts.eyes[recipe.eyes], turn);
+  features.Stamp(parts.brows[recipe.brows], turn);
+  features.Stamp(parts.extras[recipe.extra].on_skin, turn);
+  features.Lay(Beard(recipe, parts, skull));
+  features.Stamp(parts.mouths[recipe.mouth], turn);
+  features.Lay(Shaded(parts.whisker_styles[recipe.whiskers].mustache, Texture::Straight, turn));
 
   Canvas head;
-  if (turn >= 0) head.Stamp(Ears()[0]);
-  if (turn <= 0) head.Stamp(Ears()[1]);
+  if (turn >= 0) head.Stamp(parts.ears[0]);
+  if (turn <= 0) head.Stamp(parts.ears[1]);
   head.Lay(face);
   head.Lay(features);
-  const HairStyle& hair = HairStyles()[recipe.hair];
+  const HairStyle& hair = parts.hair_styles[recipe.hair];
   head.Lay(Shaded(hair.front, hair.texture));
-  head.Stamp(Extras()[recipe.extra].worn, turn);
+  head.Stamp(parts.extras[recipe.extra].worn, turn);
   return head;
 }
 
@@ -106,30 +105,30 @@ Canvas Rebuild(const Canvas& nominal, const Build& build) {
   return canvas;
 }
 
-Canvas Body(const Recipe& recipe) {
+Canvas Body(const Recipe& recipe, const Parts& parts) {
   Canvas shoulders;
-  shoulders.Stamp(Shoulders()[recipe.shoulders]);
+  shoulders.Stamp(parts.shoulders[recipe.shoulders]);
   Canvas pattern;
-  pattern.Stamp(Patterns()[recipe.pattern]);
+  pattern.Stamp(parts.patterns[recipe.pattern]);
   pattern.KeepWithin(shoulders);
 
   Canvas body = shoulders;
   ShadeCloth(body);
   body.Lay(pattern);
-  body.Stamp(Necks()[recipe.neck]);
-  body.Stamp(Collars()[recipe.collar]);
+  body.Stamp(parts.necks[recipe.neck]);
+  body.Stamp(parts.collars[recipe.collar]);
   return body;
 }
 
 }  // namespace
 
-Canvas Paint(const Recipe& recipe) {
+Canvas Paint(const Recipe& recipe, const Parts& parts) {
   const Build& build = Builds()[recipe.build];
-  const HairStyle& hair = HairStyles()[recipe.hair];
+  const HairStyle& hair = parts.hair_styles[recipe.hair];
   Canvas picture = Backdrop();
   picture.Lay(Rebuild(Shaded(hair.behind, hair.texture), build));
-  picture.Lay(Body(recipe));
-  picture.Lay(Rebuild(Head(recipe), build));
+  picture.Lay(Body(recipe, parts));
+  picture.Lay(Rebuild(Head(recipe, parts), build));
   Outline(picture);
   return picture;
 }

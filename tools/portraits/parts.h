@@ -3,6 +3,8 @@
 #include <array>
 #include <cstdint>
 #include <span>
+#include <string>
+#include <vector>
 
 #include "tools/portraits/canvas.h"
 
@@ -25,7 +27,6 @@ struct Build {
 
 enum class Texture : std::uint8_t { Straight, Strands, Waves, Curls, Coils };
 
-// In the order of HairStyles().
 enum HairName : std::uint8_t {
   kCropped,
   kSideParted,
@@ -75,7 +76,7 @@ enum class Reach : std::uint8_t { Chin, JawLine, Temples, Beyond };
 
 struct Whiskers {
   Art beard;  // under the mouth
-  Art moustache;
+  Art mustache;
   Reach reach;
 };
 
@@ -86,18 +87,18 @@ struct Extra {
 
 std::span<const Jaw> Jaws();
 std::span<const Build> Builds();
-std::span<const Art> Reliefs();
-std::span<const Art> Brows();
-std::span<const Art> Eyes();
-std::span<const Art> Noses();
-std::span<const Art> Mouths();
-std::span<const Extra> Extras();
-std::span<const Art> Ears();  // left, right
-std::span<const HairStyle> HairStyles();
-std::span<const Whiskers> WhiskerStyles();
-std::span<const Art> Necks();
-std::span<const Art> Shoulders();
-std::span<const Art> Collars();
-std::span<const Art> Patterns();
+
+// What the art files hold.
+struct Parts {
+  std::vector<Art> reliefs, brows, eyes, noses, mouths;
+  std::vector<Art> ears;  // left, right
+  std::vector<Extra> extras;
+  std::vector<HairStyle> hair_styles;  // in the order of HairName
+  std::vector<Whiskers> whisker_styles;
+  std::vector<Art> necks, shoulders, collars, patterns;
+};
+
+// Reads the files of a folder. Throws ArtError.
+Parts ReadParts(const std::string& folder);
 
 }  // namespace rostermill

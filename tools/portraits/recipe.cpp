@@ -5,8 +5,8 @@
 #include <span>
 #include <utility>
 
+#include "tools/portraits/art_file.h"
 #include "tools/portraits/colours.h"
-#include "tools/portraits/parts.h"
 
 namespace rostermill {
 namespace {
@@ -58,7 +58,7 @@ constexpr std::uint8_t kExtras[] = {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 2, 3, 4, 5,
 constexpr std::uint8_t kTurns[] = {0, 1, 1, 2};
 
 constexpr auto kCounting = [] {
-  std::array<std::uint8_t, 32> numbers{};
+  std::array<std::uint8_t, kMostOfAKind + 1> numbers{};
   std::iota(numbers.begin(), numbers.end(), std::uint8_t{0});
   return numbers;
 }();
@@ -94,7 +94,7 @@ std::uint8_t Deal(Options options, int place, std::uint32_t seed) {
 
 }  // namespace
 
-Recipe RecipeOf(int portrait) {
+Recipe RecipeOf(int portrait, const Parts& parts) {
   const int page_number = portrait / kPageSize;
   const int place = portrait % kPageSize;
   const Page& page = kPages[static_cast<std::size_t>(page_number)];
@@ -108,18 +108,18 @@ Recipe RecipeOf(int portrait) {
   recipe.iris = deal(page.irises);
   recipe.jaw = deal(First(Jaws().size()));
   recipe.build = deal(First(Builds().size()));
-  recipe.relief = deal(First(Reliefs().size()));
-  recipe.neck = deal(First(Necks().size()));
-  recipe.shoulders = deal(First(Shoulders().size()));
+  recipe.relief = deal(First(parts.reliefs.size()));
+  recipe.neck = deal(First(parts.necks.size()));
+  recipe.shoulders = deal(First(parts.shoulders.size()));
   recipe.whiskers = deal(kWhiskers);
-  recipe.brows = deal(First(Brows().size()));
+  recipe.brows = deal(First(parts.brows.size()));
   recipe.eyes = deal(kEyes);
-  recipe.nose = deal(First(Noses().size()));
+  recipe.nose = deal(First(parts.noses.size()));
   recipe.mouth = deal(kMouths);
   recipe.extra = deal(kExtras);
   recipe.kit = deal(First(KitCount()));
-  recipe.collar = deal(First(Collars().size()));
-  recipe.pattern = deal(First(Patterns().size()));
+  recipe.collar = deal(First(parts.collars.size()));
+  recipe.pattern = deal(First(parts.patterns.size()));
   recipe.backdrop = deal(First(BackdropCount()));
   recipe.turn = deal(kTurns);
   return recipe;

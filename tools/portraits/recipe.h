@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "tools/portraits/parts.h"
+
 namespace rostermill {
 
 inline constexpr int kPortraitCount = 256;
@@ -15,6 +17,6 @@ struct Recipe {
   std::uint8_t extra, kit, collar, pattern, backdrop, turn;
 };
 
-Recipe RecipeOf(int portrait);
+Recipe RecipeOf(int portrait, const Parts& parts);
 
 }  // namespace rostermill

@@ -1,5 +1,5 @@
 #include "league/league_tables.h"
-#include "screens/players/position_layout.h"
+#include "league/ratings.h"
 #include "tools/rsmtool/commands.h"
 #include "tools/rsmtool/files.h"
 #include "tools/rsmtool/json_writer.h"
@@ -26,9 +26,8 @@ void DumpPlayer(JsonWriter& json, const LeagueData& league, int team, int slot) 
   json.Latin1("jerseyNumber", name.JerseyNumber);
   json.Number("face", FaceOf(league, team, slot));
   json.BeginObject("ratings");
-  for (const Column& column : PlayerColumns) {
-    if (column.Kind != ColumnKind::Rating || !HasColumn(column, slot)) continue;
-    json.Number(FieldName(column), PlaceCode(league, team, slot, column.Place));
+  for (int place = 0; place < PlacesInUse(group); ++place) {
+    json.Number(FieldName(RatingAt(group, place).Name), PlaceCode(league, team, slot, place));
   }
   json.EndObject();
   if (group == PositionGroup::Skill) {

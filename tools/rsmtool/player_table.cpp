@@ -11,32 +11,21 @@ namespace rostermill {
 
 using enum PositionGroup;
 
-const std::array<Column, ColumnCount> PlayerColumns{
-    {{ColumnKind::Team, "Team", 0, {}},
-     {ColumnKind::Slot, "Slot", 0, {}},
-     {ColumnKind::Position, "Position", 0, {}},
-     {ColumnKind::FirstName, "First Name", 0, {}},
-     {ColumnKind::LastName, "Last Name", 0, {}},
-     {ColumnKind::Number, "Number", 0, {}},
-     {ColumnKind::Face, "Face", 0, {}},
-     {ColumnKind::Rating, "Rushing Power", 0, {}},
-     {ColumnKind::Rating, "Running Speed", 1, {}},
-     {ColumnKind::Rating, "Maximum Speed", 2, {}},
-     {ColumnKind::Rating, "Hitting Power", 3, {}},
-     {ColumnKind::Rating, "Passing Speed", 4, QB},
-     {ColumnKind::Rating, "Pass Control", 5, QB},
-     {ColumnKind::Rating, "Accuracy", 6, QB},
-     {ColumnKind::Rating, "Avoid Pass Block", 7, QB},
-     {ColumnKind::Rating, "Ball Control", 4, Skill},
-     {ColumnKind::Rating, "Receptions", 5, Skill},
-     {ColumnKind::Rating, "Pass Interception", 4, Defense},
-     {ColumnKind::Rating, "Quickness", 5, Defense},
-     {ColumnKind::Rating, "Kicking Ability", 4, Kick},
-     {ColumnKind::Rating, "Avoid Kick Block", 5, Kick},
-     {ColumnKind::KickReturner, "Kick Returner", 0, Skill},
-     {ColumnKind::PuntReturner, "Punt Returner", 0, Skill}}};
-
 namespace {
+
+std::vector<Column> ListColumns() {
+  std::vector<Column> columns{
+      {ColumnKind::Team, "Team", 0, {}},          {ColumnKind::Slot, "Slot", 0, {}},
+      {ColumnKind::Position, "Position", 0, {}},  {ColumnKind::FirstName, "First Name", 0, {}},
+      {ColumnKind::LastName, "Last Name", 0, {}}, {ColumnKind::Number, "Number", 0, {}},
+      {ColumnKind::Face, "Face", 0, {}}};
+  for (const Rating& rating : AllRatings) {
+    columns.push_back({ColumnKind::Rating, rating.Name, rating.Place, rating.Group});
+  }
+  columns.push_back({ColumnKind::KickReturner, "Kick Returner", 0, Skill});
+  columns.push_back({ColumnKind::PuntReturner, "Punt Returner", 0, Skill});
+  return columns;
+}
 
 using Problem = std::optional<std::string>;
 
@@ -47,7 +36,10 @@ std::string InQuotes(std::string_view text) {
 /// The values of RatingValues on both sides of one between them, for the message.
 std::string NearestRatings(std::string_view text) {
   const auto value = NumberIn(text, RatingValues[RatingValues.last]);
-  if (!value || *value < RatingValues[0]) return "they go from 6 to 100";
+  if (!value || *value < RatingValues[0]) {
+    return "they go from " + std::to_string(RatingValues[0]) + " to " +
+           std::to_string(RatingValues[RatingValues.last]);
+  }
   int above = 0;
   while (RatingValues[above] < *value) ++above;
   return "the nearest are " + std::to_string(RatingValues[above - 1]) + " and " +
@@ -89,6 +81,8 @@ std::string ReturnerCell(const LeagueData& league, int team, int slot, ColumnKin
 
 }  // namespace
 
+const std::vector<Column> PlayerColumns = ListColumns();
+
 std::optional<int> NumberIn(std::string_view text, int largest) {
   unsigned value = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
@@ -101,8 +95,8 @@ bool HasColumn(const Column& column, int slot) {
   return !column.Group || *column.Group == GroupOfSlot(slot);
 }
 
-std::string FieldName(const Column& column) {
-  std::string name(column.Heading);
+std::string FieldName(std::string_view heading) {
+  std::string name(heading);
   std::erase(name, ' ');
   name.front() = LowerChar(name.front());
   return name;

@@ -1,13 +1,12 @@
 #pragma once
 
-#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "league/league_data.h"
-#include "screens/players/position_layout.h"
+#include "league/ratings.h"
 
 namespace rostermill {
 
@@ -32,15 +31,14 @@ struct Column {
   std::optional<PositionGroup> Group;  ///< the one group that has the rating; empty: all have it
 };
 
-inline constexpr std::size_t ColumnCount = 23;
 /// The columns in the order of an export.
-extern const std::array<Column, ColumnCount> PlayerColumns;
+extern const std::vector<Column> PlayerColumns;
 
 /// Whether a player of this slot has anything in the column.
 bool HasColumn(const Column& column, int slot);
 
 /// "rushingPower" for the heading "Rushing Power".
-std::string FieldName(const Column& column);
+std::string FieldName(std::string_view heading);
 
 /// What an export writes into a player's cell, UTF-8.
 std::string PlayerCell(const LeagueData& league, int team, int slot, const Column& column);
