@@ -43,8 +43,8 @@ const Tiles& TilesOf(char digit) {
   return YearDigitTiles[digit >= '0' && digit <= '9' ? digit - '0' : 0];
 }
 
-/// YearTileMap: the digits' tiles as they stand on the screen's rows, the first digit's upper half
-/// beside the second's, and so on.
+/// YearTileMap: the digits' tiles in the order of the screen's rows, the first digit's upper half
+/// next to the second's, and so on.
 void WriteYearTiles(OpenImage& image, std::string_view year) {
   const Tiles& d1 = TilesOf(year[0]);
   const Tiles& d2 = TilesOf(year[1]);

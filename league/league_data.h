@@ -70,7 +70,7 @@ struct TeamRec {
   std::string Nickname;        ///< upper case
   std::string Abbreviation;    ///< 4 characters in the image
   std::uint8_t Formation = 0;  ///< 0 "2RB 2WR 1TE", 1 "1RB 4WR", 2 "1RB 3WR 1TE"
-  /// Palette indices: colour 1, skin, colour 3 of the first uniform, then of the second.
+  /// Palette indices: color 1, skin, color 3 of the first uniform, then of the second.
   IndexedArray<std::int16_t, 1, 6> TeamColors;
   IndexedArray<std::uint8_t, 1, 5> DivChampColors;   ///< 1 to 3 jersey, 4 and 5 helmet
   IndexedArray<std::uint8_t, 1, 4> ConfChampColors;  ///< 1 helmet, 2 to 4 jersey

@@ -7,7 +7,8 @@
 
 namespace rostermill {
 
-/// No colour was picked (ColorChoice), or a champion colour asks (ColorSlot): the all-ones word.
+/// No color was picked (ColorChoice), or a champion color is being chosen (ColorSlot): the all-ones
+/// word.
 inline constexpr std::uint16_t NoColor = 65535;
 
 /// One row of the leaders table: a player's display text and his rating codes for columns 1 to 8.
@@ -17,18 +18,18 @@ struct LeaderRow {
   bool operator==(const LeaderRow&) const = default;
 };
 
-/// Rows of the leaders table. The largest group is that of the receivers in a league whose teams
-/// all play the formation with six.
+/// Rows of the leaders table. The largest group is the receivers, in a league whose teams all play
+/// the formation that has six.
 inline constexpr int LeaderRowLimit = 6 * TeamCount;
 
-/// What the program holds while it runs: the league, the path it came from, and the words by
-/// which screens hand each other their subject. One instance, made in main.
+/// The program's state: the league, the path it came from, and the variables with which screens
+/// hand each other their subject. The one instance is created in main.
 struct LeagueSession {
   LeagueData League;
 
   std::string ImagePath;  ///< UTF-8 path of the image in use; the target of every save
   int ImageLoaded = 0;    ///< 1 while League holds a loaded image
-  std::string AppDir;     ///< UTF-8, the folder of what lies beside the program, with separator
+  std::string AppDir;     ///< UTF-8, the program's folder, with a separator at the end
 
   // Player screens.
   std::int16_t CurTeam = 1;
@@ -47,7 +48,7 @@ struct LeagueSession {
   std::string PreviewAbbreviation;
   std::int16_t PlaySlot = 0;            ///< 0 to 7: the playbook slot being chosen, less one
   std::int16_t PlayChoice = 0;          ///< the play shown and picked
-  std::uint16_t ColorSlot = NoColor;    ///< 0 to 3 for a jersey colour, NoColor for a champion's
+  std::uint16_t ColorSlot = NoColor;    ///< 0 to 3 for a jersey color, NoColor for a champion's
   std::uint16_t ColorChoice = NoColor;  ///< the palette index picked, NoColor when cancelled
 
   // Schedule, leaders and all-star screens.

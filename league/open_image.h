@@ -13,9 +13,9 @@ struct BytePair {
   std::uint8_t Second = 0;
 };
 
-/// The bytes of a cartridge image while a load or a save runs. Offsets count from the first byte
-/// of the file, its 16-byte header included; words are little-endian. Every access is checked:
-/// one outside the image throws std::out_of_range and changes nothing.
+/// The bytes of a cartridge image during a load or a save. Offsets count from the first byte of the
+/// file, including its 16-byte header; words are little-endian. Every access is checked: one
+/// outside the image throws std::out_of_range and changes nothing.
 class OpenImage {
  public:
   /// Length of a whole image: 16 + 16 x 16384 + 16 x 8192.
@@ -23,8 +23,8 @@ class OpenImage {
 
   explicit OpenImage(std::vector<std::uint8_t> bytes) : bytes_(std::move(bytes)) {}
 
-  /// Each read leaves the position just behind what it read. An offset below 1 reads at the
-  /// current position, so offset 0 can't be named.
+  /// Each read leaves the position just after what it read. An offset below 1 means the current
+  /// position, so offset 0 cannot be read this way.
   std::uint16_t ReadWordAt(int offset);
   std::uint8_t ReadByteAt(int offset);
   BytePair ReadPair();

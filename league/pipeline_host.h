@@ -8,13 +8,13 @@ namespace rostermill {
 
 enum class MessageKind { Plain, Exclamation, Information };
 
-/// What a load and a save tell their caller and ask of it. The main window implements it with
+/// How a load and a save report to the user and ask questions. The main window implements it with
 /// real windows, tools and tests in a few lines. Texts are UTF-8.
 class PipelineHost {
  public:
   virtual ~PipelineHost() = default;
 
-  /// Shuts the main window to input and shows the busy pointer, or takes both back.
+  /// Disables the main window and shows the busy pointer, or reverts both.
   virtual void SetBusy(bool busy) = 0;
   /// Sets line 0 to 7 of the Loading screen.
   virtual void SetLoadingCaption(int line, std::string_view caption) = 0;
@@ -22,7 +22,7 @@ class PipelineHost {
   /// Lets the window repaint.
   virtual void YieldToWindow() = 0;
   virtual void Beep() = 0;
-  /// Makes the commands follow whether an image is loaded.
+  /// Enables or disables the commands that need an image.
   virtual void UpdateCommandState() = 0;
 
   virtual void ShowMessage(MessageKind kind, const std::string& text, const std::string& title) = 0;

@@ -43,7 +43,7 @@ void FindPlaybookOddities(OpenImage& image, Oddities& found) {
       const int nibble = slot % 2 == 1 ? HighNibble(byte) : LowNibble(byte);
       if (nibble <= last_choice) continue;
       std::string text = "playbook slot " + std::to_string(slot) + " holds " +
-                         std::to_string(nibble) + ", which is no play";
+                         std::to_string(nibble) + ", which is not a play";
       if (Choice(nibble) != nibble) text += "; it is read as 0";
       found.push_back({"playbooks", team, 0, std::move(text)});
     }

@@ -6,10 +6,10 @@
 
 namespace rostermill {
 
-/// Default playbooks: 4 bytes a team from 0x1D310, two slots a byte, the lower-numbered in the
-/// high nibble.
+/// Default playbooks: 4 bytes per team from 0x1D310, two slots per byte, the lower-numbered slot in
+/// the high nibble.
 
-/// Fills TeamPlays. A nibble above 9 is read as 0; 8 and 9 are kept though they name no play.
+/// Fills TeamPlays. A nibble above 9 is read as 0; 8 and 9 are kept although they name no play.
 void ReadPlaybooks(OpenImage& image, LeagueData& league);
 void WritePlaybooks(OpenImage& image, const LeagueData& league);
 

@@ -13,7 +13,7 @@ constexpr int data_end = data_offset + NameDataCapacity;
 constexpr int address_to_offset = -0x7FF0;
 constexpr int filler = 0xFF;
 
-/// The last two characters of the text as hexadecimal; what isn't hexadecimal counts as 0.
+/// The last two characters of the text as hexadecimal; anything else counts as 0.
 int NumberByte(std::string_view number) {
   if (number.size() > 2) number.remove_prefix(number.size() - 2);
   int value = 0;
@@ -38,7 +38,7 @@ std::string PlaceOddity(int start, int end) {
   if (start == end) return "no name entry: neither number nor name";
   if (start < 0 || start > end) return "the name's pointers are out of order; it is read as empty";
   if (start >= data_offset && end <= data_end) return {};
-  return "the name lies at " + HexText(start) + ", outside the room for names";
+  return "the name is at " + HexText(start) + ", outside the space for names";
 }
 
 std::string TextOddity(std::string_view entry) {

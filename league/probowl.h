@@ -6,12 +6,13 @@
 
 namespace rostermill {
 
-/// The two all-star rosters: 60 entries of 2 bytes from 0x32853, conference 1 first, each the
-/// team's and the slot's number counted from 0. No value is checked in either direction.
+/// The two all-star rosters: 60 entries of 2 bytes from 0x32853, conference 1 first. An entry is
+/// the team's and the slot's number, both counted from 0. No value is checked on reading or
+/// writing.
 void ReadProbowl(OpenImage& image, LeagueData& league);
 void WriteProbowl(OpenImage& image, const LeagueData& league);
 
-/// True for a place whose team and slot are a player's.
+/// True if the place's team and slot exist, so that it names a player.
 bool NamesPlayer(const ProbowlRec& place);
 /// Places that name nobody.
 void FindProbowlOddities(const LeagueData& league, Oddities& found);

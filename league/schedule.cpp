@@ -13,7 +13,7 @@ constexpr int counts_end = 0xFF;
 constexpr int games_offset = counts_end_offset + 1;
 constexpr int address_to_offset = 0x2A010;
 constexpr int game_size = 2;
-/// 28 and 29 mean the all-star sides, as the abbreviation table has them behind the teams.
+/// 28 and 29 mean the all-star sides, which follow the teams in the abbreviation table.
 constexpr int last_team_number = 29;
 
 std::int16_t TeamNumber(std::uint8_t byte) {

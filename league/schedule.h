@@ -10,12 +10,12 @@ namespace rostermill {
 /// counts at 0x329C9, the byte 0xFF, and the games of all weeks from 0x329DB: the visiting team's
 /// number, then the host's, both counted from 0.
 
-/// Fills ScheduleData, following the pointers as they stand. A count above 14 gives 14 and a team
-/// number above 29 gives 0.
+/// Fills ScheduleData, following the pointers wherever they lead. A count above 14 gives 14 and a
+/// team number above 29 gives 0.
 void ReadSchedule(OpenImage& image, LeagueData& league);
 
-/// Writes the whole season packed from 0x329DB. 14 games in each of 17 weeks end at 0x32BB6; that
-/// bound of 476 bytes is the only limit, and ScheduleWeek can't exceed it.
+/// Writes the whole season packed from 0x329DB. 14 games in each of 17 weeks end at 0x32BB6.
+/// That is the only limit, 476 bytes, and ScheduleWeek cannot exceed it.
 void WriteSchedule(OpenImage& image, const LeagueData& league);
 
 /// Week pointers out of place, counts and team numbers out of range, teams twice in a week.

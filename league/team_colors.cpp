@@ -6,7 +6,7 @@ namespace {
 
 constexpr int jersey_offset = 0x2C2E4;
 constexpr int jersey_row = 10;
-/// The cartridge keeps this team's row behind the table.
+/// The cartridge keeps this team's row after the table.
 constexpr int displaced_team = 11;
 constexpr int displaced_offset = 0x2C410;
 constexpr int jersey_copy_offset = 0x342D8;

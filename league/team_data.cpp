@@ -78,7 +78,7 @@ void WriteAbbreviations(OpenImage& image, const LeagueData& league) {
   image.WriteTextAt(abbreviations_offset, slots);
 }
 
-/// Writes the text at the running address, its pointer at `pointer`, and moves both on.
+/// Writes the text at the running address and its pointer at `pointer`, and advances both.
 void WritePointedText(OpenImage& image, std::string_view text, int& pointer, int& address) {
   image.WriteWordAt(pointer, address);
   image.WriteTextAt(address + address_to_offset, text);
@@ -95,7 +95,7 @@ void FindPointerOddities(OpenImage& image, std::string_view what, int pointers, 
     if (start == end) text = "no " + std::string(what);
     if (start > end) text = std::string(what) + " pointers are out of order; it is read as empty";
     if (start < end && (start < block_start || end > block_start + TeamTextCapacity)) {
-      text = std::string(what) + " lies at " + HexText(start) + ", outside the room for team texts";
+      text = std::string(what) + " is at " + HexText(start) + ", outside the space for team texts";
     }
     if (!text.empty()) found.push_back({"team texts", team, 0, std::move(text)});
   }
@@ -110,10 +110,11 @@ void FindFormationOddities(OpenImage& image, Oddities& found) {
   const int mark = FormationMark(image);
   if (mark == StockFormationMark) return;
   if (mark != PatchedFormationMark) {
-    found.push_back({"formations", 0, 0,
-                     "the formation mark " + HexText(mark) +
-                         " is neither a stock image's nor a saved one's; all formations are read "
-                         "as 0"});
+    found.push_back(
+        {"formations", 0, 0,
+         "the formation mark " + HexText(mark) +
+             " is neither that of a stock image nor of a saved one; all formations are read "
+             "as 0"});
     return;
   }
   if (!Holds(image, patch_a_offset, patch_a) || !Holds(image, patch_b_offset, patch_b)) {

@@ -6,8 +6,8 @@
 
 namespace rostermill {
 
-/// Text of the cartridge is one byte a character (Latin-1). Case is folded for the ASCII letters
-/// only, so that no other byte ever changes.
+/// Text of the cartridge has one byte per character (Latin-1). Only the case of ASCII letters is
+/// changed, so that no other byte ever does.
 constexpr char UpperChar(char c) {
   return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
 }
@@ -17,17 +17,17 @@ constexpr char LowerChar(char c) {
 std::string UpperText(std::string_view text);
 std::string LowerText(std::string_view text);
 
-/// `text` cut to `length` characters, or filled up to it with blanks on the right.
+/// `text` cut to `length` characters, or padded to it with blanks on the right.
 std::string PaddedText(std::string_view text, std::size_t length);
 
-/// The text with its paragraphs put one behind the other.
+/// The text with its paragraphs joined by blanks.
 std::string OneLine(std::string text);
 
 /// "00" to "FF": the low 8 bits as two upper-case hexadecimal digits.
 std::string HexByteText(int byte);
 
-/// A text that always has exactly N characters: a shorter one is filled with blanks on the right,
-/// a longer one is cut.
+/// A text of exactly N characters: a shorter one is padded with blanks on the right, a longer one
+/// is cut.
 template <std::size_t N>
 class FixedText {
  public:

@@ -4,7 +4,7 @@
 
 namespace rostermill {
 
-/// Called now and then by the longer steps of a load or a save so that the window can repaint.
+/// Called now and then during the longer steps of a load or a save so that the window can repaint.
 using Yield = std::function<void()>;
 
 }  // namespace rostermill

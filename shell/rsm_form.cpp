@@ -27,6 +27,7 @@
 #include "shell/open_save.h"
 #include "shell/readable_selection.h"
 #include "toolkit/elided_label.h"
+#include "toolkit/form_parts.h"
 #include "toolkit/messages.h"
 #include "toolkit/text_codec.h"
 
@@ -59,13 +60,10 @@ QString PlainCaption(const std::string& text) {
   return FromLatin1(text).replace('\t', ' ').replace("&", "&&");
 }
 
-/// The access key is the item's number, counted from 1. The menu stays on the screen however long
-/// the path.
-QString RecentCaption(int index, QString path) {
-  constexpr int longest = 200;
-  path.remove(QChar::Null);
-  if (path.size() > longest) path = "..." + path.right(longest);
-  return QStringLiteral("&%1 ").arg(index + 1) + path.replace("&", "&&");
+/// The path as one line of the menu, cut in the middle where it is wider than half of the screen.
+QString RecentText(const QMenu& menu, const QString& path) {
+  const int room = menu.screen()->availableGeometry().width() / 2;
+  return menu.fontMetrics().elidedText(path, Qt::ElideMiddle, room);
 }
 
 /// The path of the one image file that is dragged; empty when it is anything else.
@@ -109,6 +107,7 @@ void FRSMform::BuildWindow() {
                      [this, index] { mnuFileRecent_Click(index); });
   }
   menu_.Build(*menuBar(), [this](const QString& item) { Run(item); });
+  menu_.Item("mnuFileRecentFiles")->menu()->setToolTipsVisible(true);
   statusBar()->setObjectName("StatusBar1");
   status_ = new ElidedLabel("StatusBar1.Panels(1)");
   statusBar()->addWidget(status_, 1);
@@ -201,9 +200,12 @@ void FRSMform::UpdateRecentList() {
   QAction* submenu = menu_.Item("mnuFileRecentFiles");
   int empties = 0;
   for (int index = 0; index < RecentFiles::Count; ++index) {
-    const QString& file = files[static_cast<std::size_t>(index)];
+    QString file = files[static_cast<std::size_t>(index)];
+    file.remove(QChar::Null);
     QAction* item = menu_.Item(MemberName("mnuFileRecent", index));
-    item->setText(RecentCaption(index, file));
+    QString shown = RecentText(*submenu->menu(), file);
+    item->setToolTip(shown == file ? QString() : PlainToolTip(file));
+    item->setText(QStringLiteral("&%1 ").arg(index + 1) + shown.replace("&", "&&"));
     const bool filled = !file.isEmpty() && file != "None";
     if (!filled && ++empties == RecentFiles::Count) {
       submenu->setEnabled(false);
@@ -231,7 +233,9 @@ void FRSMform::mFilSaveROM_Click() {
 }
 
 void FRSMform::mFilUnloadROM_Click() {
-  if (!AskYesNo(this, "Are you sure you want to unload the ROM?", "Unload ROM Confirmation")) {
+  // One Enter too many must not throw away what isn't saved.
+  if (!AskYesNo(this, "Are you sure you want to unload the ROM?", "Unload ROM Confirmation",
+                QMessageBox::No)) {
     return;
   }
   ClearLeague(session_, *this);
@@ -332,7 +336,7 @@ void FRSMform::ShowMessage(MessageKind kind, const std::string& text, const std:
 }
 
 bool FRSMform::Confirm(const std::string& text, const std::string& title) {
-  return AskYesNo(this, FromUtf8(text), FromUtf8(title));
+  return AskYesNo(this, FromUtf8(text), FromUtf8(title), QMessageBox::Yes);
 }
 
 std::string FRSMform::AskForText(const std::string& prompt, const std::string& title,

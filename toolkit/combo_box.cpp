@@ -1,5 +1,6 @@
 #include "toolkit/combo_box.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QFocusEvent>
 #include <QKeyEvent>
@@ -35,10 +36,33 @@ void ComboBox::focusOutEvent(QFocusEvent* event) {
   if (!comes_back) emit LostFocus();
 }
 
+int ComboBox::MatchingIndex() const {
+  return currentText().isEmpty() ? -1 : findText(currentText(), Qt::MatchStartsWith);
+}
+
+bool ComboBox::StepFromText() {
+  const int match = currentIndex() < 0 ? MatchingIndex() : -1;
+  if (match >= 0) setCurrentIndex(match);
+  return match >= 0;
+}
+
+void ComboBox::showPopup() {
+  DropDownList::showPopup();
+  if (currentIndex() < 0) view()->setCurrentIndex(model()->index(MatchingIndex(), modelColumn()));
+}
+
+void ComboBox::wheelEvent(QWheelEvent* event) {
+  if (!hasFocus() || !StepFromText()) DropDownList::wheelEvent(event);
+}
+
 void ComboBox::keyPressEvent(QKeyEvent* event) {
-  DropDownList::keyPressEvent(event);
-  // The form's buttons answer these two keys.
   const int key = event->key();
+  const bool step =
+      key == Qt::Key_Down || key == Qt::Key_Up || key == Qt::Key_PageDown || key == Qt::Key_PageUp;
+  const bool other_meaning = event->modifiers().testAnyFlags(Qt::AltModifier | Qt::ControlModifier);
+  if (step && !other_meaning && StepFromText()) return;
+  DropDownList::keyPressEvent(event);
+  // The form answers these two keys.
   if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape) event->ignore();
 }
 

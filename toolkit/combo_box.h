@@ -6,7 +6,8 @@ namespace rostermill {
 
 /// A drop-down list whose text can be typed as well. An entry is selected only while the box shows
 /// that entry's text: typing another text leaves none selected. Nothing typed enters the list, and
-/// nothing is completed while it is typed.
+/// nothing is completed while it is typed. From a typed text the arrow keys, the wheel and the list
+/// when it opens go to the entry that the text begins.
 class ComboBox : public DropDownList {
   Q_OBJECT
 
@@ -15,6 +16,11 @@ class ComboBox : public DropDownList {
 
   /// Shows a text without selecting an entry.
   void SetText(const QString& text);
+  /// The first entry that begins with what stands in the box, whatever its case; -1 for none,
+  /// which an empty box has.
+  int MatchingIndex() const;
+
+  void showPopup() override;
 
  signals:
   /// The focus went to another control. Its own list, a menu and another program don't count.
@@ -23,8 +29,11 @@ class ComboBox : public DropDownList {
  protected:
   void focusOutEvent(QFocusEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
 
  private:
+  /// Selects the entry that a typed text begins; false when there is none.
+  bool StepFromText();
   void FollowText(const QString& text);
 };
 

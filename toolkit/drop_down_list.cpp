@@ -1,15 +1,20 @@
 #include "toolkit/drop_down_list.h"
 
 #include <QSignalBlocker>
+#include <QStyleOptionComboBox>
+#include <QStylePainter>
 #include <QWheelEvent>
 
 #include <algorithm>
+
+#include "toolkit/form_parts.h"
 
 namespace rostermill {
 
 namespace {
 
 constexpr int visible_entries = 15;
+constexpr int text_margin = 1;  // of the text in its field, which Qt leaves
 
 ushort FoldAscii(QChar c) {
   const ushort code = c.unicode();
@@ -34,6 +39,12 @@ DropDownList::DropDownList(const QString& name, ListOrder order) : order_(order)
   connect(this, &QComboBox::currentIndexChanged, this, [this](int index) {
     if (index >= 0) emit Click();
   });
+}
+
+void DropDownList::AskForRoom(int characters) {
+  // Qt counts in the width of this letter.
+  const int letter = fontMetrics().horizontalAdvance('X');
+  setMinimumContentsLength(RoomFor(fontMetrics(), characters) / letter + 1);
 }
 
 void DropDownList::Clear() {
@@ -66,6 +77,19 @@ void DropDownList::AddItem(const QString& text) {
 
 void DropDownList::SetList(int index, const QString& text) {
   setItemText(index, text);
+}
+
+void DropDownList::paintEvent(QPaintEvent*) {
+  QStylePainter painter(this);
+  painter.setPen(palette().color(QPalette::Text));
+  QStyleOptionComboBox option;
+  initStyleOption(&option);
+  painter.drawComplexControl(QStyle::CC_ComboBox, option);
+  const QRect field =
+      style()->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, this);
+  const int room = field.width() - 2 * text_margin;
+  option.currentText = fontMetrics().elidedText(option.currentText, Qt::ElideMiddle, room);
+  painter.drawControl(QStyle::CE_ComboBoxLabel, option);
 }
 
 void DropDownList::wheelEvent(QWheelEvent* event) {

@@ -15,6 +15,10 @@ class DropDownList : public QComboBox {
  public:
   explicit DropDownList(const QString& name, ListOrder order = ListOrder::AsAdded);
 
+  /// Asks for the room that so many characters need, whatever they are. A longer text is cut in
+  /// the middle.
+  void AskForRoom(int characters);
+
   /// Empties the list; nothing is selected then.
   void Clear();
   /// A sorted list files the entry without regard to ASCII case, behind those that equal it.
@@ -36,6 +40,7 @@ class DropDownList : public QComboBox {
  protected:
   /// The wheel changes a list only while it has the focus.
   void wheelEvent(QWheelEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
 
  private:
   int PlaceFor(const QString& text) const;

@@ -24,6 +24,16 @@ QSize ElidedLabel::minimumSizeHint() const {
   return {metrics.averageCharWidth() * 20 + around, metrics.height() + around};
 }
 
+void ElidedLabel::AskForRoom(int characters) {
+  characters_ = characters;
+  updateGeometry();
+}
+
+QSize ElidedLabel::sizeHint() const {
+  const int room = RoomFor(fontMetrics(), characters_) + 2 * (margin() + frameWidth());
+  return minimumSizeHint().expandedTo({room, 0});
+}
+
 void ElidedLabel::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   const QRect inside = contentsRect().adjusted(margin(), margin(), -margin(), -margin());

@@ -3,6 +3,7 @@
 #include <QAction>
 #include <QEvent>
 #include <QHeaderView>
+#include <QItemSelectionModel>
 #include <QScrollBar>
 #include <QStyle>
 
@@ -142,18 +143,16 @@ void FlexGrid::FollowFont() {
 }
 
 QString FlexGrid::SelectedText() const {
-  const QRect whole(0, 0, columnCount(), rowCount());
-  QRect part;
-  for (const QTableWidgetSelectionRange& range : selectedRanges()) {
-    part |= QRect(QPoint(range.leftColumn(), range.topRow()),
-                  QPoint(range.rightColumn(), range.bottomRow()));
-  }
-  if (part.isEmpty()) part = whole;
+  const QItemSelectionModel& selected = *selectionModel();
+  const bool all = !selected.hasSelection();
   QList<QStringList> rows;
-  for (int row = part.top(); row <= part.bottom(); ++row) {
+  for (int row = 0; row < rowCount(); ++row) {
+    if (!all && !selected.rowIntersectsSelection(row)) continue;
     QStringList cells;
-    for (int column = part.left(); column <= part.right(); ++column) {
-      cells << TextMatrix(row, column);
+    for (int column = 0; column < columnCount(); ++column) {
+      if (!all && !selected.columnIntersectsSelection(column)) continue;
+      const bool copied = all || selected.isSelected(model()->index(row, column));
+      cells << (copied ? TextMatrix(row, column) : QString());
     }
     rows << cells;
   }

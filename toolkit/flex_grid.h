@@ -6,7 +6,8 @@ namespace rostermill {
 
 /// A grid of texts to look at. Its first column is fixed: it stays in view while the others scroll
 /// under it. Rows and columns count from 0. Ctrl+A selects all; Ctrl+C copies what is selected, or
-/// all when nothing is, as tab-separated text.
+/// all when nothing is, as tab-separated text. Rows and columns in which nothing is selected are
+/// left out; what isn't selected in the others is empty.
 class FlexGrid : public QTableWidget {
   Q_OBJECT
 

@@ -7,6 +7,8 @@
 #include <QMenu>
 #include <QPushButton>
 
+#include <algorithm>
+
 namespace rostermill {
 
 namespace {
@@ -102,7 +104,9 @@ void ChildArea::ShowForm(ChildForm* form) {
     window = addSubWindow(form);
     window->setAttribute(Qt::WA_DeleteOnClose);
     LeaveKeysToMenu(*window);
-    window->resize(window->sizeHint());
+    const QSize room = viewport()->size();
+    window->resize(window->sizeHint().boundedTo(room).expandedTo(window->minimumSizeHint()));
+    MoveInside(*window, window->pos());
     window->show();
   }
   if (window->isMinimized()) window->showNormal();
@@ -114,7 +118,13 @@ void ChildArea::ShowForm(ChildForm* form) {
 
 void ChildArea::CentreForm(ChildForm* form) {
   QWidget* window = form->parentWidget();
-  window->move(rect().center() - window->rect().center());
+  MoveInside(*window, viewport()->rect().center() - window->rect().center());
+}
+
+void ChildArea::MoveInside(QWidget& window, QPoint place) {
+  const QSize free = viewport()->size() - window.size();
+  window.move(std::max(0, std::min(place.x(), free.width())),
+              std::max(0, std::min(place.y(), free.height())));
 }
 
 DialogForm::DialogForm(QWidget* parent, const QString& name, const QString& caption)

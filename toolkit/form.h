@@ -51,10 +51,12 @@ class ChildArea : public QMdiArea {
   ChildArea();
 
   /// Brings the form to the front. One that is not shown yet gets a window of its own, as large as
-  /// its content asks.
+  /// its content asks where the area has the room. It lies inside of the area, or begins at the
+  /// area's corner where its least size is too large; the area scrolls to the rest then.
   void ShowForm(ChildForm* form);
 
-  /// Moves the window of a form that is shown to the middle of the area.
+  /// Moves the window of a form that is shown to the middle of the area, or to its corner where it
+  /// doesn't fit.
   void CentreForm(ChildForm* form);
 
   /// Shows the form that `slot` keeps; makes one first when none is open.
@@ -64,6 +66,10 @@ class ChildArea : public QMdiArea {
     ShowForm(slot);
     return slot;
   }
+
+ private:
+  /// Moves a window as near to `place` as keeps it inside.
+  void MoveInside(QWidget& window, QPoint place);
 };
 
 /// Closes the form that `slot` keeps, if one is open.

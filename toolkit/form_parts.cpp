@@ -20,6 +20,15 @@ QFont FixedFont() {
   return QFontDatabase::systemFont(QFontDatabase::FixedFont);
 }
 
+int RoomFor(const QFontMetrics& metrics, int characters) {
+  QChar widest = ' ';
+  for (ushort code = '!'; code <= 0xFF; ++code) {
+    const QChar c(code);
+    if (c.isPrint() && metrics.horizontalAdvance(c) > metrics.horizontalAdvance(widest)) widest = c;
+  }
+  return metrics.horizontalAdvance(QString(characters, widest));
+}
+
 QLabel* NewLabel(const QString& name, const QString& text) {
   auto* label = new QLabel(text);
   label->setObjectName(name);

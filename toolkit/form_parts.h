@@ -16,6 +16,9 @@ namespace rostermill {
 /// The system's fixed-pitch font, for numbers and position labels.
 QFont FixedFont();
 
+/// The width of so many characters, whatever they are, in pixels.
+int RoomFor(const QFontMetrics& metrics, int characters);
+
 /// A named label. Its text is plain, never markup.
 QLabel* NewLabel(const QString& name, const QString& text = {});
 /// A label in the fixed-pitch font, as wide as `widest`, right-aligned.

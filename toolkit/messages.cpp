@@ -7,10 +7,11 @@ namespace rostermill {
 namespace {
 
 int RunMessageBox(QWidget* owner, QMessageBox::Icon icon, const QString& text, const QString& title,
-                  QMessageBox::StandardButtons buttons) {
+                  QMessageBox::StandardButtons buttons, QMessageBox::StandardButton preset) {
   QMessageBox box(icon, title, text, buttons, owner);
   box.setObjectName("MessageBox");
   box.setTextFormat(Qt::PlainText);
+  box.setDefaultButton(preset);
   return box.exec();
 }
 
@@ -18,12 +19,13 @@ int RunMessageBox(QWidget* owner, QMessageBox::Icon icon, const QString& text, c
 
 void ShowMessageBox(QWidget* owner, QMessageBox::Icon icon, const QString& text,
                     const QString& title) {
-  RunMessageBox(owner, icon, text, title, QMessageBox::Ok);
+  RunMessageBox(owner, icon, text, title, QMessageBox::Ok, QMessageBox::Ok);
 }
 
-bool AskYesNo(QWidget* owner, const QString& text, const QString& title) {
+bool AskYesNo(QWidget* owner, const QString& text, const QString& title,
+              QMessageBox::StandardButton preset) {
   return RunMessageBox(owner, QMessageBox::Question, text, title,
-                       QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+                       QMessageBox::Yes | QMessageBox::No, preset) == QMessageBox::Yes;
 }
 
 QString AskForLine(QWidget* owner, const QString& prompt, const QString& title,

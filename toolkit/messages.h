@@ -12,7 +12,9 @@ void ShowMessageBox(QWidget* owner, QMessageBox::Icon icon, const QString& text,
                     const QString& title);
 
 /// A question with Yes and No; false when the answer is No, which closing the box is as well.
-bool AskYesNo(QWidget* owner, const QString& text, const QString& title);
+/// Enter gives the answer `preset`.
+bool AskYesNo(QWidget* owner, const QString& text, const QString& title,
+              QMessageBox::StandardButton preset);
 
 /// A QInputDialog named "InputBox"; the text entered, empty when cancelled.
 QString AskForLine(QWidget* owner, const QString& prompt, const QString& title,

@@ -4,7 +4,6 @@
 #include <QGridLayout>
 #include <QKeyEvent>
 #include <QPrinter>
-#include <QPrinterInfo>
 #include <QScrollBar>
 #include <QWheelEvent>
 
@@ -15,6 +14,7 @@
 #include "toolkit/form_parts.h"
 #include "toolkit/messages.h"
 #include "toolkit/print_lines.h"
+#include "toolkit/printer_choice.h"
 #include "toolkit/text_codec.h"
 
 namespace rostermill {
@@ -27,16 +27,10 @@ constexpr const char* print_title = "Print...";
 /// Black and white are both readable on it, 4.5 to 1 and better.
 constexpr QColor heading_ground(0x54, 0x7A, 0x96);
 
-std::unique_ptr<QPrinter> DefaultPrinter() {
-  const QPrinterInfo info = QPrinterInfo::defaultPrinter();
-  if (info.isNull()) return nullptr;
-  return std::make_unique<QPrinter>(info, QPrinter::HighResolution);
-}
-
 }  // namespace
 
 ViewLeaders::ViewLeaders(LeagueSession& session)
-    : ChildForm("ViewLeaders", "View Leaders"), session_(session), make_printer_(DefaultPrinter) {
+    : ChildForm("ViewLeaders", "View Leaders"), session_(session), make_printer_(OpenPrinter) {
   BuildControls();
   LayOut();
   Connect();
@@ -73,6 +67,7 @@ void ViewLeaders::BuildTable() {
       KeepRoomWhenHidden(label);
     }
     lblName.Add(new ElidedLabel({}))->setMargin(cell_margin);
+    lblName[r]->AskForRoom(LongestPlayerListText);
   }
 }
 
@@ -235,17 +230,16 @@ void ViewLeaders::btnPrint_Click() {
   FormPrint(this, session_, cmbPosition->ListIndex()).exec();
   if (session_.PrintCancelled != 0) return;
   if (session_.PrintToPrinter == -1) {
-    PrintToDefaultPrinter();
+    PrintToPrinter();
   } else {
     WriteExportFile();
   }
 }
 
-void ViewLeaders::PrintToDefaultPrinter() {
-  const std::unique_ptr<QPrinter> printer = make_printer_();
-  if (printer == nullptr) {
-    return Complain("The list could not be printed: this computer has no default printer.");
-  }
+void ViewLeaders::PrintToPrinter() {
+  QString failure;
+  const std::unique_ptr<QPrinter> printer = make_printer_(failure);
+  if (printer == nullptr) return ComplainOfPrinting(failure);
   QStringList lines;
   for (const std::string& line :
        LeaderLines(session_.LeaderRows, RowCount, cmbPosition->ListIndex())) {
@@ -253,12 +247,17 @@ void ViewLeaders::PrintToDefaultPrinter() {
   }
   printer->setDocName("Rostermill");
   const PrintResult result = PrintLines(*printer, lines);
-  if (!result.Failure.isEmpty()) {
-    Complain("The list could not be printed: " + result.Failure + "\n" + printer->printerName());
-  } else if (printer->printerState() == QPrinter::Error) {
-    Complain("The list could not be printed: the printer reports an error.\n" +
-             printer->printerName());
+  failure = result.Failure;
+  if (failure.isEmpty() && printer->printerState() == QPrinter::Error) {
+    failure = "the printer reports an error.";
   }
+  if (!failure.isEmpty()) ComplainOfPrinting(failure + '\n' + printer->printerName());
+}
+
+void ViewLeaders::ComplainOfPrinting(const QString& reason) {
+  const QString file = FromLatin1(LeaderFileName(cmbPosition->ListIndex()));
+  Complain("The list could not be printed: " + reason + "\n\nTo write the list to " + file +
+           " instead, choose File.");
 }
 
 void ViewLeaders::WriteExportFile() {

@@ -25,12 +25,12 @@ class ViewLeaders : public ChildForm {
   Q_OBJECT
 
  public:
-  /// Gives the printer to print on, null where there is none. Called only to print.
-  using PrinterMaker = std::function<std::unique_ptr<QPrinter>()>;
+  /// Gives the printer to print on, null and the reason where there is none. Called only to print.
+  using PrinterMaker = std::function<std::unique_ptr<QPrinter>(QString& failure)>;
 
   explicit ViewLeaders(LeagueSession& session);
 
-  /// Prints on another printer than the system's default one.
+  /// Prints on another printer than the computer's.
   void SetPrinterMaker(PrinterMaker make) { make_printer_ = std::move(make); }
 
  protected:
@@ -56,7 +56,8 @@ class ViewLeaders : public ChildForm {
   void ShowLeaderRows(int top);
   void ShowHeadings();
   void ShowSortFlags();
-  void PrintToDefaultPrinter();
+  void PrintToPrinter();
+  void ComplainOfPrinting(const QString& reason);
   void WriteExportFile();
   void Complain(const QString& text);
 

@@ -8,6 +8,12 @@ namespace rostermill {
 
 /// The forms in which teams, players, numbers and ratings stand on the screens. All are Latin-1.
 
+/// What the editors allow at most, in characters.
+inline constexpr int LongestCity = 15;  // and nickname
+inline constexpr int LongestTeamText = LongestCity + 1 + LongestCity;
+inline constexpr int LongestPlayerText = 16;
+inline constexpr int LongestPlayerListText = LongestPlayerText + 1;  // for the comma
+
 /// "HARBORTON SPARROWS"
 std::string TeamListText(const LeagueData& league, int team);
 /// "PLOVER, sam", each part with its stored case

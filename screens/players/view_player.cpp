@@ -134,6 +134,7 @@ void ViewPlayer::cmbPosition_Click() {
     if (index == cmbPlayer->ListIndex()) return cmbPlayer_Click();  // perhaps a namesake's entry
     return cmbPlayer->SetListIndex(index);
   }
+  FillLists();
 }
 
 void ViewPlayer::btnEdit_Click() {

@@ -49,7 +49,7 @@ frmChoosePlayer::frmChoosePlayer(QWidget* parent, LeagueSession& session)
 void frmChoosePlayer::BuildControls() {
   cmbTeam = new DropDownList("cmbTeam");
   cmbPlayer = new DropDownList("cmbPlayer");
-  for (DropDownList* list : {cmbTeam, cmbPlayer}) list->setMinimumContentsLength(24);
+  cmbTeam->AskForRoom(LongestTeamText);
   btnOK = NewButton("btnOK", "OK");
   btnOK->setDefault(true);
   btnCancel = NewButton("btnCancel", "Cancel");

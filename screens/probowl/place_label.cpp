@@ -4,6 +4,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 
+#include "screens/players/text_forms.h"
 #include "toolkit/press_key.h"
 
 namespace rostermill {
@@ -23,6 +24,7 @@ PlaceLabel::PlaceLabel(const QString& place_name) : ElidedLabel({}), place_name_
   setFocusPolicy(Qt::StrongFocus);
   setCursor(Qt::PointingHandCursor);
   setAccessibleDescription("Choose Player");
+  AskForRoom(LongestPlayerText);
 }
 
 void PlaceLabel::ShowPlayer(const QString& player) {

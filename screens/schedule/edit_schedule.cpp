@@ -3,6 +3,7 @@
 #include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QKeyEvent>
 
 #include "toolkit/form_parts.h"
 #include "toolkit/text_codec.h"
@@ -13,7 +14,23 @@ namespace {
 
 constexpr int games_per_column = 7;
 constexpr int box_characters = 6;
-constexpr int lines_without_game = 4;
+/// Lines that list 14 teams, as many as can play twice or against themselves.
+constexpr int lines_of_half = 2;
+
+/// A list of teams. It wraps, and has its room whatever it lists.
+QLabel* NewTeamList(const QString& name, int lines) {
+  QLabel* label = NewLabel(name);
+  label->setWordWrap(true);
+  label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+  label->setFixedHeight(label->fontMetrics().lineSpacing() * lines);
+  label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+  return label;
+}
+
+void ShowTeams(QLabel& list, const std::string& teams) {
+  list.setText(FromLatin1(teams));
+  list.setToolTip(PlainToolTip(list.text()));
+}
 
 }  // namespace
 
@@ -41,9 +58,9 @@ void frmEditSchedule::BuildControls() {
   }
   lblSeason = NewLabel("lblSeason");
   lblSeason->setFont(FixedFont());
-  lblTwice = new ElidedLabel("lblTwice");
-  lblItself = new ElidedLabel("lblItself");
-  lblWithoutGame = NewLabel("lblWithoutGame");
+  lblTwice = NewTeamList("lblTwice", lines_of_half);
+  lblItself = NewTeamList("lblItself", lines_of_half);
+  lblWithoutGame = NewTeamList("lblWithoutGame", 2 * lines_of_half);
   cmdOK = NewButton("cmdOK", "OK");
   cmdCancel = NewButton("cmdCancel", "Cancel");
   SetDefaultButton(cmdOK);
@@ -83,10 +100,6 @@ QGroupBox* frmEditSchedule::LayOutGames() {
 }
 
 QLayout* frmEditSchedule::LayOutFacts() {
-  lblWithoutGame->setWordWrap(true);
-  lblWithoutGame->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-  lblWithoutGame->setFixedHeight(fontMetrics().lineSpacing() * lines_without_game);
-  lblWithoutGame->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
   auto* grid = new QGridLayout;
   QLabel* weeks = NewLabel("lblWeeks", FromLatin1(WeekColumns()));
   weeks->setFont(FixedFont());
@@ -94,9 +107,9 @@ QLayout* frmEditSchedule::LayOutFacts() {
   grid->addWidget(weeks, 0, 1);
   grid->addWidget(NewCaption("lblSeasonCaption", "Games:"), 1, 0);
   grid->addWidget(lblSeason, 1, 1);
-  grid->addWidget(NewCaption("lblTwiceCaption", "Plays twice:"), 2, 0);
+  grid->addWidget(NewCaption("lblTwiceCaption", "Plays twice:"), 2, 0, Qt::AlignTop);
   grid->addWidget(lblTwice, 2, 1);
-  grid->addWidget(NewCaption("lblItselfCaption", "Against itself:"), 3, 0);
+  grid->addWidget(NewCaption("lblItselfCaption", "Against itself:"), 3, 0, Qt::AlignTop);
   grid->addWidget(lblItself, 3, 1);
   grid->addWidget(NewCaption("lblWithoutGameCaption", "Without a game:"), 4, 0, Qt::AlignTop);
   grid->addWidget(lblWithoutGame, 4, 1);
@@ -144,7 +157,7 @@ void frmEditSchedule::LoadWeek(std::uint8_t weekNum) {
   lblWeek->setText(QString("Week: %1").arg(weekNum + 1));
   udWeek->setAccessibleName(lblWeek->text());
   for (ComboBox* box : cmbTeam) box->SetText({});
-  placed_text_.fill({});
+  filled_text_.fill({});
   ShowGames();
   for (int game = 0; game < WorkSchedule[weekNum].GameCount; ++game) {
     FillBox(2 * game);
@@ -157,11 +170,14 @@ void frmEditSchedule::FillBox(int Index) {
   const int side = SideOf(Index);
   const QString wanted = FromLatin1(SideAbbreviation(session_.League, side));
   ComboBox* box = cmbTeam[Index];
-  placed_text_[static_cast<std::size_t>(Index)] = IsAllStarSide(side) ? wanted : QString();
-  if (IsAllStarSide(side)) return box->SetText(wanted);
-  for (int item = 0; item < box->ListCount(); ++item) {
-    if (box->List(item) == wanted) return box->SetListIndex(item);
-  }
+  filled_text_[static_cast<std::size_t>(Index)] = wanted;
+  const int item = IsAllStarSide(side) ? -1 : box->findText(wanted);
+  if (item < 0) return box->SetText(wanted);
+  box->SetListIndex(item);
+}
+
+bool frmEditSchedule::IsTyped(int Index) const {
+  return cmbTeam[Index]->Text() != filled_text_[static_cast<std::size_t>(Index)];
 }
 
 void frmEditSchedule::ShowGames() {
@@ -180,11 +196,9 @@ void frmEditSchedule::ShowGames() {
 void frmEditSchedule::ShowFacts() {
   const LeagueData& league = session_.League;
   const WeekFacts facts = FactsOfWeek(WorkSchedule[CurrentWeek]);
-  lblTwice->SetText(FromLatin1(SideList(league, facts.Twice)));
-  lblItself->SetText(FromLatin1(SideList(league, facts.AgainstItself)));
-  const QString without_game = FromLatin1(SideList(league, facts.WithoutGame));
-  lblWithoutGame->setText(without_game);
-  lblWithoutGame->setToolTip(PlainToolTip(without_game));
+  ShowTeams(*lblTwice, SideList(league, facts.Twice));
+  ShowTeams(*lblItself, SideList(league, facts.AgainstItself));
+  ShowTeams(*lblWithoutGame, SideList(league, facts.WithoutGame));
   lblSeason->setText(FromLatin1(GamesByWeek(WorkSchedule)));
 }
 
@@ -221,7 +235,7 @@ void frmEditSchedule::cmbTeam_Click(int Index) {
   for (int side = 0; side < TeamCount; ++side) {
     if (SideAbbreviation(session_.League, side) == picked) {
       SideOf(Index) = static_cast<std::int16_t>(side);
-      placed_text_[static_cast<std::size_t>(Index)].clear();
+      filled_text_[static_cast<std::size_t>(Index)] = box->Text();
       return ShowFacts();
     }
   }
@@ -230,24 +244,36 @@ void frmEditSchedule::cmbTeam_Click(int Index) {
 
 void frmEditSchedule::CompleteText(int Index) {
   ComboBox* box = cmbTeam[Index];
-  const QString typed = box->Text();
-  if (typed.isEmpty()) return;
-  if (typed == placed_text_[static_cast<std::size_t>(Index)]) return;
-  for (int item = 0; item < box->ListCount(); ++item) {
-    if (box->List(item).startsWith(typed, Qt::CaseInsensitive)) return box->SetListIndex(item);
-  }
+  const int item = box->MatchingIndex();
+  if (item >= 0) return box->SetListIndex(item);
   box->SetText({});
 }
 
 void frmEditSchedule::cmbTeam_LostFocus(int Index) {
-  cmbTeam_Click(Index);
+  // Of two teams with one abbreviation a mere visit would store the other one.
+  if (IsTyped(Index)) cmbTeam_Click(Index);
+}
+
+void frmEditSchedule::keyPressEvent(QKeyEvent* event) {
+  int Index = cmbTeam.First();
+  while (Index < cmbTeam.Next() && !cmbTeam[Index]->hasFocus()) ++Index;
+  const bool typed = Index < cmbTeam.Next() && IsTyped(Index);
+  const int key = event->key();
+  const bool enter = key == Qt::Key_Return || key == Qt::Key_Enter;
+  if (typed && enter && !cmbTeam[Index]->Text().isEmpty()) {
+    cmbTeam_Click(Index);
+  } else if (typed && key == Qt::Key_Escape) {
+    LoadingWeek = true;
+    FillBox(Index);
+    LoadingWeek = false;
+  } else {
+    ChildForm::keyPressEvent(event);
+  }
 }
 
 void frmEditSchedule::cmdOK_Click() {
-  // Enter and access keys come while the box still has the focus, and its text not taken.
-  for (int Index = cmbTeam.First(); Index < cmbTeam.Next(); ++Index) {
-    if (cmbTeam[Index]->ListIndex() < 0) cmbTeam_Click(Index);
-  }
+  // A button can be pressed while a box still has the focus, and its text is not taken.
+  for (int Index = cmbTeam.First(); Index < cmbTeam.Next(); ++Index) cmbTeam_LostFocus(Index);
   session_.League.ScheduleData = WorkSchedule;
   CloseForm();
 }

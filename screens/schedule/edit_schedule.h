@@ -7,23 +7,29 @@
 #include "screens/schedule/season_facts.h"
 #include "toolkit/combo_box.h"
 #include "toolkit/control_array.h"
-#include "toolkit/elided_label.h"
 #include "toolkit/form.h"
 #include "toolkit/up_down.h"
 
 class QGroupBox;
+class QLabel;
 class QLayout;
+class QPushButton;
 
 namespace rostermill {
 
 /// "RSM Schedule Editor": changes the season week by week, in a copy that OK puts back. Box 2g is
 /// the visitor of game g, box 2g + 1 its host. Under the games stands what is odd about the week;
-/// it forbids nothing.
+/// it forbids nothing. A text typed in a box is taken when the box is left or Enter is pressed; Esc
+/// shows the stored team again.
 class frmEditSchedule : public ChildForm {
   Q_OBJECT
 
  public:
   explicit frmEditSchedule(LeagueSession& session);
+
+ protected:
+  /// Enter and Esc answer a text that is not taken yet before they reach the buttons.
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void BuildControls();
@@ -48,7 +54,10 @@ class frmEditSchedule : public ChildForm {
   /// Shows the rows of the games in use, and how many they are.
   void ShowGames();
 
+  /// Shows the stored team of a box. One that its list doesn't have shows as mere text.
   void FillBox(int Index);
+  /// Whether the box shows something else than the form has put there.
+  bool IsTyped(int Index) const;
   /// Selects the first entry that begins with the typed text; wipes a text that begins none.
   void CompleteText(int Index);
   void ShowFacts();
@@ -56,8 +65,8 @@ class frmEditSchedule : public ChildForm {
   std::int16_t& SideOf(int Index);
 
   LeagueSession& session_;
-  /// What stands in a box for an all-star side, which is no entry of its list.
-  std::array<QString, 2 * GamesPerWeek> placed_text_;
+  /// What each box was last filled with, or what was picked in it since.
+  std::array<QString, 2 * GamesPerWeek> filled_text_;
   Season WorkSchedule;
   std::uint8_t CurrentWeek = 0;
   bool LoadingWeek = false;
@@ -69,8 +78,8 @@ class frmEditSchedule : public ChildForm {
   ControlArray<ComboBox> cmbTeam{"cmbTeam"};
   ControlArray<QLabel> lblAt{"lblAt"};
   QLabel* lblSeason = nullptr;
-  ElidedLabel* lblTwice = nullptr;
-  ElidedLabel* lblItself = nullptr;
+  QLabel* lblTwice = nullptr;
+  QLabel* lblItself = nullptr;
   QLabel* lblWithoutGame = nullptr;
   QPushButton* cmdOK = nullptr;
   QPushButton* cmdCancel = nullptr;

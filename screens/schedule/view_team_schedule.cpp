@@ -3,17 +3,12 @@
 #include <QMouseEvent>
 #include <QVBoxLayout>
 
+#include "screens/players/text_forms.h"
 #include "screens/schedule/season_facts.h"
 #include "toolkit/copy_text.h"
 #include "toolkit/text_codec.h"
 
 namespace rostermill {
-
-namespace {
-
-constexpr int line_width = 52;  // average characters
-
-}  // namespace
 
 ViewTeamSchedule::ViewTeamSchedule(const LeagueSession& session)
     : ChildForm("ViewTeamSchedule", "Team Schedule"), session_(session) {
@@ -30,7 +25,9 @@ void ViewTeamSchedule::BuildControls() {
   large.setBold(true);
   large.setPointSizeF(large.pointSizeF() * 1.2);
   lblTeamName->setFont(large);
+  lblTeamName->AskForRoom(LongestTeamText);
   for (int w = 0; w < WeekCount; ++w) lblOpponent.Add(new ElidedLabel({}));
+  for (ElidedLabel* line : lblOpponent) line->AskForRoom(LongestTeamText);
 }
 
 void ViewTeamSchedule::LayOut() {
@@ -39,7 +36,6 @@ void ViewTeamSchedule::LayOut() {
   lines->addSpacing(lines->spacing());
   for (ElidedLabel* line : lblOpponent) lines->addWidget(line);
   lines->addStretch();
-  setMinimumWidth(fontMetrics().averageCharWidth() * line_width);
   setFocusPolicy(Qt::StrongFocus);
 }
 

@@ -44,6 +44,9 @@ ViewTeams::ViewTeams(LeagueSession& session)
 void ViewTeams::BuildControls() {
   cmbTeam = new DropDownList("cmbTeam", ListOrder::Sorted);
   for (int info = 0; info < info_count; ++info) lblInfo.Add(new ElidedLabel({}));
+  // Each text begins with a blank.
+  lblInfo[0]->AskForRoom(1 + LongestCity);
+  lblInfo[1]->AskForRoom(1 + LongestCity);
   for (std::size_t i = 0; i < jersey_colors.size(); ++i) {
     picSwatch.Add(new ColorBox({}, QSize(SwatchSide, SwatchSide)));
   }

@@ -2,6 +2,8 @@
 
 #include <QAction>
 #include <QLabel>
+#include <QMenu>
+#include <QScreen>
 #include <gtest/gtest.h>
 
 #include "shell/rsm_form.h"
@@ -118,8 +120,26 @@ TEST_F(RecentStore, TheMenuShowsFilledEntriesOnlyAndLooksUpNone) {
   OpenWindow();
   EXPECT_FALSE(Item("mnuFileRecentFiles").isEnabled());
   EXPECT_EQ(Stored(), (List{"None", "None", "None", "None"}));
-  window_->AddRecentFile("/" + QString(60'000, 'x'));
-  EXPECT_LT(Recent(0).text().size(), 300) << "the menu must stay on the screen";
+}
+
+// Would catch a path that fills the screen, and one that loses its end or can't be read whole.
+TEST_F(RecentStore, ALongPathIsCutInTheMiddleByItsWidth) {
+  OpenWindow();
+  for (const char c : {'i', 'W'}) {
+    const QString path = "/first & last/" + QString(c == 'W' ? 60'000 : 300, c) + "/deep/b.nes";
+    window_->AddRecentFile(path);
+    const QString text = Recent(0).text();
+    EXPECT_TRUE(text.startsWith("&1 /first && last/")) << text.toStdString();
+    EXPECT_TRUE(text.endsWith("/deep/b.nes")) << text.toStdString();
+    const QMenu& menu = *Item("mnuFileRecentFiles").menu();
+    const int width = menu.fontMetrics().horizontalAdvance(text);
+    EXPECT_LT(width, menu.screen()->availableGeometry().width() * 2 / 3);
+    EXPECT_GT(width, menu.screen()->availableGeometry().width() / 3);
+    EXPECT_TRUE(menu.toolTipsVisible());
+    EXPECT_EQ(Recent(0).toolTip(), path.left(400));
+  }
+  window_->AddRecentFile("/short.nes");
+  EXPECT_EQ(Recent(0).text(), "&1 /short.nes");
 }
 
 TEST_F(RecentStore, OnlyAFileThatWasLoadedEntersTheList) {

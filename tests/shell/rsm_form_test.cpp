@@ -128,6 +128,21 @@ TEST_F(MainWindow, UnloadAsksAndClosesTheViewers) {
   EXPECT_EQ(session_.ImagePath, path_);
 }
 
+// Would catch an Enter too many that throws the league away.
+TEST_F(MainWindow, EnterKeepsTheLeagueAtAnUnloadAndSavesAtASave) {
+  const auto enter = [] {
+    OnNextDialog([](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });
+  };
+  Load(path_);
+  enter();
+  Item("mFilUnloadROM").trigger();
+  EXPECT_EQ(session_.ImageLoaded, 1);
+  session_.League.RosterYear = "77";
+  enter();
+  Item("mFilSaveROM").trigger();
+  EXPECT_NE(FileBytes(path_), SampleBytes());
+}
+
 TEST_F(MainWindow, AChangeOfOnePlayerMovesItsOwnBytesAndNoOthers) {
   const auto save = [this] {
     AnswerNextMessage("Yes");

@@ -1,9 +1,11 @@
 #include "toolkit/combo_box.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QTest>
+#include <QWheelEvent>
 #include <gtest/gtest.h>
 
 #include "toolkit/up_down.h"
@@ -57,6 +59,31 @@ TEST_F(ComboBoxTest, TypingChangesNothingButTheText) {
   EXPECT_EQ(box->ListIndex(), -1);
   EXPECT_EQ(box->ListCount(), 3);
   EXPECT_EQ(clicks, 0);
+}
+
+// Would catch an arrow key, a wheel, or a list that opens, that starts from the top whatever was
+// typed.
+TEST_F(ComboBoxTest, KeysAndWheelGoToTheEntryThatTheLettersBegin) {
+  for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up}) {
+    box->SetText("p");
+    QTest::keyClick(box, key);
+    EXPECT_EQ(box->Text(), "POR.");
+  }
+  EXPECT_EQ(clicks, 2);
+  QTest::keyClick(box, Qt::Key_Up);
+  EXPECT_EQ(box->Text(), "HAR.") << "from an entry they go to the next one";
+  box->SetText("x");
+  QTest::keyClick(box, Qt::Key_Down);
+  EXPECT_EQ(box->Text(), "BAY ") << "letters that begin none start at the top";
+  QWheelEvent turn({}, {}, {}, QPoint(0, -120), {}, {}, Qt::NoScrollPhase, false);
+  box->SetText("p");
+  QApplication::sendEvent(box, &turn);
+  EXPECT_EQ(box->Text(), "POR.");
+  box->SetText("h");
+  box->showPopup();
+  EXPECT_EQ(box->view()->currentIndex().row(), 1);
+  box->hidePopup();
+  EXPECT_EQ(box->Text(), "h");
 }
 
 TEST_F(ComboBoxTest, OnlyAnotherControlTakesTheFocus) {

@@ -2,6 +2,7 @@
 #include <QImage>
 #include <QMdiSubWindow>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 #include <QVBoxLayout>
 #include <QWheelEvent>
@@ -48,6 +49,21 @@ TEST(DropDownList, SortsWithoutRegardToAsciiCaseAndKeepsEqualsInOrder) {
   QStringList order;
   for (int index = 0; index < list.ListCount(); ++index) order << list.List(index);
   EXPECT_EQ(order, QStringList({"", "Alpha", "ALPHA", "alphabet", "beta", "Beta"}));
+}
+
+// Would catch a long entry that loses its end without a sign that something is missing.
+TEST(DropDownList, AnEntryThatDoesNotFitKeepsItsEnd) {
+  DropDownList list("list");
+  std::vector<QImage> shown;
+  for (const char end : {'A', 'B'}) {
+    list.AddItem(QString(60, 'm') + end);
+    list.SetListIndex(list.ListCount() - 1);
+    list.resize(120, list.sizeHint().height());
+    shown.push_back(list.grab().toImage());
+  }
+  EXPECT_NE(shown[0], shown[1]);
+  list.AskForRoom(31);
+  EXPECT_GT(list.sizeHint().width(), list.fontMetrics().horizontalAdvance(QString(31, 'W')));
 }
 
 TEST(DropDownList, TheWheelLeavesAListWithoutFocusAlone) {
@@ -117,6 +133,9 @@ TEST(ElidedLabel, NeverAsksForRoomForItsWholeText) {
   label.SetText(QString(60'000, 'W'));
   EXPECT_LT(label.sizeHint().width(), 400);
   EXPECT_EQ(label.text().size(), 60'000);
+  label.AskForRoom(40);
+  EXPECT_GE(label.sizeHint().width(), label.fontMetrics().horizontalAdvance(QString(40, 'W')));
+  EXPECT_LT(label.minimumSizeHint().width(), 400);
 }
 
 class SmallForm : public ChildForm {
@@ -153,6 +172,34 @@ TEST(ChildForm, EnterPressesTheFocusedOrElseTheDefaultButton) {
   QTest::keyClick(form->other, Qt::Key_Enter);
   QTest::keyClick(form->other, Qt::Key_Escape);
   EXPECT_EQ(pressed, QStringList({"OK", "Other", "Cancel"}));
+}
+
+// Would catch a form whose title bar, with the close box, lies where nobody can reach it.
+TEST(ChildArea, OpensAFormInsideOrAtTheCornerAndScrollsToTheRest) {
+  for (const QSize least : {QSize(200, 100), QSize(900, 150), QSize(250, 700), QSize(900, 700)}) {
+    ChildArea area;
+    area.resize(500, 400);
+    area.show();
+    for (int opened = 0; opened < 3; ++opened) {
+      auto* form = new SmallForm;
+      form->setMinimumSize(least);
+      area.ShowForm(form);
+      QCoreApplication::processEvents();
+      const auto expect_inside = [&](const char* when) {
+        const QRect room = area.viewport()->rect();
+        const QRect place = form->parentWidget()->geometry();
+        EXPECT_GE(place.left(), 0) << when << least.width() << 'x' << least.height();
+        EXPECT_GE(place.top(), 0) << when << least.width() << 'x' << least.height();
+        EXPECT_TRUE(place.left() == 0 || place.right() <= room.right()) << when << place.right();
+        EXPECT_TRUE(place.top() == 0 || place.bottom() <= room.bottom()) << when << place.bottom();
+      };
+      expect_inside("opened ");
+      area.CentreForm(form);
+      expect_inside("centered ");
+    }
+    EXPECT_EQ(area.horizontalScrollBar()->maximum() > 0, least.width() > 500);
+    EXPECT_EQ(area.verticalScrollBar()->maximum() > 0, least.height() > 400);
+  }
 }
 
 TEST(ChildForm, ClosesOnceHoweverItIsClosedAndOpensAnew) {

@@ -4,6 +4,8 @@
 #include <QPdfWriter>
 #include <gtest/gtest.h>
 
+#include "toolkit/printer_choice.h"
+
 namespace rostermill::test {
 
 namespace {
@@ -43,6 +45,21 @@ TEST(PrintLines, PagesFollowThePaperAndNarrowPaperTakesSmallerLetters) {
 TEST(PrintLines, AFailingDeviceIsReported) {
   QPdfWriter writer("/no such folder/list.pdf");
   EXPECT_EQ(PrintLines(writer, Lines(3, 10)).Failure, "the printer could not be started.");
+}
+
+// Would catch a list that isn't printed though there is one printer, and a message that leaves the
+// user with no printer to set.
+TEST(Printers, TakesTheDefaultOrTheOnlyPrinterAndOtherwiseNamesThem) {
+  EXPECT_EQ(ChoosePrinter("Office", {"Attic", "Office"}).Name, "Office");
+  EXPECT_EQ(ChoosePrinter("", {"Attic"}).Name, "Attic");
+  EXPECT_EQ(ChoosePrinter("", {}).Failure, "this computer has no printer.");
+  const PrinterChoice two = ChoosePrinter("", {"Attic", "Office"});
+  EXPECT_EQ(two.Name, "");
+  EXPECT_TRUE(two.Failure.contains("Attic, Office.")) << two.Failure.toStdString();
+  EXPECT_TRUE(two.Failure.contains("\"lpoptions -d Attic\"")) << two.Failure.toStdString();
+  QStringList many;
+  for (int number = 1; number <= 200; ++number) many << QString("P%1").arg(number);
+  EXPECT_TRUE(ChoosePrinter("", many).Failure.contains("P9, P10 and 190 more."));
 }
 
 }  // namespace

@@ -25,7 +25,7 @@ TEST_F(RsmtoolCheck, ACleanImageIsCleanStockOrSaved) {
   EXPECT_NE(result.Out.find(": a whole image, saved, nothing odd\n"), std::string::npos);
 }
 
-/// Damage that a load brings into range without a word, and the line that tells of it.
+/// Damage that a load brings into range without a word, and the line that reports it.
 struct Damage {
   int Offset;
   Bytes Values;
@@ -41,7 +41,7 @@ TEST_F(RsmtoolCheck, WhatALoadLeavesOutOrChangesIsTold) {
       {0x4A,
        {0xC9, 0x86},
        "names: SPARROWS QB 1: the name's pointers are out of order; it is read as empty"},
-      {0x6D8, {0x21, 0xB0}, "outside the room for names"},
+      {0x6D8, {0x21, 0xB0}, "outside the space for names"},
       {0x6DA, {0x1F}, "names: SPARROWS QB 1 sam PLOVER: the number 1F is not decimal"},
       {0x6DB,
        {'s', 'a', 'm', 'p', 'l', 'o', 'v', 'e', 'r'},
@@ -50,18 +50,18 @@ TEST_F(RsmtoolCheck, WhatALoadLeavesOutOrChangesIsTold) {
       {0x1FC92,
        {0x00, 0x00},
        "team texts: team 1: nickname pointers are out of order; it is read as empty"},
-      {0x1FCC8, {0xFF, 0xFF}, "nickname lies at 0x1FF19, outside the room for team texts"},
+      {0x1FCC8, {0xFF, 0xFF}, "nickname is at 0x1FF19, outside the space for team texts"},
       {0x21642,
        {0x34, 0x12},
-       "formations: the formation mark 0x1234 is neither a stock image's nor a saved one's; all "
-       "formations are read as 0"},
+       "formations: the formation mark 0x1234 is neither that of a stock image nor of a saved one; "
+       "all formations are read as 0"},
       {0x21642, {0x8A, 0xA6}, "formations: the formation code is damaged"},
       {0x32853 + 2 * 30, {0x1C, 0x1E}, "pro bowl: NFC QB 1 names nobody: team 29, slot 31"},
       {0x2C410 + 5, {0x40}, "uniform color 6 is 64; the palette ends at 63"},
       {0x343E8, {0xFF}, "SPARROWS: division champion color 1 is 255; the palette ends at 63"},
       {0x34494 + 3, {0x80}, "SPARROWS: conference champion color 4 is 128"},
-      {0x1D310, {0x8F}, "playbooks: SPARROWS: playbook slot 1 holds 8, which is no play\n"},
-      {0x1D310, {0x8F}, "playbook slot 2 holds 15, which is no play; it is read as 0"},
+      {0x1D310, {0x8F}, "playbooks: SPARROWS: playbook slot 1 holds 8, which is not a play\n"},
+      {0x1D310, {0x8F}, "playbook slot 2 holds 15, which is not a play; it is read as 0"},
       {0x329A9, {0x00, 0x80}, "schedule: week 2's pointer leads to 0x32010, not 0x329F7"},
       {0x329C9, {0x0F}, "schedule: week 1 counts 15 games; 14 are read"},
       {0x329DB, {0x1E}, "schedule: week 1, game 1: visiting team number 30 is read as 0"},
@@ -72,7 +72,7 @@ TEST_F(RsmtoolCheck, WhatALoadLeavesOutOrChangesIsTold) {
     const Result result = Run({"check", path});
     EXPECT_EQ(result.Code, 1) << damage.Line;
     EXPECT_NE(result.Out.find(damage.Line), std::string::npos)
-        << "not told: " << damage.Line << "\n"
+        << "not reported: " << damage.Line << "\n"
         << result.Out;
   }
 }
@@ -163,14 +163,18 @@ TEST_F(RsmtoolCheck, MachinesGetOneObjectAFile) {
 )");
 }
 
-TEST_F(RsmtoolCheck, StandardInputAndBytesBehindTheImage) {
+TEST_F(RsmtoolCheck, StandardInputAndBytesAfterTheImage) {
   Bytes longer = SampleBytes();
   longer.push_back(0);
   const Result result = Run({"check", "-"}, std::string(longer.begin(), longer.end()));
   EXPECT_EQ(result.Code, 1);
   EXPECT_EQ(result.Out.rfind("standard input: a whole image, stock, never saved, 1 oddity\n", 0),
             0u);
-  EXPECT_NE(result.Out.find("  odd, file: 1 byte behind the image\n"), std::string::npos);
+  EXPECT_NE(result.Out.find("  odd, file: 1 byte after the image\n"), std::string::npos);
+  longer.resize(SampleBytes().size() + (64 << 20) + 123'456);
+  const Result whole = Run({"check", "-"}, std::string(longer.begin(), longer.end()));
+  EXPECT_NE(whole.Out.find("  odd, file: 67,232,320 bytes after the image\n"), std::string::npos)
+      << whole.Out;
 }
 
 TEST_F(RsmtoolCheck, ProgressIsForTerminalsOnly) {

@@ -6,6 +6,11 @@ namespace {
 
 class RsmtoolPlayers : public RsmtoolTest {
  protected:
+  const std::string stock_effects =
+      "Also: rewritten, ratings: 1 byte\n"
+      "Also: the formation code is added, which a stock image does not have\n"
+      "Also: rewritten, schedule: 1 byte\n";
+
   /// Imports the text into a fresh copy of the sample.
   Result Import(const std::string& csv, const QStringList& options = {}) {
     Image("league.nes");
@@ -14,11 +19,17 @@ class RsmtoolPlayers : public RsmtoolTest {
                QStringList{Path("league.nes"), Path("players.csv")});
   }
 
-  /// What a dry run of the text says would change.
+  /// What a dry run of the text says would change, without what any save of the sample changes.
   std::string Changes(const std::string& csv) {
-    const Result result = Import(csv, {"--dry-run"});
+    Result result = Import(csv, {"--dry-run"});
     EXPECT_EQ(result.Code, 0) << result.Err;
     EXPECT_EQ(BytesOf(Path("league.nes")), SampleBytes()) << "a dry run writes nothing";
+    const bool none = result.Out.empty();
+    EXPECT_EQ(result.Err, none ? "rsmtool: nothing to change; " + folder_.Path("league.nes") +
+                                     " stays as it is\n"
+                               : "");
+    EXPECT_TRUE(none || result.Out.ends_with(stock_effects)) << result.Out;
+    if (!none) result.Out.erase(result.Out.size() - stock_effects.size());
     return result.Out;
   }
 
@@ -90,7 +101,8 @@ TEST_F(RsmtoolPlayers, AFewCellsInAnyOrderChangeTheirBytesOnly) {
       ",63,1,Heron,1,7,255\n"
       "yes,,1,Ashlar,3,,\n");
   EXPECT_EQ(result.Code, 0) << result.Err;
-  EXPECT_EQ(result.Err, "rsmtool: 5 changes written to " + folder_.Path("league.nes") + "\n");
+  EXPECT_EQ(result.Err,
+            "rsmtool: 5 changes written to " + folder_.Path("league.nes") + "\n" + stock_effects);
   const Bytes after = BytesOf(Path("league.nes"));
   EXPECT_EQ(Bytes(after.begin() + 0x6DA, after.begin() + 0x6E3),
             (Bytes{0x07, 's', 'a', 'm', 'H', 'E', 'R', 'O', 'N'}));
@@ -105,6 +117,50 @@ TEST_F(RsmtoolPlayers, AFewCellsInAnyOrderChangeTheirBytesOnly) {
             "SPARROWS QB 1 sam PLOVER: Number 01 -> 07\n"
             "SPARROWS QB 1 sam PLOVER: Face 99 -> 255\n"
             "SPARROWS QB 1 sam PLOVER: Passing Speed 44 -> 63\n");
+}
+
+/// A save that moves a duty, a game's team or an edited text without a word.
+TEST_F(RsmtoolPlayers, WhatTheSaveChangesByItselfIsReported) {
+  ASSERT_EQ(Run({"resave", Image("stock.nes"), Path("odd.nes")}).Code, 0);
+  Bytes bytes = BytesOf(Path("odd.nes"));
+  bytes[0x239D3] = 0x02;  // kick returner 0 of team 1
+  bytes[0x329DB] = 0x1E;  // visitor 30 in week 1, game 1
+  bytes[0x1FD7C] = 'h';   // the first letter of team 1's city
+  bytes[0x1D310] = 0xF0;  // run 15 of team 1
+  bytes[0x34328] = 0x3F;  // team 11's copy of uniform color 1
+  bytes[0x1E2BD] = '?';   // one of the roster year's places
+  WriteFile(folder_.Path("odd.nes"), bytes);
+  WriteFile(folder_.Path("p.csv"), std::string("Team,Slot,Number,Last Name\n1,1,22,Plovers\n"));
+  const std::string effects =
+      "Also: SPARROWS: City hARBORTON -> HARBORTON\n"
+      "Also: SPARROWS: Kick Returner nobody -> RB 1 jon ASHLAR\n"
+      "Also: put in order, returners: SPARROWS: no kick returner: the value 0 names no player\n"
+      "Also: put in order, returners: SPARROWS: the two returner tables differ: 0x2, which counts, "
+      "and 0x85\n"
+      "Also: put in order, playbooks: SPARROWS: playbook slot 1 holds 15, which is no play; it is "
+      "read as 0\n"
+      "Also: put in order, schedule: week 1, game 1: visiting team number 30 is read as 0\n"
+      "Also: rewritten, returners: 2 bytes\n"
+      "Also: rewritten, team texts: 1 byte\n"
+      "Also: rewritten, colors: 1 byte\n"
+      "Also: rewritten, playbooks: 1 byte\n"
+      "Also: rewritten, schedule: 1 byte\n"
+      "Also: rewritten, game settings: 1 byte\n";
+  const QStringList files{Path("odd.nes"), Path("p.csv")};
+  const Result dry = Run(QStringList{"import-players", "--dry-run"} + files);
+  EXPECT_EQ(dry.Out,
+            "SPARROWS QB 1 sam PLOVER: Name sam PLOVER -> sam PLOVERS\n"
+            "SPARROWS QB 1 sam PLOVER: Number 01 -> 22\n" +
+                effects);
+  EXPECT_EQ(dry.Err, "");
+  EXPECT_EQ(BytesOf(Path("odd.nes")), bytes);
+  const Result import = Run(QStringList{"import-players"} + files);
+  EXPECT_EQ(import.Out, "");
+  EXPECT_EQ(import.Err,
+            "rsmtool: 2 changes written to " + folder_.Path("odd.nes") + "\n" + effects);
+  const Result diff = Run({"diff", Path("stock.nes"), Path("odd.nes")});
+  EXPECT_NE(diff.Out.find("Kick Returner WR 3 clem PETREL -> RB 1 jon ASHLAR"), std::string::npos)
+      << diff.Out;
 }
 
 TEST_F(RsmtoolPlayers, AllPlayersEditedAtOnce) {
@@ -135,7 +191,7 @@ TEST_F(RsmtoolPlayers, HabitsOfSpreadsheets) {
       "SPARROWS QB 1 sam PLOVER: Name sam PLOVER -> sam HER,ON\n"
       "SPARROWS QB 1 sam PLOVER: Passing Speed 44 -> 63\n";
   EXPECT_EQ(Changes("Team,Slot,Last Name,Passing Speed\n1,1,\"Her,on\",63"), changes)
-      << "a quoted comma, and no line end behind the last row";
+      << "a quoted comma, and no line end after the last row";
   EXPECT_EQ(Changes("\xEF\xBB\xBF\"Team\",Slot,Last Name,Passing Speed,,\r\n"
                     "1,1, \tHER,63\r\n"),
             "SPARROWS QB 1 sam PLOVER: Name sam PLOVER -> sam HER\n"
@@ -171,23 +227,23 @@ TEST_F(RsmtoolPlayers, EveryErrorIsToldWithItsPlaceAndNothingIsWritten) {
                    "1,6,,franklin,LONGFELLOW,,,,\n"
                    "1,2,,,,,,,\n"),
             "line 2, column 3 (Position): slot 1 is QB 1, not QB 2\n"
-            "line 3, column 6 (Number): \"100\" is no number from 0 to 99\n"
-            "line 3, column 7 (Face): \"256\" is no face number from 0 to 255\n"
-            "line 3, column 8 (Accuracy): \"51\" is no rating; the nearest are 50 and 56\n"
-            "line 4, column 6 (Number): \"0x1\" is no number from 0 to 99\n"
-            "line 4, column 7 (Face): \"-1\" is no face number from 0 to 255\n"
+            "line 3, column 6 (Number): \"100\" is not a number from 0 to 99\n"
+            "line 3, column 7 (Face): \"256\" is not a face number from 0 to 255\n"
+            "line 3, column 8 (Accuracy): \"51\" is not a rating; the nearest are 50 and 56\n"
+            "line 4, column 6 (Number): \"0x1\" is not a number from 0 to 99\n"
+            "line 4, column 7 (Face): \"-1\" is not a face number from 0 to 255\n"
             "line 4, column 8 (Accuracy): RB 1 has no Accuracy\n"
-            "line 4, column 9 (Receptions): \"7\" is no rating; the nearest are 6 and 13\n"
-            "line 5, column 1 (Team): \"0\" is no number from 1 to 28\n"
-            "line 5, column 2 (Slot): \"31\" is no number from 1 to 30\n"
+            "line 4, column 9 (Receptions): \"7\" is not a rating; the nearest are 6 and 13\n"
+            "line 5, column 1 (Team): \"0\" is not a number from 1 to 28\n"
+            "line 5, column 2 (Slot): \"31\" is not a number from 1 to 30\n"
             "line 7, column 5 (Last Name): \"a\\x0AbX\" holds a control character\n"
-            "line 8, column 10: there is a value, and no known heading above it\n"
+            "line 8, column 10: there is a value, and no heading above it\n"
             "line 9, column 4 (First Name): it holds a character outside Latin-1, or the file is "
             "not saved as UTF-8\n"
             "line 9, column 5 (Last Name): the last name \"9LIVES\" must begin with a letter from "
             "A to Z\n"
             "line 10, column 5 (Last Name): \"franklin LONGFELLOW\" has more than 15 letters\n"
-            "line 11: the same player stands in line 3 already\n"
+            "line 11: the same player is in line 3 already\n"
             "rsmtool: 16 errors; nothing was written\n");
 }
 
@@ -197,11 +253,14 @@ TEST_F(RsmtoolPlayers, AFileThatIsNoPlayersFileIsTurnedAway) {
       {"Team\tSlot\n",
        "line 1: the columns are separated by tabs; save the file with commas "
        "between them\n"},
-      {"Team,Slot,Spe\x1B[m\n", "line 1, column 3: \"Spe\\x1B[m\" is no known column\n"},
-      {"Team,Slot,Face,FACE\n", "line 1, column 4: the column \"FACE\" stands there twice\n"},
+      {"Team,Slot,Spe\x1B[m\n", "line 1, column 3: \"Spe\\x1B[m\" is not a known column\n"},
+      {"Team,Slot,Speed\n1,1,6\n1,2,13\n", "line 1, column 3: \"Speed\" is not a known column\n"},
+      {"Team,,Slot\n1,,1\n1,6,2\n1,13,3\n",
+       "line 3, column 2: there is a value, and no heading above it\n"},
+      {"Team,Slot,Face,FACE\n", "line 1, column 4: the column \"FACE\" appears twice\n"},
       {"Team,Face\n1,2\n", "line 1: the column \"Slot\" is missing\n"},
       {"Team,Slot\n1,\"1\n", "line 2, column 2: a quote is opened and never closed\n"},
-      {"Team,Slot\n1,\"1\"x\n", "line 2, column 2: there is text behind a closing quote\n"}};
+      {"Team,Slot\n1,\"1\"x\n", "line 2, column 2: there is text after a closing quote\n"}};
   for (const auto& [csv, line] : files) EXPECT_EQ(Errors(csv), line + one_error);
 }
 
@@ -237,7 +296,7 @@ TEST_F(RsmtoolPlayers, NamesThatDontFitTheImageAreRefusedTogether) {
       "room for 10,550 bytes. 2,890 letters must go.\n";
   EXPECT_EQ(Errors(csv), line);
   EXPECT_EQ(Run({"import-players", "--dry-run", Path("league.nes"), "-"}, csv).Err, line)
-      << "a dry run tells it too";
+      << "a dry run says it too";
 }
 
 }  // namespace

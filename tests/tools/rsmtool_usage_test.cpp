@@ -1,3 +1,4 @@
+#include <filesystem>
 #include <fstream>
 
 #include "tests/tools/rsmtool_fixture.h"
@@ -19,6 +20,7 @@ TEST_F(RsmtoolUsage, HelpIsOnStandardOutputAndNamesEveryCommand) {
     EXPECT_EQ(one.Out.rfind(std::string("Usage: rsmtool ") + command + " ", 0), 0u) << one.Out;
     EXPECT_EQ(Run({"help", command}).Out, one.Out);
   }
+  EXPECT_NE(all.Out.find("3 a file was written"), std::string::npos);
   EXPECT_EQ(Run({"--version"}).Out.rfind("rsmtool 1.", 0), 0u);
 }
 
@@ -32,8 +34,8 @@ TEST_F(RsmtoolUsage, AWrongCallIsOneLineAndTwo) {
       {{"dump", a, "b.json"}, "dump takes no file b.json; see rsmtool dump --help"},
       {{"dump", "--json", a}, "Unknown option 'json'; see rsmtool dump --help"},
       {{"diff", "-", "-"}, "standard input can't be read twice"},
-      {{"export-players", a, a},
-       a.toStdString() + " is the image itself; give the CSV another name"},
+      {{"help", "nosuch"}, "there is no command \"nosuch\"; see rsmtool --help"},
+      {{"--help", "check", "dump"}, "help takes one command; see rsmtool --help"},
       {{"import-players", "-", "p.csv"},
        "import-players needs the image as a file that it can change"}};
   for (const auto& [arguments, line] : calls) {
@@ -45,6 +47,37 @@ TEST_F(RsmtoolUsage, AWrongCallIsOneLineAndTwo) {
   EXPECT_EQ(BytesOf(a), SampleBytes());
 }
 
+/// "export-players *.nes" in a folder with two images.
+TEST_F(RsmtoolUsage, AnotherImageIsNeverWrittenOver) {
+  const QString a = Image("a.nes");
+  const QString b = Image("b.nes", {{0x6DA, {0x12}}});
+  const Bytes b_bytes = BytesOf(b);
+  const Bytes other_game{'N', 'E', 'S', 0x1A, 2, 1};
+  WriteFile(folder_.Path("other.nes"), other_game);
+  std::filesystem::create_symlink("b.nes", folder_.Path("link.csv"));
+  std::filesystem::create_symlink("a.nes", folder_.Path("link.nes"));
+  const std::vector<QStringList> calls{{"export-players", a, a},
+                                       {"export-players", a, b},
+                                       {"export-players", a, Path("other.nes")},
+                                       {"export-players", a, Path("link.csv")},
+                                       {"resave", a, b},
+                                       {"resave", a, Path("other.nes")}};
+  for (const QStringList& call : calls) {
+    const Result result = Run(call);
+    EXPECT_EQ(result.Code, 2);
+    EXPECT_EQ(result.Err, "rsmtool: " + call[2].toStdString() +
+                              " is a cartridge image, and this would write over it; choose another "
+                              "name, or remove it first\n");
+  }
+  EXPECT_EQ(BytesOf(a), SampleBytes());
+  EXPECT_EQ(BytesOf(b), b_bytes);
+  EXPECT_EQ(BytesOf(Path("other.nes")), other_game);
+  EXPECT_EQ(Run({"export-players", a, Path("p.csv")}).Code, 0);
+  EXPECT_EQ(Run({"export-players", a, Path("p.csv")}).Code, 0) << "a spreadsheet is replaced";
+  EXPECT_EQ(Run({"resave", a, Path("link.nes")}).Code, 0) << "the image itself by another name";
+  EXPECT_NE(BytesOf(a), SampleBytes());
+}
+
 TEST_F(RsmtoolUsage, OutputThatCantBeWrittenIsTrouble) {
   std::istringstream in;
   std::ofstream full("/dev/full");
@@ -52,6 +85,19 @@ TEST_F(RsmtoolUsage, OutputThatCantBeWrittenIsTrouble) {
   Console console{in, full, err};
   EXPECT_EQ(RunRsmtool({"dump", Image("a.nes")}, console), 2);
   EXPECT_EQ(err.str(), "rsmtool: standard output could not be written\n");
+}
+
+/// Half a spreadsheet that is taken for a whole one.
+TEST_F(RsmtoolUsage, InputThatCantBeReadIsTrouble) {
+  struct : std::streambuf {
+    int underflow() override { throw std::runtime_error("read"); }
+  } broken;
+  std::istream in(&broken);
+  std::ostringstream out;
+  std::ostringstream err;
+  Console console{in, out, err};
+  EXPECT_EQ(RunRsmtool({"import-players", Image("a.nes"), "-"}, console), 2);
+  EXPECT_EQ(err.str(), "rsmtool: standard input: could not be read\n");
 }
 
 }  // namespace

@@ -22,7 +22,7 @@ struct OddLine {
 
 struct Report {
   std::string Name;
-  std::string Unusable;  ///< why the file is no usable image; empty for one that is
+  std::string Unusable;  ///< why the file is not a usable image; empty for one that is
   std::uint64_t FileSize = 0;
   std::string State;  ///< "stock", "saved" or "unknown"
   int NameBytes = 0;
@@ -52,7 +52,7 @@ void Examine(FileStart file, Report& report) {
   report.TeamTextBytes = TeamTextBytesNeeded(league);
   if (report.FileSize > OpenImage::WholeSize) {
     const std::uint64_t rest = report.FileSize - OpenImage::WholeSize;
-    report.Odd.push_back({{"file", 0, 0, QuantityText(rest, "byte") + " behind the image"}, {}});
+    report.Odd.push_back({{"file", 0, 0, QuantityText(rest, "byte") + " after the image"}, {}});
   }
   for (Oddity& oddity : FindOddities(image, league)) {
     std::string subject = SubjectTitle(league, oddity.Team, oddity.Slot);
@@ -64,7 +64,7 @@ Report ReportOn(const QString& path, Console& console) {
   Report report;
   report.Name = InputName(path);
   try {
-    Examine(ReadInput(path, OpenImage::WholeSize, console), report);
+    Examine(ReadImageStart(path, console), report);
   } catch (const ToolError& error) {
     report.Unusable = error.what();
     const std::string prefix = report.Name + ": ";
@@ -105,8 +105,7 @@ void Print(const Report& report, std::ostream& out) {
   PrintRoom("names", report.NameBytes, NameDataCapacity, out);
   PrintRoom("team texts", report.TeamTextBytes, TeamTextCapacity, out);
   for (const auto& [found, subject] : report.Odd) {
-    out << "  odd, " << found.Section << ": " << subject << (subject.empty() ? "" : ": ")
-        << Escaped(found.Text) << "\n";
+    out << "  odd, " << OddityText(found, subject) << "\n";
   }
 }
 
@@ -144,7 +143,7 @@ void Write(JsonWriter& json, const Report& report) {
   json.EndObject();
 }
 
-/// One line on a terminal that tells how far a long run is; nothing elsewhere.
+/// One line on a terminal that shows how far a long run is; nothing elsewhere.
 class Progress {
  public:
   Progress(const Arguments& arguments, Console& console)

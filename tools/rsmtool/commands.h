@@ -4,7 +4,7 @@
 
 namespace rostermill {
 
-// One function a command, told in full by its help text. Each returns the exit code and throws
+// One function a command, described by its help text. Each returns the exit code and throws
 // ToolError where it can't do its work. The paths are as many as the command takes.
 
 int RunCheck(const Arguments& arguments, Console& console);

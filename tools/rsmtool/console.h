@@ -24,7 +24,12 @@ struct Arguments {
   bool DryRun = false;
 };
 
-enum ExitCode { ExitOk = 0, ExitFound = 1, ExitTrouble = 2 };
+enum ExitCode {
+  ExitOk = 0,
+  ExitFound = 1,
+  ExitTrouble = 2,
+  ExitUnconfirmed = 3,  ///< the file was written, but the system could not confirm that it is safe
+};
 
 /// A failure that ends the command with ExitTrouble; what() is the one line for the user, UTF-8.
 class ToolError : public std::runtime_error {

@@ -49,7 +49,7 @@ class Parser {
     }
     ReadQuoted(cell, column);
     if (!AtEnd() && text_.substr(at_, 1).find_first_of(",\r\n") == std::string_view::npos) {
-      throw CsvError(line_, column, "there is text behind a closing quote");
+      throw CsvError(line_, column, "there is text after a closing quote");
     }
     return cell;
   }

@@ -14,7 +14,7 @@ struct CsvCell {
 
 using CsvRow = std::vector<CsvCell>;
 
-/// Text that is no CSV: what() tells why, beside the line and the number of the cell, from 1.
+/// Text that is not CSV: what() says why, next to the line and the number of the cell, from 1.
 class CsvError : public std::runtime_error {
  public:
   CsvError(int line, int column, const std::string& why)

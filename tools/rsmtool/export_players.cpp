@@ -1,5 +1,3 @@
-#include <QFileInfo>
-
 #include "tools/rsmtool/commands.h"
 #include "tools/rsmtool/csv.h"
 #include "tools/rsmtool/files.h"
@@ -8,12 +6,8 @@
 namespace rostermill {
 
 int RunExportPlayers(const Arguments& arguments, Console& console) {
-  const QString& image = arguments.Paths[0];
   const QString target = arguments.Paths.size() > 1 ? arguments.Paths[1] : "-";
-  if (target != "-" && QFileInfo(target) == QFileInfo(image)) {
-    throw ToolError(target.toStdString() + " is the image itself; give the CSV another name");
-  }
-  const LeagueData league = ReadLeagueFile(image, console);
+  const LeagueData league = ReadLeagueFile(arguments.Paths[0], console);
   std::vector<std::string> cells;
   cells.reserve(PlayerColumns.size());
   for (const Column& column : PlayerColumns) cells.emplace_back(column.Heading);
@@ -27,8 +21,7 @@ int RunExportPlayers(const Arguments& arguments, Console& console) {
       text += CsvLine(cells);
     }
   }
-  WriteOutput(target, text, console);
-  return ExitOk;
+  return WriteTextFile(target, text, console);
 }
 
 }  // namespace rostermill

@@ -1,5 +1,10 @@
 #include "tools/rsmtool/files.h"
 
+#include <QFileInfo>
+
+#include <limits>
+#include <span>
+
 #include "league/load_image.h"
 #include "league/quantity_text.h"
 #include "league/save_image.h"
@@ -8,24 +13,63 @@ namespace rostermill {
 
 namespace {
 
-/// More than any image with something behind it; a larger file is a mistake.
+/// More than any image with something after it; a larger file is a mistake.
 constexpr std::size_t largest_file = 64 << 20;
 
 const QString standard_stream = "-";
 
+void CheckStream(const std::istream& stream) {
+  if (stream.bad()) throw ToolError(InputName(standard_stream) + ": could not be read");
+}
+
 FileStart ReadStream(std::istream& stream, std::size_t limit) {
   FileStart start;
   std::vector<char> piece(1 << 16);
-  while (stream.read(piece.data(), static_cast<std::streamsize>(piece.size())),
-         stream.gcount() > 0) {
+  while (start.FileSize <= limit &&
+         (stream.read(piece.data(), static_cast<std::streamsize>(piece.size())),
+          stream.gcount() > 0)) {
     const auto count = static_cast<std::size_t>(stream.gcount());
     const std::size_t kept = std::min(count, limit - start.Bytes.size());
     start.Bytes.insert(start.Bytes.end(), piece.begin(),
                        piece.begin() + static_cast<std::ptrdiff_t>(kept));
     start.FileSize += count;
-    if (start.FileSize > largest_file) break;
   }
+  CheckStream(stream);
   return start;
+}
+
+/// Keeps `command *.nes` from writing over the second image. `source` is the one to be changed.
+void KeepOtherImage(const QString& path, const QString& source, Console& console) {
+  constexpr std::string_view cartridge_mark = "NES\x1A";
+  if (path == standard_stream || QFileInfo(path) == QFileInfo(source)) return;
+  if (!IsRegularFile(path.toStdString())) return;
+  const FileStart file = ReadInput(path, cartridge_mark.size(), console);
+  if (!std::equal(file.Bytes.begin(), file.Bytes.end(), cartridge_mark.begin(),
+                  cartridge_mark.end())) {
+    return;
+  }
+  throw ToolError(path.toStdString() +
+                  " is a cartridge image, and this would write over it; choose another name, or "
+                  "remove it first");
+}
+
+int WriteOutput(const QString& path, std::span<const std::uint8_t> bytes, Console& console) {
+  if (path == standard_stream) {
+    console.Out.write(reinterpret_cast<const char*>(bytes.data()),
+                      static_cast<std::streamsize>(bytes.size()));
+    return ExitOk;
+  }
+  try {
+    ReplaceFile(path.toStdString(), bytes);
+  } catch (const FileNotSynced& error) {
+    console.Err << "rsmtool: " << path.toStdString()
+                << " was written, but the system could not confirm that it is safe: "
+                << error.what() << "\n";
+    return ExitUnconfirmed;
+  } catch (const FileError& error) {
+    throw ToolError(path.toStdString() + " could not be written: " + error.what());
+  }
+  return ExitOk;
 }
 
 void CheckSize(const QString& path, const FileStart& file) {
@@ -47,33 +91,28 @@ FileStart ReadInput(const QString& path, std::size_t limit, Console& console) {
   }
 }
 
-void WriteOutput(const QString& path, std::span<const std::uint8_t> bytes, Console& console) {
-  if (path == standard_stream) {
-    console.Out.write(reinterpret_cast<const char*>(bytes.data()),
-                      static_cast<std::streamsize>(bytes.size()));
-    return;
+FileStart ReadImageStart(const QString& path, Console& console) {
+  FileStart start = ReadInput(path, OpenImage::WholeSize, console);
+  if (path == standard_stream && IsImageHeader(start.Bytes)) {
+    console.In.ignore(std::numeric_limits<std::streamsize>::max());
+    CheckStream(console.In);
+    start.FileSize += static_cast<std::uint64_t>(console.In.gcount());
   }
-  try {
-    ReplaceFile(path.toStdString(), bytes);
-  } catch (const FileNotSynced& error) {
-    throw ToolError(
-        path.toStdString() +
-        " was written, but the system could not confirm that it is safe: " + error.what());
-  } catch (const FileError& error) {
-    throw ToolError(path.toStdString() + " could not be written: " + error.what());
-  }
+  return start;
 }
 
-void WriteOutput(const QString& path, std::string_view text, Console& console) {
+int WriteTextFile(const QString& path, std::string_view text, Console& console) {
+  KeepOtherImage(path, {}, console);
   const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
-  WriteOutput(path, std::span(bytes, text.size()), console);
+  return WriteOutput(path, std::span(bytes, text.size()), console);
 }
 
-void WriteLeagueFile(const QString& path, OpenImage& image, const LeagueData& league,
-                     Console& console) {
+int WriteLeagueFile(const QString& source, const QString& path, OpenImage& image,
+                    const LeagueData& league, Console& console) {
+  KeepOtherImage(path, source, console);
   if (const auto overflow = TextOverflow(league)) throw ToolError(OneLine(*overflow));
   WriteLeague(image, league, [] {});
-  WriteOutput(path, image.Bytes(), console);
+  return WriteOutput(path, image.Bytes(), console);
 }
 
 std::string ReadTextFile(const QString& path, Console& console) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,25 +15,33 @@ namespace rostermill {
 // A file named "-" is the console's input or output. All of these throw ToolError with the file's
 // name and the reason.
 
-/// The first `limit` bytes of a file and its full length.
+/// The first `limit` bytes of a file and its full length. Of standard input nothing is read once
+/// it has turned out to be longer than `limit`; its length is then what was read.
 FileStart ReadInput(const QString& path, std::size_t limit, Console& console);
+
+/// The start of a file, as much as an image has. The length is the full one where the start is an
+/// image's, of standard input as well.
+FileStart ReadImageStart(const QString& path, Console& console);
 
 /// A whole file of text, its bytes as they are.
 std::string ReadTextFile(const QString& path, Console& console);
 
-/// Puts the bytes in place of the file, atomically, or on the console's output.
-void WriteOutput(const QString& path, std::span<const std::uint8_t> bytes, Console& console);
-void WriteOutput(const QString& path, std::string_view text, Console& console);
+// What is written takes the place of the file, atomically, or goes to the console's output. A
+// cartridge image that the command wasn't given to change is never written over. Both give ExitOk,
+// or ExitUnconfirmed and a message.
 
-/// Writes all sections of the league into the image and the image to `path`. Throws before
-/// anything is written where the league's texts don't fit.
-void WriteLeagueFile(const QString& path, OpenImage& image, const LeagueData& league,
-                     Console& console);
+int WriteTextFile(const QString& path, std::string_view text, Console& console);
 
-/// Why these bytes are no whole image; empty where they are one.
+/// Writes all sections of the league into the image, which was read from `source`, and the image
+/// to `path`, which may be `source`. Throws before anything is written where the league's texts
+/// don't fit.
+int WriteLeagueFile(const QString& source, const QString& path, OpenImage& image,
+                    const LeagueData& league, Console& console);
+
+/// Why these bytes are not a whole image; empty where they are one.
 std::string WhyNoImage(const FileStart& file);
 
-/// The bytes of an image and of what may lie behind it.
+/// The bytes of an image and of what may come after it.
 std::vector<std::uint8_t> ReadImageFile(const QString& path, Console& console);
 
 /// The league of an image; its palette is empty.

@@ -5,6 +5,7 @@
 #include "tools/rsmtool/commands.h"
 #include "tools/rsmtool/files.h"
 #include "tools/rsmtool/player_import.h"
+#include "tools/rsmtool/save_effects.h"
 
 namespace rostermill {
 
@@ -15,6 +16,10 @@ std::string ErrorLine(const std::string& file, const ImportError& error) {
   if (error.Column > 0) line += ", column " + std::to_string(error.Column);
   if (!error.Heading.empty()) line += " (" + error.Heading + ")";
   return line + ": " + error.Text + "\n";
+}
+
+void PrintEffects(const std::vector<std::string>& effects, std::ostream& out) {
+  for (const std::string& effect : effects) out << "Also: " << effect;
 }
 
 }  // namespace
@@ -34,18 +39,21 @@ int RunImportPlayers(const Arguments& arguments, Console& console) {
   }
   if (const auto overflow = TextOverflow(league)) throw ToolError(OneLine(*overflow));
   const std::vector<Change> changes = FindChanges(before, league);
-  if (arguments.DryRun) {
-    for (const Change& change : changes) console.Out << ChangeLine(change);
-    return ExitOk;
-  }
   if (changes.empty()) {
     console.Err << "rsmtool: nothing to change; " << path.toStdString() << " stays as it is\n";
     return ExitOk;
   }
-  WriteLeagueFile(path, image, league, console);
+  const std::vector<std::string> effects = FindSaveEffects(image, before, league);
+  if (arguments.DryRun) {
+    for (const Change& change : changes) console.Out << ChangeLine(change);
+    PrintEffects(effects, console.Out);
+    return ExitOk;
+  }
+  const int code = WriteLeagueFile(path, path, image, league, console);
   console.Err << "rsmtool: " << QuantityText(changes.size(), "change") << " written to "
               << path.toStdString() << "\n";
-  return ExitOk;
+  PrintEffects(effects, console.Err);
+  return code;
 }
 
 }  // namespace rostermill

@@ -31,7 +31,7 @@ class JsonWriter {
 
   std::string text_;
   std::size_t depth_ = 0;
-  bool first_ = true;  ///< nothing stands in the current object or array yet
+  bool first_ = true;  ///< nothing is in the current object or array yet
 };
 
 }  // namespace rostermill

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 #include <optional>
+#include <set>
 #include <tuple>
 
 #include "exchange/text_codes.h"
@@ -114,9 +115,10 @@ class PlayerImport {
       const std::string heading = Trimmed(cell.Text);
       const Column* column = FindColumn(heading);
       if (column == nullptr && !heading.empty()) {
-        Fail(cell.Line, number, "\"" + ShownCell(heading) + "\" is no known column");
+        Fail(cell.Line, number, "\"" + ShownCell(heading) + "\" is not a known column");
+        refused_.insert(number);
       } else if (column != nullptr && NumberOf(column->Kind, column->Heading) != 0) {
-        Fail(cell.Line, number, "the column \"" + ShownCell(heading) + "\" stands there twice");
+        Fail(cell.Line, number, "the column \"" + ShownCell(heading) + "\" appears twice");
       }
       columns_.push_back(column);
     }
@@ -145,7 +147,7 @@ class PlayerImport {
     const std::string text = at < row.size() ? Trimmed(row[at].Text) : "";
     if (const auto key = NumberIn(text, largest); key && *key >= 1) return *key;
     Fail(at < row.size() ? row[at].Line : row.front().Line, number,
-         "\"" + ShownCell(text) + "\" is no number from 1 to " + std::to_string(largest));
+         "\"" + ShownCell(text) + "\" is not a number from 1 to " + std::to_string(largest));
     return 0;
   }
 
@@ -156,7 +158,7 @@ class PlayerImport {
     const int line = row.front().Line;
     if (const auto [seen, added] = lines_.insert({{team, slot}, line}); !added) {
       return Fail(line, 0,
-                  "the same player stands in line " + std::to_string(seen->second) + " already");
+                  "the same player is in line " + std::to_string(seen->second) + " already");
     }
     for (std::size_t at = 0; at < row.size(); ++at) {
       const int number = static_cast<int>(at) + 1;
@@ -172,12 +174,14 @@ class PlayerImport {
     const auto text = Latin1Of(Trimmed(cell.Text));
     if (column == nullptr) {
       if (text && text->empty()) return std::nullopt;
-      return "there is a value, and no known heading above it";
+      // A row that has slipped is an error by itself; a column without a good heading is one.
+      if (at < columns_.size() && !refused_.insert(number).second) return std::nullopt;
+      return "there is a value, and no heading above it";
     }
     if (column->Kind == ColumnKind::Team || column->Kind == ColumnKind::Slot) return std::nullopt;
     if (!text) return "it holds a character outside Latin-1, or the file is not saved as UTF-8";
     if (IsReturner(column->Kind)) return SetMark(team, slot, *column, *text, cell.Line, number);
-    // What stands there as it was exported is never touched, good or odd.
+    // What is still as it was exported is never touched, good or odd.
     if (cell.Text == PlayerCell(before_, team, slot, *column)) return std::nullopt;
     if (column->Kind != ColumnKind::Position) {
       return SetPlayerCell(league_, team, slot, *column, *text);
@@ -235,6 +239,7 @@ class PlayerImport {
   LeagueData& league_;
   const LeagueData before_;
   std::vector<const Column*> columns_;        ///< a heading each; null where it is empty or unknown
+  std::set<int> refused_;                     ///< columns that have their one error, from 1
   std::map<std::pair<int, int>, int> lines_;  ///< of each team and slot that has come
   std::map<std::pair<int, ColumnKind>, std::vector<Mark>> marks_;
   std::vector<ImportError> errors_;

@@ -11,32 +11,21 @@ namespace rostermill {
 
 using enum PositionGroup;
 
-const std::array<Column, ColumnCount> PlayerColumns{
-    {{ColumnKind::Team, "Team", 0, {}},
-     {ColumnKind::Slot, "Slot", 0, {}},
-     {ColumnKind::Position, "Position", 0, {}},
-     {ColumnKind::FirstName, "First Name", 0, {}},
-     {ColumnKind::LastName, "Last Name", 0, {}},
-     {ColumnKind::Number, "Number", 0, {}},
-     {ColumnKind::Face, "Face", 0, {}},
-     {ColumnKind::Rating, "Rushing Power", 0, {}},
-     {ColumnKind::Rating, "Running Speed", 1, {}},
-     {ColumnKind::Rating, "Maximum Speed", 2, {}},
-     {ColumnKind::Rating, "Hitting Power", 3, {}},
-     {ColumnKind::Rating, "Passing Speed", 4, QB},
-     {ColumnKind::Rating, "Pass Control", 5, QB},
-     {ColumnKind::Rating, "Accuracy", 6, QB},
-     {ColumnKind::Rating, "Avoid Pass Block", 7, QB},
-     {ColumnKind::Rating, "Ball Control", 4, Skill},
-     {ColumnKind::Rating, "Receptions", 5, Skill},
-     {ColumnKind::Rating, "Pass Interception", 4, Defense},
-     {ColumnKind::Rating, "Quickness", 5, Defense},
-     {ColumnKind::Rating, "Kicking Ability", 4, Kick},
-     {ColumnKind::Rating, "Avoid Kick Block", 5, Kick},
-     {ColumnKind::KickReturner, "Kick Returner", 0, Skill},
-     {ColumnKind::PuntReturner, "Punt Returner", 0, Skill}}};
-
 namespace {
+
+std::vector<Column> ListColumns() {
+  std::vector<Column> columns{
+      {ColumnKind::Team, "Team", 0, {}},          {ColumnKind::Slot, "Slot", 0, {}},
+      {ColumnKind::Position, "Position", 0, {}},  {ColumnKind::FirstName, "First Name", 0, {}},
+      {ColumnKind::LastName, "Last Name", 0, {}}, {ColumnKind::Number, "Number", 0, {}},
+      {ColumnKind::Face, "Face", 0, {}}};
+  for (const Rating& rating : AllRatings) {
+    columns.push_back({ColumnKind::Rating, rating.Name, rating.Place, rating.Group});
+  }
+  columns.push_back({ColumnKind::KickReturner, "Kick Returner", 0, Skill});
+  columns.push_back({ColumnKind::PuntReturner, "Punt Returner", 0, Skill});
+  return columns;
+}
 
 using Problem = std::optional<std::string>;
 
@@ -47,7 +36,10 @@ std::string InQuotes(std::string_view text) {
 /// The values of RatingValues on both sides of one between them, for the message.
 std::string NearestRatings(std::string_view text) {
   const auto value = NumberIn(text, RatingValues[RatingValues.last]);
-  if (!value || *value < RatingValues[0]) return "they go from 6 to 100";
+  if (!value || *value < RatingValues[0]) {
+    return "they go from " + std::to_string(RatingValues[0]) + " to " +
+           std::to_string(RatingValues[RatingValues.last]);
+  }
   int above = 0;
   while (RatingValues[above] < *value) ++above;
   return "the nearest are " + std::to_string(RatingValues[above - 1]) + " and " +
@@ -60,7 +52,7 @@ Problem SetRating(LeagueData& league, int team, int slot, const Column& column,
     return std::string(SlotLabels[slot]) + " has no " + std::string(column.Heading);
   }
   const auto code = RatingToCode(text);
-  if (!code) return InQuotes(text) + " is no rating; " + NearestRatings(text);
+  if (!code) return InQuotes(text) + " is not a rating; " + NearestRatings(text);
   SetPlaceCode(league, team, slot, column.Place, *code);
   return std::nullopt;
 }
@@ -68,7 +60,7 @@ Problem SetRating(LeagueData& league, int team, int slot, const Column& column,
 Problem SetNumber(NameRec& name, std::string_view text) {
   constexpr int largest = 99;
   const auto number = NumberIn(text, largest);
-  if (!number) return InQuotes(text) + " is no number from 0 to 99";
+  if (!number) return InQuotes(text) + " is not a number from 0 to 99";
   name.JerseyNumber = std::to_string(*number);
   name.JerseyNumber.insert(0, 2 - name.JerseyNumber.size(), '0');
   return std::nullopt;
@@ -77,7 +69,7 @@ Problem SetNumber(NameRec& name, std::string_view text) {
 Problem SetFaceNumber(LeagueData& league, int team, int slot, std::string_view text) {
   constexpr int largest = 255;
   const auto face = NumberIn(text, largest);
-  if (!face) return InQuotes(text) + " is no face number from 0 to 255";
+  if (!face) return InQuotes(text) + " is not a face number from 0 to 255";
   SetFace(league, team, slot, *face);
   return std::nullopt;
 }
@@ -88,6 +80,8 @@ std::string ReturnerCell(const LeagueData& league, int team, int slot, ColumnKin
 }
 
 }  // namespace
+
+const std::vector<Column> PlayerColumns = ListColumns();
 
 std::optional<int> NumberIn(std::string_view text, int largest) {
   unsigned value = 0;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <array>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -32,9 +31,8 @@ struct Column {
   std::optional<PositionGroup> Group;  ///< the one group that has the rating; empty: all have it
 };
 
-inline constexpr std::size_t ColumnCount = 23;
 /// The columns in the order of an export.
-extern const std::array<Column, ColumnCount> PlayerColumns;
+extern const std::vector<Column> PlayerColumns;
 
 /// Whether a player of this slot has anything in the column.
 bool HasColumn(const Column& column, int slot);
@@ -56,7 +54,7 @@ std::optional<int> NumberIn(std::string_view text, int largest);
 /// "yes" or "no" in the spellings that people use; empty for anything else.
 std::optional<bool> YesOrNo(std::string_view text);
 
-/// The returner flag behind a column of that kind.
+/// The returner flag of a column of that kind.
 std::int16_t SkillRec::*ReturnerField(ColumnKind kind);
 
 }  // namespace rostermill

@@ -34,15 +34,16 @@ constexpr std::array<Command, 6> commands{
      {"export-players", RunExportPlayers, 1, 2, false, nullptr},
      {"import-players", RunImportPlayers, 2, 2, true, dry_run_option}}};
 
-const Command* FindCommand(const QString& name) {
-  const auto it = std::find_if(commands.begin(), commands.end(),
-                               [&](const Command& command) { return name == command.name; });
-  return it == commands.end() ? nullptr : &*it;
-}
-
 [[noreturn]] void FailWithUsage(const QString& problem, const QString& command = {}) {
   const QString help = "rsmtool " + (command.isEmpty() ? QString() : command + " ") + "--help";
   throw ToolError((problem + "; see " + help).toStdString());
+}
+
+const Command& FindCommand(const QString& name) {
+  const auto it = std::find_if(commands.begin(), commands.end(),
+                               [&](const Command& command) { return name == command.name; });
+  if (it == commands.end()) FailWithUsage("there is no command \"" + name + "\"");
+  return *it;
 }
 
 int RunCommand(const Command& command, const QStringList& rest, Console& console) {
@@ -83,17 +84,16 @@ int Dispatch(const QStringList& arguments, Console& console) {
   if (arguments.isEmpty()) FailWithUsage("no command is given");
   const QString& first = arguments.front();
   if (first == "--help" || first == "-h" || first == "help") {
-    const bool one = arguments.size() > 1 && FindCommand(arguments[1]) != nullptr;
-    console.Out << (one ? CommandHelp(arguments[1].toStdString()) : ProgramHelp());
+    if (arguments.size() > 2) FailWithUsage("help takes one command");
+    const bool one = arguments.size() == 2;
+    console.Out << (one ? CommandHelp(FindCommand(arguments[1]).name) : ProgramHelp());
     return ExitOk;
   }
   if (first == "--version" || first == "-v") {
     console.Out << "rsmtool " ROSTERMILL_VERSION "\n";
     return ExitOk;
   }
-  const Command* command = FindCommand(first);
-  if (command == nullptr) FailWithUsage("there is no command \"" + first + "\"");
-  return RunCommand(*command, arguments.mid(1), console);
+  return RunCommand(FindCommand(first), arguments.mid(1), console);
 }
 
 }  // namespace

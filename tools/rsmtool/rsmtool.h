@@ -4,7 +4,7 @@
 
 namespace rostermill {
 
-/// Runs the program with the arguments behind its name; returns its exit code. Never throws.
+/// Runs the program with the arguments after its name; returns its exit code. Never throws.
 int RunRsmtool(const QStringList& arguments, Console& console);
 
 }  // namespace rostermill

@@ -47,6 +47,11 @@ std::string SubjectTitle(const LeagueData& league, int team, int slot) {
   return slot == 0 ? TeamName(league, team) : PlayerTitle(league, team, slot);
 }
 
+std::string OddityText(const Oddity& oddity, const std::string& subject) {
+  return std::string(oddity.Section) + ": " + subject + (subject.empty() ? "" : ": ") +
+         Escaped(oddity.Text);
+}
+
 std::string ScheduleTeamName(const LeagueData& league, int number) {
   if (number >= 0 && number < TeamCount) return TeamName(league, number + 1);
   const int text = number - TeamCount + 2;  // the all-star sides carry league texts 2 and 3

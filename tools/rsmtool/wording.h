@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "league/league_data.h"
+#include "league/oddities.h"
 
 namespace rostermill {
 
@@ -25,6 +26,9 @@ std::string PlayerTitle(const LeagueData& league, int team, int slot);
 
 /// The subject of a line about a team or a player; empty for team 0.
 std::string SubjectTitle(const LeagueData& league, int team, int slot);
+
+/// "returners: SPARROWS: no kick returner": section, subject and text.
+std::string OddityText(const Oddity& oddity, const std::string& subject);
 
 /// A team number of the schedule, counted from 0, as a name.
 std::string ScheduleTeamName(const LeagueData& league, int number);

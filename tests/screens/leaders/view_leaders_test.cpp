@@ -264,7 +264,7 @@ TEST_F(ViewLeadersTest, AFileThatCannotBeWrittenIsToldWithItsReason) {
 }
 
 TEST_F(ViewLeadersTest, PrintsTheWholeListOnThePrinterAndTellsWhenThereIsNone) {
-  form->SetPrinterMaker([] {
+  form->SetPrinterMaker([](QString&) {
     auto printer = std::make_unique<QPrinter>(QPrinter::HighResolution);
     printer->setOutputFormat(QPrinter::PdfFormat);
     printer->setOutputFileName("list.pdf");
@@ -280,10 +280,17 @@ TEST_F(ViewLeadersTest, PrintsTheWholeListOnThePrinterAndTellsWhenThereIsNone) {
   QDir().mkdir("list.pdf");
   Print("radPrinter", "btnOK", &text);
   EXPECT_TRUE(text.startsWith("The list could not be printed")) << text.toStdString();
+  EXPECT_TRUE(text.endsWith("\n\nTo write the list to rsm_ol.txt instead, choose File."));
 
-  form->SetPrinterMaker([] { return nullptr; });
+  Choose(QB);
+  form->SetPrinterMaker([](QString& failure) {
+    failure = "this computer has no printer.";
+    return nullptr;
+  });
   Print("radPrinter", "btnOK", &text);
-  EXPECT_EQ(text, "The list could not be printed: this computer has no default printer.");
+  EXPECT_EQ(text,
+            "The list could not be printed: this computer has no printer.\n\n"
+            "To write the list to rsm_qb.txt instead, choose File.");
 }
 
 TEST_F(ViewLeadersTest, KeyboardReachesEverythingInReadingOrder) {

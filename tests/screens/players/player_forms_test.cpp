@@ -278,17 +278,26 @@ TEST_F(PlayerForms, TheEditorFollowsTheViewerAndClosesWithIt) {
 
 TEST_F(PlayerForms, ListsOfAnImageLoadedBeforeAreFilledAnewAtTheFirstPick) {
   OpenBoth();
-  GoTo(3, 4);
-  for (int team = 1; team <= TeamCount; ++team) {
-    session_->League.TeamData[team].City = "OTHER";
-    for (NameRec& name : session_->League.NameData[team]) name.LastName += "X";
+  for (const char* list : {"cmbPlayer", "cmbTeam", "cmbPosition"}) {
+    GoTo(3, 4);
+    for (int team = 1; team <= TeamCount; ++team) {
+      session_->League.TeamData[team].City += "S";
+      for (NameRec& name : session_->League.NameData[team]) name.LastName += "X";
+    }
+    const LeagueData loaded = session_->League;
+    List(list).SetListIndex(7);
+    const int team = session_->CurTeam;
+    const int slot = session_->CurSlot;
+    EXPECT_EQ(List("cmbTeam").Text(), FromLatin1(TeamListText(loaded, team))) << list;
+    EXPECT_EQ(List("cmbPlayer").Text(), FromLatin1(PlayerListText(loaded, team, slot))) << list;
+    EXPECT_EQ(List("cmbPosition").ListIndex(), slot - 1) << list;
+    EXPECT_EQ(NameBox().Text(), FromLatin1(PlayerEditText(loaded, team, slot))) << list;
+    EXPECT_EQ(Viewed("lblNumber"), FromLatin1(NumberCaption(loaded, team, slot))) << list;
+    Press("btnSavePlayer");
+    for (int mate = 1; mate <= SlotCount; ++mate) {
+      EXPECT_EQ(Name(3, mate).LastName, loaded.NameData[3][mate].LastName) << list << ' ' << mate;
+    }
   }
-  List("cmbPlayer").SetListIndex(5);
-  EXPECT_EQ(List("cmbTeam").Text(), FromLatin1(TeamListText(session_->League, session_->CurTeam)));
-  EXPECT_EQ(List("cmbPlayer").Text(),
-            FromLatin1(PlayerListText(session_->League, session_->CurTeam, session_->CurSlot)));
-  EXPECT_EQ(NameBox().Text(),
-            FromLatin1(PlayerEditText(session_->League, session_->CurTeam, session_->CurSlot)));
 }
 
 TEST_F(PlayerForms, BothOpenReadyToTypeAndAsWideAsEver) {

@@ -52,12 +52,16 @@ class EditScheduleTest : public testing::Test {
     }
   }
   void Press(const QString& button) { Find<QPushButton>(*form, button).click(); }
-  /// Types over what stands in the box, and leaves it.
-  void Type(int index, const QString& text) {
+  /// Types over what stands in the box.
+  void Enter(int index, const QString& text) {
     Box(index).setFocus(Qt::TabFocusReason);
     QTest::keyClick(&Box(index), Qt::Key_A, Qt::ControlModifier);
     if (text.isEmpty()) QTest::keyClick(&Box(index), Qt::Key_Delete);
     QTest::keyClicks(&Box(index), text);
+  }
+  /// Types over what stands in the box, and leaves it.
+  void Type(int index, const QString& text) {
+    Enter(index, text);
     QTest::keyClick(&Box(index), Qt::Key_Tab);
   }
   int RowsShown() {
@@ -148,13 +152,44 @@ TEST_F(EditScheduleTest, TypedTextIsTakenWhenTheBoxIsLeft) {
   EXPECT_EQ(Stored(0, 2).HomeTeam, 25);
 }
 
-// Would catch Enter that commits before the text is taken, and one that doesn't reach OK.
-TEST_F(EditScheduleTest, EnterTakesTheTextAndCommits) {
+// Would catch an Enter that commits a season with a text half typed, an Esc that drops it, and
+// either of them that never comes through.
+TEST_F(EditScheduleTest, EnterAndEscAnswerTheTextFirstAndTheFormThen) {
   Open();
-  Box(1).setFocus(Qt::TabFocusReason);
-  QTest::keyClicks(&Box(1), "ak");
-  QTest::keyClick(&Box(1), Qt::Key_Return);
-  EXPECT_FALSE(form->IsOpen());
+  const auto press = [this](Qt::Key key) {
+    if (form->IsOpen()) QTest::keyClick(QApplication::focusWidget(), key);
+    return form->IsOpen();
+  };
+  Enter(1, "ak");
+  EXPECT_TRUE(press(Qt::Key_Return));
+  EXPECT_EQ(Box(1).Text(), "AK. ");
+  Enter(2, "ac");
+  EXPECT_TRUE(press(Qt::Key_Escape));
+  EXPECT_EQ(Box(2).Text(), "AB. ");
+  Enter(3, "xyz");
+  EXPECT_TRUE(press(Qt::Key_Enter));
+  EXPECT_EQ(Box(3).Text(), "");
+  EXPECT_TRUE(press(Qt::Key_Escape));
+  EXPECT_EQ(Box(3).Text(), "BA. ");
+  Enter(4, "");
+  EXPECT_FALSE(press(Qt::Key_Return)) << "an empty box has nothing to take";
+  EXPECT_EQ(Stored(0, 0).HomeTeam, 10);
+  EXPECT_EQ(Stored(0, 1).AwayTeam, 1);
+  EXPECT_EQ(Stored(0, 1).HomeTeam, 26);
+  EXPECT_EQ(Stored(0, 2).AwayTeam, 2);
+
+  Open();
+  Enter(1, "al");
+  EXPECT_TRUE(press(Qt::Key_Escape));
+  EXPECT_FALSE(press(Qt::Key_Escape));
+  EXPECT_EQ(Stored(0, 0).HomeTeam, 10);
+}
+
+// Would catch a text that OK leaves behind when it comes without a change of the focus.
+TEST_F(EditScheduleTest, OkTakesATextThatIsStillBeingTyped) {
+  Open();
+  Enter(1, "ak");
+  Press("cmdOK");
   EXPECT_EQ(Stored(0, 0).HomeTeam, 10);
 }
 
@@ -193,7 +228,9 @@ TEST_F(EditScheduleTest, AWholeWeekByKeyboardSurvivesTheFile) {
                      QString("%1%2").arg(team < 26 ? 'a' : 'b').arg(QChar('a' + team % 26)));
   }
   EXPECT_EQ(Caption("lblTwice"), "AO. ");  // the host before, while the last box is typed in
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  for (int press = 0; press < 2; ++press) {
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+  }
 
   test::TempFolder folder;
   const std::string path = folder.Path("season.nes");
@@ -244,6 +281,40 @@ TEST_F(EditScheduleTest, AbbreviationsDecideNotThePlaceInTheList) {
   Press("cmdOK");
   EXPECT_EQ(Stored(0, 0).AwayTeam, 2);
   EXPECT_EQ(Stored(0, 1).AwayTeam, 1);
+}
+
+// Would catch a walk through the boxes, or an Esc in one, that moves a game from the higher of two
+// teams with one abbreviation to the lower.
+TEST_F(EditScheduleTest, OfTwoTeamsWithOneAbbreviationAVisitKeepsTheHigher) {
+  league().TeamData[20].Abbreviation = "AC. ";
+  SetGame(league().ScheduleData[0], 0, 19, 19);
+  SetGame(league().ScheduleData[0], 1, 19, 5);
+  Open();
+  Box(0).setFocus(Qt::TabFocusReason);
+  for (int tab = 0; tab < 4; ++tab) QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+  Enter(1, "ad");
+  QTest::keyClick(&Box(1), Qt::Key_Escape);
+  EXPECT_EQ(Box(1).Text(), "AC. ");
+  Type(2, "ac. ");
+  Press("cmdOK");
+  EXPECT_EQ(Stored(0, 0).AwayTeam, 19);
+  EXPECT_EQ(Stored(0, 0).HomeTeam, 19);
+  EXPECT_EQ(Stored(0, 1).AwayTeam, 2) << "a typed team is the lower one";
+  EXPECT_EQ(Stored(0, 1).HomeTeam, 5);
+}
+
+// Would catch a new abbreviation that leaves the box blank, or that is taken for another team's.
+TEST_F(EditScheduleTest, AnAbbreviationChangedMeanwhileShowsAsItIsNow) {
+  Open();
+  league().TeamData[1].Abbreviation = "A";
+  Step("udWeek", "Up");
+  EXPECT_EQ(Box(0).Text(), "A");
+  EXPECT_EQ(Box(0).ListIndex(), -1);
+  Box(0).setFocus(Qt::TabFocusReason);
+  QTest::keyClick(&Box(0), Qt::Key_Tab);
+  EXPECT_EQ(Box(0).Text(), "A");
+  Press("cmdOK");
+  EXPECT_EQ(Stored(1, 0).AwayTeam, 0);
 }
 
 // Would catch information that lags behind the games, or that bars what it tells of.

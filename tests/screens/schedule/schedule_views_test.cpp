@@ -87,10 +87,13 @@ TEST_F(ScheduleViewsTest, TheGridFillsItsWindowAndKeepsTheWeeksInView) {
   }
 }
 
-// Would catch a copy that leaves out the weeks or breaks rows, and one that ignores the selection.
+// Would catch a copy that leaves out the weeks or breaks rows, and one of more or less than
+// the selection.
 TEST_F(ScheduleViewsTest, TheGridCopiesAsTabSeparatedText) {
   AddGame(0, 0, 1);
   AddGame(1, 1, 0);
+  AddGame(3, 0, 27);
+  AddGame(3, 27, 1);
   ViewSchedule form(*session);
   form.show();
   QApplication::setActiveWindow(&form);
@@ -105,6 +108,16 @@ TEST_F(ScheduleViewsTest, TheGridCopiesAsTabSeparatedText) {
                     grid.visualItemRect(grid.item(0, 1)).center());
   QTest::keyClick(&grid, Qt::Key_C, Qt::ControlModifier);
   EXPECT_EQ(QApplication::clipboard()->text(), "HAR. @ P&V \n");
+  // Cells between two selected ones are not selected themselves.
+  for (const auto& [row, column] : {std::pair{1, 0}, {3, 0}, {3, 2}}) {
+    QTest::mouseClick(grid.viewport(), Qt::LeftButton, Qt::ControlModifier,
+                      grid.visualRect(grid.model()->index(row, column)).center());
+  }
+  QTest::keyClick(&grid, Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QApplication::clipboard()->text(),
+            "\tHAR. @ P&V \t\n"
+            " Week 2\t\t\n"
+            " Week 4\t\tWES. @ P&V \n");
 }
 
 // Would catch the venue's case the wrong way round, the team itself on a line, and the first of

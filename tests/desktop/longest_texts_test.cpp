@@ -1,0 +1,106 @@
+#include <QComboBox>
+#include <QLineEdit>
+#include <QStyleOptionComboBox>
+#include <QStyleOptionFrame>
+#include <QTableWidget>
+
+#include "tests/desktop/all_forms.h"
+#include "toolkit/elided_button.h"
+#include "toolkit/elided_label.h"
+
+namespace rostermill::test {
+namespace {
+
+/// The sample league with the longest and widest texts that the editors allow.
+class LongestTexts : public AllForms {
+ protected:
+  LongestTexts() {
+    const std::string widest(15, 'W');
+    for (int team = 1; team <= 28; ++team) {
+      session_.League.TeamData[team].City = session_.League.TeamData[team].Nickname = widest;
+      session_.League.TeamData[team].Abbreviation = "WWWW";
+      for (NameRec& name : session_.League.NameData[team]) name = {"ww", widest.substr(2), "88"};
+    }
+    // Half of the teams play twice in the first week, and one of them against itself.
+    ScheduleWeek& week = session_.League.ScheduleData[0];
+    week.GameCount = 14;
+    for (int game = 0; game < 14; ++game) {
+      week.Games[game].AwayTeam = week.Games[game].HomeTeam = static_cast<std::int16_t>(game);
+    }
+    window_.resize(1120, 800);
+  }
+};
+
+/// The pixels that a control has for its text.
+int RoomIn(const QWidget& control) {
+  if (auto* list = qobject_cast<const QComboBox*>(&control)) {
+    QStyleOptionComboBox option;
+    option.initFrom(list);
+    const int field =
+        list->style()
+            ->subControlRect(QStyle::CC_ComboBox, &option, QStyle::SC_ComboBoxEditField, list)
+            .width();
+    return field - 2;
+  }
+  if (auto* label = qobject_cast<const QLabel*>(&control)) {
+    return label->contentsRect().width() - 2 * label->margin();
+  }
+  auto& box = dynamic_cast<const QLineEdit&>(control);
+  QStyleOptionFrame option;
+  option.initFrom(&box);
+  option.lineWidth = box.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, &box);
+  return box.style()->subElementRect(QStyle::SE_LineEditContents, &option, &box).width() - 4;
+}
+
+QString LongestEntry(const QComboBox& list) {
+  QString longest;
+  const QFontMetrics metrics = list.fontMetrics();
+  for (int index = 0; index < list.count(); ++index) {
+    const QString text = list.itemText(index);
+    if (metrics.horizontalAdvance(text) > metrics.horizontalAdvance(longest)) longest = text;
+  }
+  return longest;
+}
+
+/// Checks the texts of a form that is shown, and counts those that have its longest ones.
+int ExpectNothingCut(QWidget& form) {
+  int long_texts = 0;
+  const auto expect_room = [&](const QWidget& control, const QString& text) {
+    const QString what = control.objectName() + " \"" + text + '"';
+    EXPECT_LE(control.fontMetrics().horizontalAdvance(text), RoomIn(control)) << what.toStdString();
+    if (text.contains("WWWW", Qt::CaseInsensitive)) ++long_texts;
+  };
+  for (QLabel* label : form.findChildren<QLabel*>()) {
+    if (!label->isVisibleTo(&form)) continue;
+    if (label->wordWrap()) {
+      EXPECT_LE(label->heightForWidth(label->width()), label->height())
+          << label->objectName().toStdString();
+    } else {
+      expect_room(*label, label->text());
+    }
+  }
+  for (QComboBox* list : form.findChildren<QComboBox*>()) {
+    if (list->isVisibleTo(&form)) expect_room(*list, LongestEntry(*list));
+  }
+  for (QLineEdit* box : form.findChildren<QLineEdit*>()) {
+    if (box->isVisibleTo(&form)) expect_room(*box, box->text());
+  }
+  for (QTableWidget* grid : form.findChildren<QTableWidget*>()) {
+    for (QTableWidgetItem* cell : grid->findItems(".", Qt::MatchRegularExpression)) {
+      EXPECT_LT(grid->fontMetrics().horizontalAdvance(cell->text()),
+                grid->columnWidth(cell->column()))
+          << cell->text().toStdString();
+    }
+  }
+  return long_texts;
+}
+
+// Catches a text that an editor allows and another form cuts at its opening size.
+TEST_F(LongestTexts, NothingIsCutWhereverItIsShown) {
+  int long_texts = 0;
+  VisitAll([&](QWidget& form) { long_texts += ExpectNothingCut(form); });
+  EXPECT_GT(long_texts, 100) << "the longest texts were not on view";
+}
+
+}  // namespace
+}  // namespace rostermill::test
