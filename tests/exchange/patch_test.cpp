@@ -143,5 +143,15 @@ TEST(Patch, WhatAnEditorChangesStaysSmall) {
   EXPECT_LE(size_of(PatchFormat::Bps, trade), 1'100u);
 }
 
+TEST(Patch, ManyEditsOfWhatHasMovedStaySmallAmidLookAlikes) {
+  Random random(1);
+  const Bytes base = RandomBytes(random, 20'000, 2);
+  Bytes target = base;
+  for (int edit = 0; edit < 100; ++edit) target[Below(random, target.size())] = 0xFF;
+  target.insert(target.begin(), 7);
+  // Six bytes an edit; by the look of the bytes alone it would be 40.
+  EXPECT_LE(MakePatch(PatchFormat::Bps, base, target).size(), 650u);
+}
+
 }  // namespace
 }  // namespace rostermill::test
