@@ -12,7 +12,6 @@
 #include "toolkit/elided_label.h"
 #include "toolkit/form.h"
 #include "toolkit/picture_box.h"
-#include "toolkit/text_box.h"
 
 namespace rostermill::test {
 namespace {
@@ -59,26 +58,6 @@ TEST(DropDownList, TheWheelLeavesAListWithoutFocusAlone) {
                    Qt::NoModifier, Qt::NoScrollPhase, false);
   QApplication::sendEvent(&list, &turn);
   EXPECT_EQ(list.ListIndex(), 0);
-}
-
-TEST(TextBox, TakesOnlyOneByteCharactersUpToItsLength) {
-  TextBox box("box", 4);
-  for (const QChar c : QString::fromUtf8("aЖé€b")) box.insert(c);
-  EXPECT_EQ(box.Text(), QString::fromUtf8("aéb"));
-  QTest::keyClicks(&box, "cd");
-  EXPECT_EQ(box.Text().size(), 4);
-}
-
-TEST(TextBox, ALongerTextSetByTheProgramIsNotCut) {
-  TextBox box("box", 4);
-  box.SetText("longer text");
-  EXPECT_EQ(box.Text(), "longer text");
-  QTest::keyClick(&box, Qt::Key_End);
-  QTest::keyClicks(&box, "x");
-  EXPECT_EQ(box.Text(), "longer text") << "it can't grow";
-  box.SetText("ab");
-  QTest::keyClicks(&box, "cde");
-  EXPECT_EQ(box.Text(), "abcd") << "and the limit is back";
 }
 
 TEST(PictureBox, KeepsItsPictureWhenAFileCannotBeLoaded) {
