@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QTest>
 
@@ -17,6 +18,18 @@ inline void Redo(QLineEdit& box) {
 inline void Paste(QLineEdit& box, const QString& text) {
   QApplication::clipboard()->setText(text);
   QTest::keyClick(&box, Qt::Key_V, Qt::ControlModifier);
+}
+
+/// Sends what a key that is held sends: repeated presses, and one that looks like a press of its
+/// own but for its time, which is that of a release.
+inline void Hold(QWidget& widget, Qt::Key key) {
+  QKeyEvent repeated(QEvent::KeyPress, key, Qt::NoModifier, {}, true);
+  QApplication::sendEvent(&widget, &repeated);
+  for (const QEvent::Type type : {QEvent::KeyRelease, QEvent::KeyPress}) {
+    QKeyEvent event(type, key, Qt::NoModifier);
+    event.setTimestamp(77);
+    QApplication::sendEvent(&widget, &event);
+  }
 }
 
 }  // namespace rostermill::test

@@ -7,10 +7,14 @@
 #include <QWheelEvent>
 #include <gtest/gtest.h>
 
+#include "tests/support/dialogs.h"
 #include "tests/support/sample.h"
+#include "tests/support/typing.h"
 #include "toolkit/drop_down_list.h"
 #include "toolkit/elided_label.h"
 #include "toolkit/form.h"
+#include "toolkit/form_parts.h"
+#include "toolkit/messages.h"
 #include "toolkit/picture_box.h"
 
 namespace rostermill::test {
@@ -102,13 +106,14 @@ class SmallForm : public ChildForm {
  public:
   SmallForm() : ChildForm("SmallForm", "Small") {
     auto* column = new QVBoxLayout(this);
-    for (QPushButton* button : {ok, cancel, other}) column->addWidget(button);
+    for (QPushButton* button : {ok, cancel, other, step}) column->addWidget(button);
     SetDefaultButton(ok);
     SetCancelButton(cancel);
   }
   QPushButton* ok = new QPushButton("OK");
   QPushButton* cancel = new QPushButton("Cancel");
   QPushButton* other = new QPushButton("Other");
+  QPushButton* step = NewStepButton("+");
   int unloads = 0;
 
  protected:
@@ -132,6 +137,46 @@ TEST(ChildForm, EnterPressesTheFocusedOrElseTheDefaultButton) {
   QTest::keyClick(form->other, Qt::Key_Enter);
   QTest::keyClick(form->other, Qt::Key_Escape);
   EXPECT_EQ(pressed, QStringList({"OK", "Other", "Cancel"}));
+}
+
+// Would catch a held key that answers the windows that come after the one it was meant for.
+TEST(ChildForm, HeldEnterAndEscPressNothingButAStepButton) {
+  ChildArea area;
+  auto* form = new SmallForm;
+  area.ShowForm(form);
+  QStringList pressed;
+  for (QPushButton* button : {form->ok, form->cancel, form->other, form->step}) {
+    QObject::connect(button, &QPushButton::clicked,
+                     [&pressed, button] { pressed << button->text(); });
+  }
+  for (QPushButton* button : {form->ok, form->other, form->step}) {
+    button->setFocus();
+    Hold(*button, Qt::Key_Return);
+    Hold(*button, Qt::Key_Enter);
+    Hold(*button, Qt::Key_Escape);
+  }
+  EXPECT_EQ(pressed, QStringList({"+", "+", "+", "+"}));
+}
+
+TEST(Dialogs, HeldEnterAndEscAnswerNothing) {
+  DialogForm form(nullptr, "form", "Form");
+  QPushButton button("OK", &form);
+  button.setDefault(true);
+  int presses = 0;
+  QObject::connect(&button, &QPushButton::clicked, [&presses] { ++presses; });
+  form.show();
+  Hold(form, Qt::Key_Return);
+  Hold(button, Qt::Key_Return);
+  Hold(form, Qt::Key_Escape);
+  EXPECT_EQ(presses, 0);
+  EXPECT_TRUE(form.isVisible());
+  OnNextDialog([](QDialog& box) {
+    Hold(*box.focusWidget(), Qt::Key_Return);
+    Hold(box, Qt::Key_Escape);
+    EXPECT_TRUE(box.isVisible());
+    ClickButton(box, "Yes");
+  });
+  EXPECT_TRUE(AskYesNo(&form, "Sure?", "Question"));
 }
 
 TEST(ChildForm, ClosesOnceHoweverItIsClosedAndOpensAnew) {
