@@ -27,6 +27,7 @@
 #include "shell/open_save.h"
 #include "shell/readable_selection.h"
 #include "toolkit/elided_label.h"
+#include "toolkit/file_drops.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/messages.h"
 #include "toolkit/text_codec.h"
@@ -87,7 +88,7 @@ void FRSMform::BuildWindow() {
   setWindowTitle("Rostermill");
   area_ = new ChildArea;
   setCentralWidget(area_);
-  setAcceptDrops(true);
+  new FileDrops(this);
   commands_ = {
       {"mFilLoadROM", [this] { mFilLoadROM_Click(); }},
       {"mFilSaveROM", [this] { mFilSaveROM_Click(); }},
