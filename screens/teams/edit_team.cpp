@@ -6,6 +6,7 @@
 #include <QStyle>
 
 #include "league/team_data.h"
+#include "screens/players/text_forms.h"
 #include "screens/teams/choose_color.h"
 #include "screens/teams/choose_play.h"
 #include "screens/teams/play_forms.h"
@@ -18,7 +19,6 @@ namespace rostermill {
 
 namespace {
 
-constexpr int longest_text = 15;
 constexpr int color_buttons = 4;
 constexpr int play_buttons = 8;
 constexpr int plays_per_column = 4;
@@ -53,8 +53,8 @@ EditTeam::EditTeam(LeagueSession& session) : ChildForm("EditTeam", "Edit Team"),
 }
 
 void EditTeam::BuildControls() {
-  txtCity = new TextBox("txtCity", longest_text);
-  txtName = new TextBox("txtName", longest_text);
+  txtCity = new TextBox("txtCity", LongestCity);
+  txtName = new TextBox("txtName", LongestCity);
   txtAbbreviation = new TextBox("txtAbbreviation", AbbreviationLength);
   for (TextBox* box : {txtCity, txtName, txtAbbreviation}) box->SetEnteredForm(UpperCase);
   for (int i = 0; i < color_buttons; ++i) {
