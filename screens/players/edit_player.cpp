@@ -174,7 +174,6 @@ void EditPlayer::btnSavePlayer_Click() {
       ToLatin1(lblNumber->text().mid(1));
   StoreRatingsAndFace();
   StoreReturners();
-  // Taken before the viewer's lists are rebuilt, which fills this form with another player.
   session_.PendingTeamName = LowerText(ToLatin1(lblTeam->text()));
   session_.PendingPlayerName = LowerText(ToLatin1(txtPlayer->Text()));
   emit PlayerSaved();

@@ -292,7 +292,6 @@ void EditTeam::btnSave_Click() {
     session_.League.TeamData[session_.ViewTeam].Formation =
         static_cast<std::uint8_t>(cmbFormation->ListIndex());
   }
-  // Taken before the viewer's list is rebuilt, which fills this form with another team.
   const std::string list_text =
       UpperText(ToLatin1(txtCity->Text())) + " " + UpperText(ToLatin1(txtName->Text()));
   emit TeamSaved(FromLatin1(list_text));
