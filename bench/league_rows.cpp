@@ -24,7 +24,7 @@ constexpr int save_pairs = 150;
 class SilentHost : public PipelineHost {
  public:
   void SetBusy(bool) override {}
-  void SetLoadingCaption(int, std::string_view) override {}
+  void SetLoadingCaption(LoadStep, std::string_view) override {}
   void CloseLoading() override {}
   void YieldToWindow() override {}
   void Beep() override {}

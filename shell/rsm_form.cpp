@@ -278,8 +278,8 @@ void FRSMform::SetBusy(bool busy) {
   }
 }
 
-void FRSMform::SetLoadingCaption(int line, std::string_view caption) {
-  if (loading_) loading_->SetCaption(line, FromUtf8(caption));
+void FRSMform::SetLoadingCaption(LoadStep step, std::string_view caption) {
+  if (loading_) loading_->SetCaption(step, FromUtf8(caption));
   YieldToWindow();
 }
 

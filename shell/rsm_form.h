@@ -79,7 +79,7 @@ class FRSMform : public QMainWindow, private PipelineHost {
 
   // What a load and a save tell and ask.
   void SetBusy(bool busy) override;
-  void SetLoadingCaption(int line, std::string_view caption) override;
+  void SetLoadingCaption(LoadStep step, std::string_view caption) override;
   void CloseLoading() override;
   void YieldToWindow() override;
   void Beep() override;
