@@ -107,7 +107,7 @@ void CompareLoads(LeagueSession& session, const std::string& which, double goal,
 void CompareSaves(LeagueSession& session, const std::string& copy, const std::string& which) {
   const auto bytes = ReadFileStart(session.ImagePath, OpenImage::WholeSize).Bytes;
   Compare(
-      {"save" + which, 1.15, save_pairs}, [&] { return Milliseconds([&] { Save(session); }); },
+      {"save" + which, 1.25, save_pairs}, [&] { return Milliseconds([&] { Save(session); }); },
       [&] { return Milliseconds([&] { WriteBare(copy, bytes); }); });
 }
 

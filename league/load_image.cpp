@@ -65,7 +65,7 @@ std::string WithSeparator(std::string folder) {
 
 /// Asks for the program's folder until colors.txt is there; false when the answer is blank.
 bool FindPalette(LeagueSession& session, PipelineHost& host) {
-  while (!IsRegularFile(PalettePath(session.AppDir))) {
+  while (KindOf(PalettePath(session.AppDir)) != PathKind::RegularFile) {
     const std::string answer = host.AskForText(
         "Please Enter Path of Rostermill. (Example: C:\\RSML\\). Leave blank to end program.",
         "File Not Found", session.AppDir);
@@ -77,7 +77,9 @@ bool FindPalette(LeagueSession& session, PipelineHost& host) {
 
 /// The bytes of the image at the path. Throws NotAnImage, or FileError.
 std::vector<std::uint8_t> ReadImageFile(const std::string& path) {
-  if (!IsRegularFile(path)) throw NotAnImage("");
+  const PathKind kind = KindOf(path);
+  if (kind == PathKind::Missing) throw NotAnImage("");
+  if (kind == PathKind::Other) throw NotAnImage(path + " is not a regular file.");
   FileStart file = ReadFileStart(path, OpenImage::WholeSize);
   if (!IsImageHeader(file.Bytes)) throw NotAnImage("");
   if (file.Bytes.size() < OpenImage::WholeSize) {

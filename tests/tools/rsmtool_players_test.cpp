@@ -293,7 +293,7 @@ TEST_F(RsmtoolPlayers, NamesThatDontFitTheImageAreRefusedTogether) {
   }
   const std::string line =
       "rsmtool: The players' names are too long for the image: they need 13,440 bytes, and it has "
-      "room for 10,550 bytes. 2,890 letters must go.\n";
+      "room for 10,550 bytes. Shorten them by 2,890 letters.\n";
   EXPECT_EQ(Errors(csv), line);
   EXPECT_EQ(Run({"import-players", "--dry-run", Path("league.nes"), "-"}, csv).Err, line)
       << "a dry run says it too";
