@@ -11,6 +11,6 @@ namespace rostermill::test {
 LeagueData RandomLeague(std::mt19937& random);
 
 /// Leagues a test; ROSTERMILL_LEAGUES sets another number.
-int LeagueTotal(int otherwise);
+int LeagueTotal(int usual);
 
 }  // namespace rostermill::test
