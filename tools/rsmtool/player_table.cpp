@@ -107,7 +107,7 @@ std::string PlayerCell(const LeagueData& league, int team, int slot, const Colum
     case ColumnKind::Slot:
       return std::to_string(slot);
     case ColumnKind::Position:
-      return SlotTitle(league.TeamData[team].Formation, slot);
+      return std::string(SlotLabel(league.TeamData[team].Formation, slot));
     case ColumnKind::FirstName:
       return Utf8Of(name.FirstName);
     case ColumnKind::LastName:
