@@ -24,7 +24,8 @@ std::string ReturnerText(const LeagueData& league, int team, ColumnKind duty) {
     if (GroupOfSlot(slot) != PositionGroup::Skill) continue;
     const SkillRec& rec = league.SkillData[team][TableIndexOfSlot(slot)];
     if (rec.*ReturnerField(duty) == 0) continue;
-    return SlotLabel(league.TeamData[team].Formation, slot) + " " + NameText(league, team, slot);
+    return std::string(SlotLabel(league.TeamData[team].Formation, slot)) + " " +
+           NameText(league, team, slot);
   }
   return "nobody";
 }

@@ -7,6 +7,7 @@
 #include <tuple>
 
 #include "exchange/text_codes.h"
+#include "screens/players/position_layout.h"
 #include "tools/rsmtool/csv.h"
 #include "tools/rsmtool/player_table.h"
 #include "tools/rsmtool/wording.h"

@@ -5,6 +5,7 @@
 
 #include "exchange/text_codes.h"
 #include "league/league_tables.h"
+#include "screens/players/position_layout.h"
 #include "tools/rsmtool/wording.h"
 
 namespace rostermill {

@@ -29,7 +29,7 @@ std::string TeamName(const LeagueData& league, int team) {
 std::string PlayerTitle(const LeagueData& league, int team, int slot) {
   const NameRec& name = league.NameData[team][slot];
   std::string title =
-      TeamName(league, team) + " " + SlotLabel(league.TeamData[team].Formation, slot);
+      TeamName(league, team) + " " + std::string(SlotLabel(league.TeamData[team].Formation, slot));
   for (const std::string* part : {&name.FirstName, &name.LastName}) {
     if (!part->empty()) title += " " + Shown(*part);
   }
