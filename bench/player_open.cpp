@@ -5,7 +5,7 @@
 #include <cstdlib>
 
 #include "shell/rsm_form.h"
-#include "toolkit/text_codec.h"
+#include "toolkit/qt_strings.h"
 
 // The editor with the sample loaded and one form open, ended when all is painted. Its peak memory
 // is what bench_process compares.

@@ -30,7 +30,7 @@
 #include "screens/teams/choose_play.h"
 #include "screens/teams/edit_team.h"
 #include "screens/teams/view_teams.h"
-#include "toolkit/text_codec.h"
+#include "toolkit/qt_strings.h"
 #include "tools/driver/driver.h"
 
 namespace rostermill::bench {

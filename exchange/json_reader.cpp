@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "exchange/text_codes.h"
+#include "exchange/utf8.h"
 
 namespace rostermill {
 

@@ -4,7 +4,7 @@
 
 #include "exchange/json_reader.h"
 #include "exchange/league_json_layout.h"
-#include "exchange/text_codes.h"
+#include "exchange/utf8.h"
 
 namespace rostermill {
 

@@ -20,8 +20,8 @@ class MatchIndex {
   explicit MatchIndex(std::span<const std::uint8_t> text)
       : text_(text),
         hash_bits_(std::clamp(static_cast<int>(std::bit_width(text.size())), 8, 18)),
-        heads_(std::size_t{1} << hash_bits_, none),
-        next_(text.size(), none) {}
+        heads_(std::size_t{1} << hash_bits_, None),
+        next_(text.size(), None) {}
 
   /// Makes a place known; one with fewer than ShortestMatch bytes left can't match.
   void Insert(std::size_t place) {
@@ -37,15 +37,15 @@ class MatchIndex {
   void ForEachCandidate(std::span<const std::uint8_t> other, std::size_t at, Each each) const {
     if (other.size() - at < ShortestMatch) return;
     std::int32_t place = heads_[HashAt(other, at)];
-    for (int tries = 0; place != none && tries < most_tries; ++tries) {
+    for (int tries = 0; place != None && tries < MostTries; ++tries) {
       each(static_cast<std::size_t>(place));
       place = next_[static_cast<std::size_t>(place)];
     }
   }
 
  private:
-  static constexpr std::int32_t none = -1;
-  static constexpr int most_tries = 64;
+  static constexpr std::int32_t None = -1;
+  static constexpr int MostTries = 64;
 
   std::size_t HashAt(std::span<const std::uint8_t> bytes, std::size_t at) const {
     std::uint32_t word = 0;

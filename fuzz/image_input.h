@@ -16,7 +16,7 @@ struct Section {
 };
 
 /// What a load reads, the pointers first.
-inline constexpr std::array sections{
+inline constexpr std::array Sections{
     Section{0x329A7, 52},  Section{0x1FC50, 176},  Section{0x21642, 2},    Section{0x21FE0, 28},
     Section{0x239D3, 28},  Section{0x1FD00, 120},  Section{0x00048, 1682}, Section{0x006DA, 10'550},
     Section{0x1FD7C, 660}, Section{0x03010, 3276}, Section{0x0C129, 4},    Section{0x0E1FA, 13},
@@ -37,7 +37,7 @@ inline std::vector<std::uint8_t> ImageOf(std::span<const std::uint8_t> input) {
       std::copy(piece.begin(), piece.end(), image.begin() + static_cast<std::ptrdiff_t>(at));
     }
     auto rest = input;
-    for (const Section& section : sections) {
+    for (const Section& section : Sections) {
       const auto piece = rest.first(std::min(section.size, rest.size()));
       std::copy(piece.begin(), piece.end(),
                 image.begin() + static_cast<std::ptrdiff_t>(section.first));

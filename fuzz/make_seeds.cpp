@@ -33,7 +33,7 @@ bool Write(const fs::path& path, const Bytes& bytes) {
 
 Bytes SectionsOf(const Bytes& image) {
   Bytes input;
-  for (const auto& section : fuzz::sections) {
+  for (const auto& section : fuzz::Sections) {
     const auto first = image.begin() + static_cast<std::ptrdiff_t>(section.first);
     input.insert(input.end(), first, first + static_cast<std::ptrdiff_t>(section.size));
   }

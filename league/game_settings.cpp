@@ -22,7 +22,7 @@ constexpr std::array text_3_offsets{0x0D891, 0x0E204, 0x0EFF6, 0x1E27E, 0x1E57C,
                                     0x1E7EF, 0x1E815, 0x1E8F3, 0x1E936, 0x1EFEF, 0x1F2E9, 0x1F30D};
 
 using Tiles = IndexedArray<std::uint8_t, 1, 4>;
-constexpr IndexedArray<Tiles, 0, 9> YearDigitTiles{{{
+constexpr IndexedArray<Tiles, 0, 9> year_digit_tiles{{{
     {{0x90, 0x91, 0x92, 0x93}},
     {{0xAE, 0xA8, 0xC6, 0xC7}},
     {{0x9C, 0xCD, 0x82, 0x83}},
@@ -40,7 +40,7 @@ void WriteText(OpenImage& image, std::span<const int> offsets, std::string_view 
 }
 
 const Tiles& TilesOf(char digit) {
-  return YearDigitTiles[digit >= '0' && digit <= '9' ? digit - '0' : 0];
+  return year_digit_tiles[digit >= '0' && digit <= '9' ? digit - '0' : 0];
 }
 
 /// YearTileMap: the digits' tiles in the order of the screen's rows, the first digit's upper half

@@ -4,7 +4,7 @@
 #include <QVBoxLayout>
 
 #include "toolkit/form_parts.h"
-#include "toolkit/text_codec.h"
+#include "toolkit/qt_strings.h"
 
 namespace rostermill {
 

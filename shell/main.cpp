@@ -3,7 +3,7 @@
 
 #include "shell/rsm_form.h"
 #include "shell/window_icon.h"
-#include "toolkit/text_codec.h"
+#include "toolkit/qt_strings.h"
 
 int main(int argc, char** argv) {
   QApplication app(argc, argv);

@@ -19,7 +19,7 @@ QString WithoutOuterBlanks(QString text) {
   return text.remove(QRegularExpression("^ +| +$"));
 }
 
-std::int16_t AsWord(qsizetype number) {
+std::int16_t ClampedToInt16(qsizetype number) {
   constexpr qsizetype largest = std::numeric_limits<std::int16_t>::max();
   return static_cast<std::int16_t>(std::clamp<qsizetype>(number, 0, largest));
 }
@@ -99,10 +99,10 @@ void clsOpenSave::TakeOver(const QFileDialog& dialog) {
   const QFileInfo file(file_name_);
   file_title_ = WithoutOuterBlanks(file.fileName());
   const bool has_extension = file_title_.contains('.');
-  file_ext_ = has_extension ? AsWord(file_name_.lastIndexOf('.') + 1) : std::int16_t{0};
+  file_ext_ = has_extension ? ClampedToInt16(file_name_.lastIndexOf('.') + 1) : std::int16_t{0};
   init_dir_ = WithoutOuterBlanks(init_dir_);
   const qsizetype selected = dialog.nameFilters().indexOf(dialog.selectedNameFilter());
-  if (selected >= 0) filter_index_ = AsWord(selected + 1);
+  if (selected >= 0) filter_index_ = ClampedToInt16(selected + 1);
 }
 
 }  // namespace rostermill

@@ -13,7 +13,7 @@
 #include "league/load_image.h"
 #include "league/save_image.h"
 #include "screens/leaders/view_leaders.h"
-#include "screens/players/text_forms.h"
+#include "screens/players/display_text.h"
 #include "screens/players/view_player.h"
 #include "screens/probowl/probowl_form.h"
 #include "screens/schedule/edit_schedule.h"
@@ -28,7 +28,7 @@
 #include "toolkit/file_drops.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/messages.h"
-#include "toolkit/text_codec.h"
+#include "toolkit/qt_strings.h"
 
 namespace rostermill {
 
@@ -223,36 +223,36 @@ void FRSMform::mHelAbout_Click() {
 }
 
 void FRSMform::mViePlayerData_Click() {
-  area_->ShowOnly(view_player_, [this] { return new ViewPlayer(session_); });
+  area_->OpenOrRaise(view_player_, [this] { return new ViewPlayer(session_); });
 }
 
 void FRSMform::mVieTeamData_Click() {
-  area_->ShowOnly(view_teams_, [this] { return new ViewTeams(session_); });
+  area_->OpenOrRaise(view_teams_, [this] { return new ViewTeams(session_); });
 }
 
 void FRSMform::mVieLeaders_Click() {
-  area_->ShowOnly(view_leaders_, [this] { return new ViewLeaders(session_); });
+  area_->OpenOrRaise(view_leaders_, [this] { return new ViewLeaders(session_); });
 }
 
 void FRSMform::mnuEditGameSettings_Click() {
-  area_->ShowOnly(game_settings_, [this] { return new frmEditGameSettings(session_); });
+  area_->OpenOrRaise(game_settings_, [this] { return new frmEditGameSettings(session_); });
 }
 
 void FRSMform::mSchEdit_Click() {
-  area_->ShowOnly(edit_schedule_, [this] { return new frmEditSchedule(session_); });
+  area_->OpenOrRaise(edit_schedule_, [this] { return new frmEditSchedule(session_); });
 }
 
 void FRSMform::mDatProbowl_Click() {
-  area_->ShowOnly(probowl_, [this] { return new frmProbowl(session_); });
+  area_->OpenOrRaise(probowl_, [this] { return new frmProbowl(session_); });
 }
 
 void FRSMform::mSchVieAll_Click() {
-  area_->ShowOnly(view_schedule_, [this] { return new ViewSchedule(session_); });
+  area_->OpenOrRaise(view_schedule_, [this] { return new ViewSchedule(session_); });
 }
 
 void FRSMform::ShowTeamSchedule(int team) {
   session_.SchedTeam = static_cast<std::int16_t>(team);
-  area_->ShowOnly(view_team_schedule_, [this] { return new ViewTeamSchedule(session_); })
+  area_->OpenOrRaise(view_team_schedule_, [this] { return new ViewTeamSchedule(session_); })
       ->ShowTeam();
 }
 

@@ -21,7 +21,7 @@ ComboBox::ComboBox(const QString& name, ListOrder order) : DropDownList(name, or
   setLineEdit(new TextBox({}, longest_text));
   setInsertPolicy(QComboBox::NoInsert);
   setCompleter(nullptr);
-  connect(lineEdit(), &QLineEdit::textChanged, this, &ComboBox::FollowText);
+  connect(lineEdit(), &QLineEdit::textChanged, this, &ComboBox::KeepTypedText);
 }
 
 void ComboBox::SetText(const QString& text) {
@@ -29,7 +29,7 @@ void ComboBox::SetText(const QString& text) {
   setEditText(text);
 }
 
-void ComboBox::FollowText(const QString& text) {
+void ComboBox::KeepTypedText(const QString& text) {
   if (currentIndex() < 0 || text == itemText(currentIndex())) return;
   const int cursor = lineEdit()->cursorPosition();
   // Qt clears the text with the selection. Entered over the entry's text, it can be undone.

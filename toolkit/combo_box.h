@@ -34,7 +34,7 @@ class ComboBox : public DropDownList {
  private:
   /// Selects the entry that a typed text begins; false when there is none.
   bool StepFromText();
-  void FollowText(const QString& text);
+  void KeepTypedText(const QString& text);
 };
 
 }  // namespace rostermill

@@ -42,7 +42,7 @@ FlexGrid::FlexGrid(const QString& name, int rows, int columns) : QTableWidget(ro
   ShowBare(*this);
   BuildFixedColumn();
   for (int column = 0; column < columns; ++column) SetColWidth(column, default_width);
-  FollowFont();
+  SetRowHeights();
   AddCopyAction(this, [this] { return SelectedText(); });
   auto* select_all = new QAction("Select &All", this);
   select_all->setShortcut(QKeySequence::SelectAll);
@@ -129,14 +129,14 @@ void FlexGrid::resizeEvent(QResizeEvent* event) {
 
 void FlexGrid::changeEvent(QEvent* event) {
   QTableWidget::changeEvent(event);
-  if (event->type() == QEvent::FontChange && fixed_ != nullptr) FollowFont();
+  if (event->type() == QEvent::FontChange && fixed_ != nullptr) SetRowHeights();
 }
 
 void FlexGrid::PlaceFixedColumn() {
   fixed_->setGeometry(0, 0, columnWidth(0), viewport()->height());
 }
 
-void FlexGrid::FollowFont() {
+void FlexGrid::SetRowHeights() {
   const int height = fontMetrics().height() + row_padding;
   verticalHeader()->setDefaultSectionSize(height);
   fixed_->verticalHeader()->setDefaultSectionSize(height);

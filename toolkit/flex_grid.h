@@ -32,7 +32,7 @@ class FlexGrid : public QTableWidget {
  private:
   void BuildFixedColumn();
   void PlaceFixedColumn();
-  void FollowFont();
+  void SetRowHeights();
   void SetPixelWidth(int column, int pixels);
   int Pixels(int twips) const;
   QString SelectedText() const;

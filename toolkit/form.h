@@ -61,7 +61,7 @@ class ChildArea : public QMdiArea {
 
   /// Shows the form that `slot` keeps; makes one first when none is open.
   template <typename Form, typename Make>
-  Form* ShowOnly(QPointer<Form>& slot, Make make) {
+  Form* OpenOrRaise(QPointer<Form>& slot, Make make) {
     if (!slot || !slot->IsOpen()) slot = make();
     ShowForm(slot);
     return slot;

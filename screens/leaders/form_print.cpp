@@ -10,7 +10,7 @@
 
 #include "screens/leaders/leader_rows.h"
 #include "toolkit/form_parts.h"
-#include "toolkit/text_codec.h"
+#include "toolkit/qt_strings.h"
 
 namespace rostermill {
 

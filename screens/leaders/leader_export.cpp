@@ -1,6 +1,6 @@
 #include "screens/leaders/leader_export.h"
 
-#include "screens/players/text_forms.h"
+#include "screens/players/display_text.h"
 
 namespace rostermill {
 

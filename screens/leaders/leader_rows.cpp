@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "league/league_tables.h"
+#include "screens/players/display_text.h"
 #include "screens/players/position_layout.h"
-#include "screens/players/text_forms.h"
 
 namespace rostermill {
 
@@ -62,7 +62,7 @@ int TotalOf(const LeaderRow& row, const SortFlagTable& flags) {
   return total;
 }
 
-bool MustExchange(const LeaderRow& upper, const LeaderRow& lower, const SortFlagTable& flags) {
+bool OutOfOrder(const LeaderRow& upper, const LeaderRow& lower, const SortFlagTable& flags) {
   if (!flags[0]) {
     const int upper_total = TotalOf(upper, flags);
     const int lower_total = TotalOf(lower, flags);
@@ -76,7 +76,7 @@ bool MustExchange(const LeaderRow& upper, const LeaderRow& lower, const SortFlag
 int Partition(LeaderTable& rows, int low, int high, const SortFlagTable& flags) {
   bool from_above = true;
   while (high > low) {
-    if (MustExchange(rows[low], rows[high], flags)) {
+    if (OutOfOrder(rows[low], rows[high], flags)) {
       std::swap(rows[low], rows[high]);
       from_above = !from_above;
     }

@@ -10,12 +10,12 @@
 #include "league/file_access.h"
 #include "screens/leaders/form_print.h"
 #include "screens/leaders/leader_export.h"
-#include "screens/players/text_forms.h"
+#include "screens/players/display_text.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/messages.h"
 #include "toolkit/print_lines.h"
 #include "toolkit/printer_choice.h"
-#include "toolkit/text_codec.h"
+#include "toolkit/qt_strings.h"
 
 namespace rostermill {
 
@@ -239,7 +239,7 @@ void ViewLeaders::btnPrint_Click() {
 void ViewLeaders::PrintToPrinter() {
   QString failure;
   const std::unique_ptr<QPrinter> printer = make_printer_(failure);
-  if (printer == nullptr) return ComplainOfPrinting(failure);
+  if (printer == nullptr) return ShowPrintFailure(failure);
   QStringList lines;
   for (const std::string& line :
        LeaderLines(session_.LeaderRows, RowCount, cmbPosition->ListIndex())) {
@@ -251,31 +251,31 @@ void ViewLeaders::PrintToPrinter() {
   if (failure.isEmpty() && printer->printerState() == QPrinter::Error) {
     failure = "the printer reports an error.";
   }
-  if (!failure.isEmpty()) ComplainOfPrinting(failure + '\n' + printer->printerName());
+  if (!failure.isEmpty()) ShowPrintFailure(failure + '\n' + printer->printerName());
 }
 
-void ViewLeaders::ComplainOfPrinting(const QString& reason) {
+void ViewLeaders::ShowPrintFailure(const QString& reason) {
   const QString file = FromLatin1(LeaderFileName(cmbPosition->ListIndex()));
-  Complain("The list could not be printed: " + reason + "\n\nTo write the list to " + file +
-           " instead, choose File.");
+  ShowFailure("The list could not be printed: " + reason + "\n\nTo write the list to " + file +
+              " instead, choose File.");
 }
 
 void ViewLeaders::WriteExportFile() {
   const int group = cmbPosition->ListIndex();
   const std::string path = ExportPath(group);
   if (path.empty()) {
-    return Complain("The list could not be written: the current folder is no longer there.");
+    return ShowFailure("The list could not be written: the current folder is no longer there.");
   }
   try {
     ReplaceFile(path, ExportBytes(LeaderLines(session_.LeaderRows, RowCount, group)));
   } catch (const FileNotSynced& error) {
-    Complain(FromUtf8(NotSyncedText(path, error) + "."));
+    ShowFailure(FromUtf8(NotSyncedText(path, error) + "."));
   } catch (const FileError& error) {
-    Complain(FromUtf8(path + " could not be written: " + error.what() + "."));
+    ShowFailure(FromUtf8(path + " could not be written: " + error.what() + "."));
   }
 }
 
-void ViewLeaders::Complain(const QString& text) {
+void ViewLeaders::ShowFailure(const QString& text) {
   ShowMessageBox(this, QMessageBox::Warning, text, print_title);
 }
 

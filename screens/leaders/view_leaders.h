@@ -57,9 +57,9 @@ class ViewLeaders : public ChildForm {
   void ShowHeadings();
   void ShowSortFlags();
   void PrintToPrinter();
-  void ComplainOfPrinting(const QString& reason);
+  void ShowPrintFailure(const QString& reason);
   void WriteExportFile();
-  void Complain(const QString& text);
+  void ShowFailure(const QString& text);
 
   LeagueSession& session_;
   PrinterMaker make_printer_;

@@ -4,10 +4,10 @@
 
 #include <array>
 
+#include "screens/players/display_text.h"
 #include "screens/players/position_layout.h"
-#include "screens/players/text_forms.h"
 #include "toolkit/form_parts.h"
-#include "toolkit/text_codec.h"
+#include "toolkit/qt_strings.h"
 
 namespace rostermill {
 

@@ -7,14 +7,14 @@
 
 #include "league/league_tables.h"
 #include "screens/players/attribute_panel.h"
+#include "screens/players/display_text.h"
 #include "screens/players/player_form_parts.h"
 #include "screens/players/player_photos.h"
 #include "screens/players/position_layout.h"
 #include "screens/players/show_face.h"
-#include "screens/players/text_forms.h"
 #include "toolkit/elided_label.h"
 #include "toolkit/form_parts.h"
-#include "toolkit/text_codec.h"
+#include "toolkit/qt_strings.h"
 
 namespace rostermill {
 

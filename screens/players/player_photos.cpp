@@ -7,7 +7,7 @@
 #include "screens/players/show_face.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/grid_walk.h"
-#include "toolkit/text_codec.h"
+#include "toolkit/qt_strings.h"
 
 namespace rostermill {
 

@@ -2,7 +2,7 @@
 
 #include "screens/players/face_paths.h"
 #include "toolkit/picture_box.h"
-#include "toolkit/text_codec.h"
+#include "toolkit/qt_strings.h"
 
 namespace rostermill {
 

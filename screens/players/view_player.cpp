@@ -6,14 +6,14 @@
 
 #include "league/league_tables.h"
 #include "screens/players/attribute_panel.h"
+#include "screens/players/display_text.h"
 #include "screens/players/edit_player.h"
 #include "screens/players/player_form_parts.h"
 #include "screens/players/position_layout.h"
 #include "screens/players/show_face.h"
-#include "screens/players/text_forms.h"
 #include "toolkit/control_array.h"
 #include "toolkit/form_parts.h"
-#include "toolkit/text_codec.h"
+#include "toolkit/qt_strings.h"
 
 namespace rostermill {
 
@@ -162,7 +162,7 @@ void ViewPlayer::ShowPlayer(int team, int slot) {
 }
 
 void ViewPlayer::btnEdit_Click() {
-  Area()->ShowOnly(editor_, [this] {
+  Area()->OpenOrRaise(editor_, [this] {
     auto* editor = new EditPlayer(session_);
     connect(editor, &EditPlayer::PlayerSaved, this, &ViewPlayer::ReselectPlayer);
     return editor;

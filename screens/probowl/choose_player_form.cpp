@@ -3,10 +3,10 @@
 #include <QDialogButtonBox>
 #include <QGridLayout>
 
-#include "screens/players/text_forms.h"
+#include "screens/players/display_text.h"
 #include "toolkit/control_array.h"
 #include "toolkit/form_parts.h"
-#include "toolkit/text_codec.h"
+#include "toolkit/qt_strings.h"
 
 namespace rostermill {
 

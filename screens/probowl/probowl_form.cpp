@@ -59,7 +59,7 @@ void frmProbowl::btnNFCroster_Click() {
 
 void frmProbowl::ShowRoster(int conference) {
   session_.RosterConference = static_cast<std::int16_t>(conference);
-  Area()->ShowOnly(roster_, [this] { return new frmRoster(session_); })->RefreshRoster();
+  Area()->OpenOrRaise(roster_, [this] { return new frmRoster(session_); })->RefreshRoster();
 }
 
 void frmProbowl::btnOK_Click() {

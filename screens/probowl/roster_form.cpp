@@ -8,11 +8,11 @@
 
 #include "league/league_tables.h"
 #include "league/probowl.h"
-#include "screens/players/text_forms.h"
+#include "screens/players/display_text.h"
 #include "screens/probowl/choose_player_form.h"
 #include "screens/probowl/place_label.h"
 #include "toolkit/form_parts.h"
-#include "toolkit/text_codec.h"
+#include "toolkit/qt_strings.h"
 
 namespace rostermill {
 

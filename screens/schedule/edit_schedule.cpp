@@ -6,7 +6,7 @@
 #include <QKeyEvent>
 
 #include "toolkit/form_parts.h"
-#include "toolkit/text_codec.h"
+#include "toolkit/qt_strings.h"
 
 namespace rostermill {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <array>
 
-#include "screens/players/text_forms.h"
+#include "screens/players/display_text.h"
 
 namespace rostermill {
 

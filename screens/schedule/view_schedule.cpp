@@ -3,7 +3,7 @@
 #include <QVBoxLayout>
 
 #include "screens/schedule/season_facts.h"
-#include "toolkit/text_codec.h"
+#include "toolkit/qt_strings.h"
 
 namespace rostermill {
 

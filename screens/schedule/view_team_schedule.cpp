@@ -3,10 +3,10 @@
 #include <QMouseEvent>
 #include <QVBoxLayout>
 
-#include "screens/players/text_forms.h"
+#include "screens/players/display_text.h"
 #include "screens/schedule/season_facts.h"
 #include "toolkit/copy_text.h"
-#include "toolkit/text_codec.h"
+#include "toolkit/qt_strings.h"
 
 namespace rostermill {
 

@@ -6,7 +6,7 @@
 #include <QScreen>
 
 #include "screens/teams/team_form_parts.h"
-#include "screens/teams/team_forms.h"
+#include "screens/teams/working_copies.h"
 #include "toolkit/elided_label.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/grid_walk.h"

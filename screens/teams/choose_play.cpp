@@ -3,12 +3,12 @@
 #include <QDialogButtonBox>
 #include <QGridLayout>
 
-#include "screens/teams/play_forms.h"
+#include "screens/teams/play_names.h"
 #include "screens/teams/team_form_parts.h"
 #include "toolkit/elided_label.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/grid_walk.h"
-#include "toolkit/text_codec.h"
+#include "toolkit/qt_strings.h"
 
 namespace rostermill {
 

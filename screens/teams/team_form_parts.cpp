@@ -5,10 +5,10 @@
 
 #include "league/league_tables.h"
 #include "league/palette.h"
-#include "screens/teams/play_forms.h"
+#include "screens/teams/play_names.h"
 #include "toolkit/color_box.h"
 #include "toolkit/form_parts.h"
-#include "toolkit/text_codec.h"
+#include "toolkit/qt_strings.h"
 
 namespace rostermill {
 

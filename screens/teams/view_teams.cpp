@@ -9,14 +9,14 @@
 #include <cerrno>
 #include <exception>
 
-#include "screens/players/text_forms.h"
+#include "screens/players/display_text.h"
 #include "screens/teams/edit_team.h"
-#include "screens/teams/play_forms.h"
+#include "screens/teams/play_names.h"
 #include "screens/teams/team_form_parts.h"
-#include "screens/teams/team_forms.h"
+#include "screens/teams/working_copies.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/messages.h"
-#include "toolkit/text_codec.h"
+#include "toolkit/qt_strings.h"
 
 namespace rostermill {
 
@@ -198,7 +198,7 @@ void ViewTeams::ShowPlays() {
 }
 
 void ViewTeams::btnEdit_Click() {
-  Area()->ShowOnly(editor_, [this] {
+  Area()->OpenOrRaise(editor_, [this] {
     auto* editor = new EditTeam(session_);
     connect(editor, &EditTeam::TeamSaved, this, &ViewTeams::ReselectTeam);
     return editor;

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
+#include "screens/players/display_text.h"
 #include "screens/players/face_paths.h"
 #include "screens/players/position_layout.h"
-#include "screens/players/text_forms.h"
 
 namespace rostermill {
 namespace {

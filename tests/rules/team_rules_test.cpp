@@ -1,14 +1,14 @@
 #include <gtest/gtest.h>
 
-#include "screens/teams/play_forms.h"
-#include "screens/teams/team_forms.h"
+#include "screens/teams/play_names.h"
+#include "screens/teams/working_copies.h"
 #include "tests/support/sample.h"
 
 namespace rostermill::test {
 namespace {
 
 /// Run and pass slots mixed up, or the slot's number taken from 0.
-TEST(PlayForms, FilesAndNamesFollowSlotAndChoice) {
+TEST(PlayNames, FilesAndNamesFollowSlotAndChoice) {
   EXPECT_EQ(PlayPath("/there/", 1, 0), "/there/r1-0.bmp");
   EXPECT_EQ(PlayFileName(4, 7), "r4-7.bmp");
   EXPECT_EQ(PlayFileName(5, 0), "p1-0.bmp");

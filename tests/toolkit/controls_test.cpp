@@ -230,15 +230,15 @@ TEST(ChildForm, ClosesOnceHoweverItIsClosedAndOpensAnew) {
   ChildArea area;
   QPointer<SmallForm> slot;
   const auto make = [] { return new SmallForm; };
-  SmallForm* first = area.ShowOnly(slot, make);
-  EXPECT_EQ(area.ShowOnly(slot, make), first) << "an open form only comes to the front";
+  SmallForm* first = area.OpenOrRaise(slot, make);
+  EXPECT_EQ(area.OpenOrRaise(slot, make), first) << "an open form only comes to the front";
   int unloaded = 0;
   QObject::connect(first, &ChildForm::Unloaded, [&unloaded] { ++unloaded; });
   first->CloseForm();
   first->CloseForm();
   EXPECT_EQ(first->unloads, 1);
   EXPECT_EQ(unloaded, 1);
-  EXPECT_NE(area.ShowOnly(slot, make), first) << "a closed form is made anew at once";
+  EXPECT_NE(area.OpenOrRaise(slot, make), first) << "a closed form is made anew at once";
   qobject_cast<QMdiSubWindow*>(slot->parentWidget())->close();
   EXPECT_FALSE(slot->IsOpen());
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);

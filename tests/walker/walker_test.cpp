@@ -19,8 +19,8 @@ extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 namespace rostermill::test {
 namespace {
 
-int Number(const char* variable, int otherwise) {
-  return qEnvironmentVariableIsSet(variable) ? qEnvironmentVariableIntValue(variable) : otherwise;
+int Number(const char* variable, int fallback) {
+  return qEnvironmentVariableIsSet(variable) ? qEnvironmentVariableIntValue(variable) : fallback;
 }
 
 constexpr std::size_t kilobyte = 1024;

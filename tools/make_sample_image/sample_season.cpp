@@ -9,21 +9,21 @@ namespace {
 
 /// A tournament of 27 rounds in which everybody meets everybody once: team 27 stands still and the
 /// others move round it.
-constexpr int Moving = TeamCount - 1;
+constexpr int moving = TeamCount - 1;
 
 /// The round in which two teams meet, `low` being below `high`.
 int RoundOf(int low, int high) {
-  constexpr int half = (Moving + 1) / 2;  // halves a sum modulo 27
-  return high == Moving ? low : (low + high) * half % Moving;
+  constexpr int half = (moving + 1) / 2;  // halves a sum modulo 27
+  return high == moving ? low : (low + high) * half % moving;
 }
 
 int OpponentIn(int round, int team) {
-  if (team == Moving) return round;
-  return team == round ? Moving : (2 * round - team + Moving) % Moving;
+  if (team == moving) return round;
+  return team == round ? moving : (2 * round - team + moving) % moving;
 }
 
 /// The teams that rest together, by the round from which their game is taken: -1 for none.
-using Rests = std::array<int, Moving>;
+using Rests = std::array<int, moving>;
 
 /// Pairs all teams so that no two pairs meet in the same round; everybody then rests once.
 bool PairRests(int team, std::array<bool, TeamCount>& paired, Rests& rests) {
@@ -46,7 +46,7 @@ bool PairRests(int team, std::array<bool, TeamCount>& paired, Rests& rests) {
 std::vector<int> RoundsOfSeason(const Rests& rests) {
   std::vector<int> full;
   std::vector<int> season;
-  for (int round = 0; round < Moving; ++round) {
+  for (int round = 0; round < moving; ++round) {
     (rests[static_cast<std::size_t>(round)] < 0 ? full : season).push_back(round);
   }
   season.insert(season.begin(), full.begin(), full.begin() + 2);

@@ -13,13 +13,13 @@ struct GridPoint {
 };
 
 // The part of the field that a picture shows.
-inline constexpr int kGridLeft = -27;
-inline constexpr int kGridRight = 27;
-inline constexpr int kGridBottom = -17;
-inline constexpr int kGridTop = 23;
+inline constexpr int GridLeft = -27;
+inline constexpr int GridRight = 27;
+inline constexpr int GridBottom = -17;
+inline constexpr int GridTop = 23;
 
 // How far behind the line of scrimmage a man stands who is on the line.
-inline constexpr int kOnTheLine = -2;
+inline constexpr int OnTheLine = -2;
 
 struct PathPoint {
   GridPoint at;
@@ -27,18 +27,18 @@ struct PathPoint {
 };
 
 enum class StepKind {
-  kBlock,
-  kRoute,
-  kFake,
-  kDrop,   // The quarterback, or another man on his way to give the ball on, with the ball.
-  kCarry,  // The man who ends up with the ball: his run, or the route on which he catches it.
-  kThrow,
-  kPitch,
-  kGive,  // A hand-off: only the spot where the ball changes hands.
+  Block,
+  Route,
+  Fake,
+  Drop,   // The quarterback, or another man on his way to give the ball on, with the ball.
+  Carry,  // The man who ends up with the ball: his run, or the route on which he catches it.
+  Throw,
+  Pitch,
+  Give,  // A hand-off: only the spot where the ball changes hands.
 };
 
 struct Step {
-  StepKind kind = StepKind::kBlock;
+  StepKind kind = StepKind::Block;
   std::string man;  // Empty for the steps of the ball alone.
   std::vector<PathPoint> path;
 };

@@ -10,7 +10,7 @@
 namespace rostermill {
 namespace {
 
-constexpr std::array<QRgb, static_cast<std::size_t>(Ink::kCount)> kInks = {
+constexpr std::array<QRgb, static_cast<std::size_t>(Ink::Count)> inks = {
     qRgb(0x1B, 0x4D, 0x2B),  // Grass.
     qRgb(0x27, 0x5F, 0x38),  // Yard line.
     qRgb(0x7F, 0xB4, 0x8C),  // Scrimmage line.
@@ -46,27 +46,27 @@ std::vector<QPoint> TracePixels(const std::vector<QPoint>& points) {
 // Where a line points at its end, as one of the eight directions that whole pixels draw cleanly. It
 // is taken over the last few pixels, as in a curve the very last ones say little.
 QPoint EndDirection(const std::vector<QPoint>& points) {
-  constexpr std::size_t kPixelsLookedAt = 5;
-  constexpr double kHalfOctant = 0.3827;  // The sine of 22.5 degrees.
+  constexpr std::size_t pixels_looked_at = 5;
+  constexpr double half_octant = 0.3827;  // The sine of 22.5 degrees.
   const std::vector<QPoint> pixels = TracePixels(points);
   if (pixels.size() < 2) return {0, -1};
-  const std::size_t back = std::min(kPixelsLookedAt, pixels.size() - 1);
+  const std::size_t back = std::min(pixels_looked_at, pixels.size() - 1);
   const QPoint way = pixels.back() - pixels[pixels.size() - 1 - back];
   const double length = std::hypot(way.x(), way.y());
   const auto sign = [&](int part) {
-    return std::abs(part) < length * kHalfOctant ? 0 : (part < 0 ? -1 : 1);
+    return std::abs(part) < length * half_octant ? 0 : (part < 0 ? -1 : 1);
   };
   return {sign(way.x()), sign(way.y())};
 }
 
 }  // namespace
 
-PlayCanvas::PlayCanvas() : image_(kPictureWidth, kPictureHeight, QImage::Format_Indexed8) {
+PlayCanvas::PlayCanvas() : image_(PictureWidth, PictureHeight, QImage::Format_Indexed8) {
   // A full table, as a short one would make the file four bits deep.
-  QList<QRgb> table(kInks.begin(), kInks.end());
+  QList<QRgb> table(inks.begin(), inks.end());
   table.resize(256, qRgb(0, 0, 0));
   image_.setColorTable(table);
-  image_.fill(static_cast<uint>(Ink::kGrass));
+  image_.fill(static_cast<uint>(Ink::Grass));
 }
 
 void PlayCanvas::Plot(QPoint at, Ink ink) {

@@ -9,28 +9,28 @@
 
 namespace rostermill {
 
-inline constexpr int kPictureWidth = 112;
-inline constexpr int kPictureHeight = 84;
+inline constexpr int PictureWidth = 112;
+inline constexpr int PictureHeight = 84;
 
 enum class Ink : unsigned char {
-  kGrass,
-  kYardLine,
-  kScrimmageLine,
-  kShade,  // Around the men, so that lines end clear of them.
-  kBlock,
-  kFake,
-  kRoute,
-  kCarry,
-  kBall,
-  kLineman,
-  kPlayer,
-  kQuarterback,
-  kLetter,
-  kCount
+  Grass,
+  YardLine,
+  ScrimmageLine,
+  Shade,  // Around the men, so that lines end clear of them.
+  Block,
+  Fake,
+  Route,
+  Carry,
+  Ball,
+  Lineman,
+  Player,
+  Quarterback,
+  Letter,
+  Count
 };
 
 struct Stroke {
-  Ink ink = Ink::kRoute;
+  Ink ink = Ink::Route;
   int thickness = 1;
   int dash = 0;  // Pixels drawn and pixels left out in turn; 0 for a solid line.
   int gap = 0;

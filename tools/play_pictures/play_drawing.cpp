@@ -10,12 +10,12 @@ namespace {
 
 using Stamp = std::vector<std::string_view>;
 
-constexpr int kPixelsPerUnit = 2;
-constexpr int kScrimmageRow = 48;
-constexpr int kCentreColumn = kPictureWidth / 2;
+constexpr int pixels_per_unit = 2;
+constexpr int scrimmage_row = 48;
+constexpr int center_column = PictureWidth / 2;
 
 QPoint ToPixel(GridPoint at) {
-  return {kCentreColumn + at.x * kPixelsPerUnit, kScrimmageRow - at.y * kPixelsPerUnit};
+  return {center_column + at.x * pixels_per_unit, scrimmage_row - at.y * pixels_per_unit};
 }
 
 QPoint Middle(QPoint a, QPoint b) {
@@ -24,10 +24,10 @@ QPoint Middle(QPoint a, QPoint b) {
 
 // One bend: a quadratic curve from the last point so far that leans towards the bend.
 void AppendCurve(std::vector<QPoint>& points, QPoint bend, QPoint end) {
-  constexpr int kPieces = 10;
+  constexpr int pieces = 10;
   const QPoint start = points.back();
-  for (int i = 1; i <= kPieces; ++i) {
-    const double t = static_cast<double>(i) / kPieces;
+  for (int i = 1; i <= pieces; ++i) {
+    const double t = static_cast<double>(i) / pieces;
     const double u = 1 - t;
     const auto blend = [&](int a, int b, int c) {
       return static_cast<int>(std::lround(u * u * a + 2 * u * t * b + t * t * c));
@@ -55,48 +55,48 @@ std::vector<QPoint> PathPixels(const Play& play, const Step& step) {
 }
 
 void DrawField(PlayCanvas& canvas) {
-  constexpr int kRowsBetweenYardLines = 12;
-  constexpr int kHashDistance = 18;
-  for (int y = 0; y < kPictureHeight; ++y) {
-    const bool is_yard_line = y % kRowsBetweenYardLines == 0;
-    if (is_yard_line) canvas.FillRect({0, y, kPictureWidth, 1}, Ink::kYardLine);
+  constexpr int rows_between_yard_lines = 12;
+  constexpr int hash_distance = 18;
+  for (int y = 0; y < PictureHeight; ++y) {
+    const bool is_yard_line = y % rows_between_yard_lines == 0;
+    if (is_yard_line) canvas.FillRect({0, y, PictureWidth, 1}, Ink::YardLine);
     if (is_yard_line || y % 3 != 0) continue;
     for (int side : {-1, 1})
-      canvas.FillRect({kCentreColumn + side * kHashDistance - 1, y, 3, 1}, Ink::kYardLine);
+      canvas.FillRect({center_column + side * hash_distance - 1, y, 3, 1}, Ink::YardLine);
   }
-  canvas.FillRect({0, kScrimmageRow, kPictureWidth, 1}, Ink::kScrimmageLine);
+  canvas.FillRect({0, scrimmage_row, PictureWidth, 1}, Ink::ScrimmageLine);
 }
 
 Stroke StrokeOf(StepKind kind) {
   switch (kind) {
-    case StepKind::kBlock:
-      return {Ink::kBlock};
-    case StepKind::kFake:
-      return {Ink::kFake, 1, 3, 2};
-    case StepKind::kRoute:
-      return {Ink::kRoute};
-    case StepKind::kDrop:
-      return {Ink::kQuarterback};
-    case StepKind::kCarry:
-      return {Ink::kCarry, 2};
-    case StepKind::kThrow:
-      return {Ink::kBall, 1, 4, 2};
-    case StepKind::kPitch:
-      return {Ink::kBall, 1, 2, 1};
-    case StepKind::kGive:
+    case StepKind::Block:
+      return {Ink::Block};
+    case StepKind::Fake:
+      return {Ink::Fake, 1, 3, 2};
+    case StepKind::Route:
+      return {Ink::Route};
+    case StepKind::Drop:
+      return {Ink::Quarterback};
+    case StepKind::Carry:
+      return {Ink::Carry, 2};
+    case StepKind::Throw:
+      return {Ink::Ball, 1, 4, 2};
+    case StepKind::Pitch:
+      return {Ink::Ball, 1, 2, 1};
+    case StepKind::Give:
       break;
   }
   return {};
 }
 
 void DrawPathEnd(PlayCanvas& canvas, StepKind kind, const std::vector<QPoint>& points) {
-  constexpr int kSmallHead = 5;
-  constexpr int kLargeHead = 7;
+  constexpr int small_head = 5;
+  constexpr int large_head = 7;
   const Stroke stroke = StrokeOf(kind);
-  if (kind == StepKind::kBlock) canvas.DrawBar(points, stroke);
-  if (kind == StepKind::kRoute || kind == StepKind::kFake)
-    canvas.DrawArrowHead(points, kSmallHead, stroke);
-  if (kind == StepKind::kCarry) canvas.DrawArrowHead(points, kLargeHead, stroke);
+  if (kind == StepKind::Block) canvas.DrawBar(points, stroke);
+  if (kind == StepKind::Route || kind == StepKind::Fake)
+    canvas.DrawArrowHead(points, small_head, stroke);
+  if (kind == StepKind::Carry) canvas.DrawArrowHead(points, large_head, stroke);
 }
 
 void DrawSteps(PlayCanvas& canvas, const Play& play, StepKind kind) {
@@ -111,14 +111,13 @@ void DrawSteps(PlayCanvas& canvas, const Play& play, StepKind kind) {
 void DrawBall(PlayCanvas& canvas, QPoint at) {
   const Stamp ball = {"  ..  ", " .##. ", ".####.", ".####.", " .##. ", "  ..  "};
   // Its four pixels lie evenly over the two of a carrier's line.
-  canvas.DrawStamp(at + QPoint(1, 1), ball, Ink::kBall, Ink::kShade);
+  canvas.DrawStamp(at + QPoint(1, 1), ball, Ink::Ball, Ink::Shade);
 }
 
 // The ball where it changes hands or is caught.
 void DrawBalls(PlayCanvas& canvas, const Play& play) {
   for (const Step& step : play.steps)
-    if (step.kind == StepKind::kGive || step.kind == StepKind::kThrow ||
-        step.kind == StepKind::kPitch)
+    if (step.kind == StepKind::Give || step.kind == StepKind::Throw || step.kind == StepKind::Pitch)
       DrawBall(canvas, ToPixel(step.path.back().at));
 }
 
@@ -143,14 +142,14 @@ Stamp LetterStamp(char letter) {
   }
 }
 
-const Stamp kDisc = {"  .....  ", " ..###.. ", "..#####..", ".#######.", ".#######.",
-                     ".#######.", "..#####..", " ..###.. ", "  .....  "};
-const Stamp kRing = {" ### ", "#...#", "#...#", "#...#", " ### "};
-const Stamp kSquare = {"#####", "#...#", "#...#", "#...#", "#####"};
+const Stamp disc = {"  .....  ", " ..###.. ", "..#####..", ".#######.", ".#######.",
+                    ".#######.", "..#####..", " ..###.. ", "  .....  "};
+const Stamp ring = {" ### ", "#...#", "#...#", "#...#", " ### "};
+const Stamp square = {"#####", "#...#", "#...#", "#...#", "#####"};
 
 bool HasTheBallAtLast(const Play& play, const std::string& man) {
   for (const Step& step : play.steps)
-    if (step.kind == StepKind::kCarry && step.man == man) return true;
+    if (step.kind == StepKind::Carry && step.man == man) return true;
   return false;
 }
 
@@ -158,13 +157,13 @@ void DrawMan(PlayCanvas& canvas, const Play& play, const std::string& man) {
   const QPoint at = ToPixel(play.formation.at(man));
   const bool has_letter = man.size() == 1;
   if (!has_letter && man != "QB") {
-    canvas.DrawStamp(at, man == "CE" ? kSquare : kRing, Ink::kLineman, Ink::kShade);
+    canvas.DrawStamp(at, man == "CE" ? square : ring, Ink::Lineman, Ink::Shade);
     return;
   }
-  const Ink own_ink = man == "QB" ? Ink::kQuarterback : Ink::kPlayer;
-  const Ink ink = HasTheBallAtLast(play, man) ? Ink::kCarry : own_ink;
-  canvas.DrawStamp(at, kDisc, ink, Ink::kShade);
-  if (has_letter) canvas.DrawStamp(at, LetterStamp(man.front()), Ink::kLetter, ink);
+  const Ink own_ink = man == "QB" ? Ink::Quarterback : Ink::Player;
+  const Ink ink = HasTheBallAtLast(play, man) ? Ink::Carry : own_ink;
+  canvas.DrawStamp(at, disc, ink, Ink::Shade);
+  if (has_letter) canvas.DrawStamp(at, LetterStamp(man.front()), Ink::Letter, ink);
 }
 
 }  // namespace
@@ -172,8 +171,8 @@ void DrawMan(PlayCanvas& canvas, const Play& play, const std::string& man) {
 QImage DrawPlay(const Play& play) {
   PlayCanvas canvas;
   DrawField(canvas);
-  for (StepKind kind : {StepKind::kBlock, StepKind::kFake, StepKind::kRoute, StepKind::kDrop,
-                        StepKind::kCarry, StepKind::kThrow, StepKind::kPitch})
+  for (StepKind kind : {StepKind::Block, StepKind::Fake, StepKind::Route, StepKind::Drop,
+                        StepKind::Carry, StepKind::Throw, StepKind::Pitch})
     DrawSteps(canvas, play, kind);
   for (const auto& place : play.formation) DrawMan(canvas, play, place.first);
   DrawBalls(canvas, play);

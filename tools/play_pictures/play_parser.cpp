@@ -12,8 +12,8 @@ namespace {
 
 using Words = std::vector<std::string>;
 
-constexpr std::size_t kMenInAFormation = 11;
-constexpr int kMenOnTheLine = 7;
+constexpr std::size_t men_in_a_formation = 11;
+constexpr int men_on_the_line = 7;
 
 struct StepWord {
   std::string_view word;
@@ -22,15 +22,15 @@ struct StepWord {
   std::size_t fewest_points;
 };
 
-constexpr StepWord kStepWords[] = {
-    {"block", StepKind::kBlock, true, 1},  {"route", StepKind::kRoute, true, 1},
-    {"fake", StepKind::kFake, true, 1},    {"drop", StepKind::kDrop, true, 1},
-    {"carry", StepKind::kCarry, true, 1},  {"throw", StepKind::kThrow, false, 2},
-    {"pitch", StepKind::kPitch, false, 2}, {"give", StepKind::kGive, false, 1},
+constexpr StepWord step_words[] = {
+    {"block", StepKind::Block, true, 1},  {"route", StepKind::Route, true, 1},
+    {"fake", StepKind::Fake, true, 1},    {"drop", StepKind::Drop, true, 1},
+    {"carry", StepKind::Carry, true, 1},  {"throw", StepKind::Throw, false, 2},
+    {"pitch", StepKind::Pitch, false, 2}, {"give", StepKind::Give, false, 1},
 };
 
-constexpr std::string_view kMen[] = {"LT", "LG", "CE", "RG", "RT", "QB", "X",
-                                     "Y",  "Z",  "A",  "B",  "C",  "D",  "E"};
+constexpr std::string_view men[] = {"LT", "LG", "CE", "RG", "RT", "QB", "X",
+                                    "Y",  "Z",  "A",  "B",  "C",  "D",  "E"};
 
 Words SplitWords(const std::string& line) {
   std::istringstream stream(line.substr(0, line.find('#')));
@@ -123,12 +123,12 @@ class PlayTextReader {
   }
 
   void CheckFormation(const Formation& formation) const {
-    if (formation.size() != kMenInAFormation)
+    if (formation.size() != men_in_a_formation)
       FailAt(section_line_, "this formation does not have eleven men");
     const auto on_the_line = std::count_if(formation.begin(), formation.end(), [](const auto& man) {
-      return man.second.y == kOnTheLine;
+      return man.second.y == OnTheLine;
     });
-    if (on_the_line != kMenOnTheLine)
+    if (on_the_line != men_on_the_line)
       FailAt(section_line_, "this formation does not have seven men on the line");
   }
 
@@ -136,7 +136,7 @@ class PlayTextReader {
     if (play.formation.empty()) FailAt(section_line_, "this play has no formation");
     bool has_carry = false;
     for (const Step& step : play.steps) {
-      has_carry = has_carry || step.kind == StepKind::kCarry;
+      has_carry = has_carry || step.kind == StepKind::Carry;
       if (!step.man.empty() && !play.formation.count(step.man))
         FailAt(section_line_, "this play moves " + step.man + ", who is not in its formation");
     }
@@ -167,9 +167,9 @@ class PlayTextReader {
   }
 
   void AddStep(const Words& words) {
-    const auto known = std::find_if(std::begin(kStepWords), std::end(kStepWords),
+    const auto known = std::find_if(std::begin(step_words), std::end(step_words),
                                     [&](const StepWord& w) { return w.word == words[0]; });
-    if (known == std::end(kStepWords)) Fail("unknown word '" + words[0] + "'");
+    if (known == std::end(step_words)) Fail("unknown word '" + words[0] + "'");
     if (!steps_) Fail("'" + words[0] + "' belongs in a play or a scheme");
     Step step{known->kind, {}, {}};
     std::size_t next = 1;
@@ -192,7 +192,7 @@ class PlayTextReader {
   }
 
   void CheckMan(const std::string& man) const {
-    if (std::find(std::begin(kMen), std::end(kMen), man) == std::end(kMen))
+    if (std::find(std::begin(men), std::end(men), man) == std::end(men))
       Fail("unknown man '" + man + "'");
   }
 
@@ -208,7 +208,7 @@ class PlayTextReader {
     const std::string_view text = word;
     const GridPoint at{ParseNumber(text.substr(bends, comma - bends)),
                        ParseNumber(text.substr(comma + 1))};
-    if (at.x < kGridLeft || at.x > kGridRight || at.y < kGridBottom || at.y > kGridTop)
+    if (at.x < GridLeft || at.x > GridRight || at.y < GridBottom || at.y > GridTop)
       Fail("point " + word + " is outside of the picture");
     return {at, bends};
   }

@@ -77,7 +77,7 @@ void ArtFile::EndDrawing() const {
 int ArtFile::ParseNumber(std::string_view text) const {
   unsigned number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc() || end != text.data() + text.size() || number >= kPictureSize) {
+  if (error != std::errc() || end != text.data() + text.size() || number >= PictureSize) {
     Fail("'" + std::string(text) + "' is not a number from 0 to 31");
   }
   return static_cast<int>(number);
@@ -88,10 +88,9 @@ std::vector<Art> ArtFile::All(std::string_view kind, std::size_t fewest) const {
   for (const Drawing& drawing : drawings_) {
     if (drawing.kind == kind) all.push_back(drawing.art);
   }
-  if (all.size() < fewest || all.size() > kMostOfAKind) {
+  if (all.size() < fewest || all.size() > MostOfAKind) {
     Fail("there are " + std::to_string(all.size()) + " drawings of the kind '" + std::string(kind) +
-         "', and " + std::to_string(fewest) + " to " + std::to_string(kMostOfAKind) +
-         " are needed");
+         "', and " + std::to_string(fewest) + " to " + std::to_string(MostOfAKind) + " are needed");
   }
   return all;
 }

@@ -10,7 +10,7 @@
 namespace rostermill {
 
 // The most drawings of a kind that the recipes can choose from.
-inline constexpr std::size_t kMostOfAKind = 32;
+inline constexpr std::size_t MostOfAKind = 32;
 
 class ArtError : public std::runtime_error {
  public:
@@ -24,7 +24,7 @@ class ArtFile {
   // Reads the file. Its drawings may be of these kinds and have these letters besides '.'.
   ArtFile(std::string file_name, std::string_view letters, std::vector<std::string_view> kinds);
 
-  // The drawings of a kind in the order of the file: at least `fewest`, at most kMostOfAKind.
+  // The drawings of a kind in the order of the file: at least `fewest`, at most MostOfAKind.
   std::vector<Art> All(std::string_view kind, std::size_t fewest = 1) const;
 
   // One drawing; an empty name gives an empty one.

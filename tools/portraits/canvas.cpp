@@ -6,7 +6,7 @@
 namespace rostermill {
 namespace {
 
-constexpr std::pair<char, Role> kLetters[] = {
+constexpr std::pair<char, Role> role_letters[] = {
     {'0', Role::SkinLine},    {'1', Role::SkinDeep},    {'2', Role::SkinShade},
     {'3', Role::Skin},        {'4', Role::SkinLight},   {'a', Role::HairLine},
     {'b', Role::HairShade},   {'c', Role::Hair},        {'d', Role::HairLight},
@@ -22,16 +22,16 @@ constexpr std::pair<char, Role> kLetters[] = {
 
 // Clear for '.' and for a letter that no art file can have.
 Role RoleOfLetter(char letter) {
-  const auto* found = std::find_if(std::begin(kLetters), std::end(kLetters),
+  const auto* found = std::find_if(std::begin(role_letters), std::end(role_letters),
                                    [=](const auto& entry) { return entry.first == letter; });
-  return found == std::end(kLetters) ? Role::Clear : found->second;
+  return found == std::end(role_letters) ? Role::Clear : found->second;
 }
 
 }  // namespace
 
 std::string RoleLetters() {
   std::string letters;
-  for (const auto& [letter, role] : kLetters) letters += letter;
+  for (const auto& [letter, role] : role_letters) letters += letter;
   return letters;
 }
 

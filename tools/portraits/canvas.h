@@ -8,7 +8,7 @@
 
 namespace rostermill {
 
-inline constexpr int kPictureSize = 32;
+inline constexpr int PictureSize = 32;
 
 // What a pixel shows. Each material runs from its outline to its lightest shade, so a lighter or
 // darker pixel of the same material is the next or the previous role.
@@ -53,7 +53,7 @@ enum class Role : std::uint8_t {
   Count
 };
 
-inline constexpr std::size_t kRoleCount = static_cast<std::size_t>(Role::Count);
+inline constexpr std::size_t RoleCount = static_cast<std::size_t>(Role::Count);
 
 // A drawing: rows of letters, one letter a pixel, '.' where what is below shows.
 struct Art {
@@ -65,7 +65,7 @@ struct Art {
 class Canvas {
  public:
   static constexpr bool Holds(int x, int y) {
-    return x >= 0 && x < kPictureSize && y >= 0 && y < kPictureSize;
+    return x >= 0 && x < PictureSize && y >= 0 && y < PictureSize;
   }
 
   // Clear outside the canvas.
@@ -80,9 +80,9 @@ class Canvas {
   void KeepWithin(const Canvas& mask);
 
  private:
-  static std::size_t Index(int x, int y) { return static_cast<std::size_t>(y * kPictureSize + x); }
+  static std::size_t Index(int x, int y) { return static_cast<std::size_t>(y * PictureSize + x); }
 
-  std::array<Role, kPictureSize * kPictureSize> pixels_{};
+  std::array<Role, PictureSize * PictureSize> pixels_{};
 };
 
 // The letters that a canvas knows, without '.'.

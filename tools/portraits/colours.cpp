@@ -11,7 +11,7 @@ struct SkinTones {
   Rgb eye_shade, eye_white;
 };
 
-constexpr SkinTones kSkins[] = {
+constexpr SkinTones skins[] = {
     // Light complexion.
     {0x6a342e, 0xb06a5c, 0xd99a86, 0xf2c2aa, 0xffe2d0, 0x84332f, 0xc9756a, 0xe39a8c, 0xcfc4c4,
      0xfbf7f0},
@@ -44,7 +44,7 @@ struct Ramp {
   Rgb line, shade, base, light;
 };
 
-constexpr Ramp kHairs[] = {
+constexpr Ramp hairs[] = {
     {0x101118, 0x1d1f29, 0x2c2f3b, 0x494f61}, {0x140e0b, 0x251a16, 0x392923, 0x59443c},
     {0x20120b, 0x382313, 0x523520, 0x755338}, {0x2e1a0d, 0x4f3018, 0x734a28, 0x9a6d42},
     {0x36170c, 0x5c2c15, 0x854422, 0xae683d}, {0x3d140b, 0x6c2714, 0x983d1f, 0xc3663c},
@@ -53,41 +53,41 @@ constexpr Ramp kHairs[] = {
     {0x2c3036, 0x535860, 0x7f858d, 0xb0b5bc},
 };
 
-static_assert(std::size(kHairs) == kHairColourCount);
+static_assert(std::size(hairs) == HairColorCount);
 
-constexpr Rgb kIrises[] = {0x5a3519, 0x3f2a1c, 0x3d6f9c, 0x4f7d55, 0x7a6a35, 0x64748a};
+constexpr Rgb irises[] = {0x5a3519, 0x3f2a1c, 0x3d6f9c, 0x4f7d55, 0x7a6a35, 0x64748a};
 
 struct Kit {
   Ramp jersey, trim;
 };
 
-constexpr Ramp kNavy = {0x10182f, 0x1b2a52, 0x294078, 0x4763a4};
-constexpr Ramp kCrimson = {0x3a0a14, 0x6d1424, 0x9f2236, 0xcb4a58};
-constexpr Ramp kForest = {0x0c2a1c, 0x174b30, 0x256d45, 0x469564};
-constexpr Ramp kGold = {0x5c3d0a, 0x9c6d16, 0xd69c2a, 0xf4c860};
-constexpr Ramp kChalk = {0x5c6270, 0xa9aebb, 0xdcdfe6, 0xf8f9fb};
-constexpr Ramp kPlum = {0x281035, 0x472059, 0x683480, 0x8f59a8};
-constexpr Ramp kTeal = {0x08302f, 0x115553, 0x1c7c78, 0x43a8a0};
-constexpr Ramp kRust = {0x471a08, 0x7d3411, 0xb3521f, 0xdd7d43};
-constexpr Ramp kSlate = {0x1b2026, 0x323a44, 0x4e5864, 0x76828f};
-constexpr Ramp kSky = {0x1c4463, 0x3a78a3, 0x62a8d1, 0x9acdea};
-constexpr Ramp kCocoa = {0x24140c, 0x402618, 0x5e3b27, 0x835a40};
-constexpr Ramp kCoal = {0x101114, 0x1f2126, 0x32353c, 0x535862};
-constexpr Ramp kLime = {0x33480e, 0x5f8120, 0x8fb639, 0xbfdd70};
-constexpr Ramp kRose = {0x5a2038, 0x9a4060, 0xcf6a88, 0xeb9fb2};
+constexpr Ramp navy = {0x10182f, 0x1b2a52, 0x294078, 0x4763a4};
+constexpr Ramp crimson = {0x3a0a14, 0x6d1424, 0x9f2236, 0xcb4a58};
+constexpr Ramp forest = {0x0c2a1c, 0x174b30, 0x256d45, 0x469564};
+constexpr Ramp gold = {0x5c3d0a, 0x9c6d16, 0xd69c2a, 0xf4c860};
+constexpr Ramp chalk = {0x5c6270, 0xa9aebb, 0xdcdfe6, 0xf8f9fb};
+constexpr Ramp plum = {0x281035, 0x472059, 0x683480, 0x8f59a8};
+constexpr Ramp teal = {0x08302f, 0x115553, 0x1c7c78, 0x43a8a0};
+constexpr Ramp rust = {0x471a08, 0x7d3411, 0xb3521f, 0xdd7d43};
+constexpr Ramp slate = {0x1b2026, 0x323a44, 0x4e5864, 0x76828f};
+constexpr Ramp sky = {0x1c4463, 0x3a78a3, 0x62a8d1, 0x9acdea};
+constexpr Ramp cocoa = {0x24140c, 0x402618, 0x5e3b27, 0x835a40};
+constexpr Ramp coal = {0x101114, 0x1f2126, 0x32353c, 0x535862};
+constexpr Ramp lime = {0x33480e, 0x5f8120, 0x8fb639, 0xbfdd70};
+constexpr Ramp rose = {0x5a2038, 0x9a4060, 0xcf6a88, 0xeb9fb2};
 
-constexpr Kit kKits[] = {
-    {kNavy, kGold},   {kCrimson, kChalk}, {kForest, kChalk},  {kChalk, kNavy},  {kPlum, kGold},
-    {kTeal, kRust},   {kRust, kCocoa},    {kSlate, kCrimson}, {kSky, kNavy},    {kCoal, kLime},
-    {kGold, kCoal},   {kChalk, kTeal},    {kCocoa, kSky},     {kNavy, kRose},   {kCrimson, kGold},
-    {kLime, kForest}, {kTeal, kChalk},    {kCoal, kSky},      {kForest, kGold}, {kRose, kPlum},
+constexpr Kit kits[] = {
+    {navy, gold},   {crimson, chalk}, {forest, chalk},  {chalk, navy},  {plum, gold},
+    {teal, rust},   {rust, cocoa},    {slate, crimson}, {sky, navy},    {coal, lime},
+    {gold, coal},   {chalk, teal},    {cocoa, sky},     {navy, rose},   {crimson, gold},
+    {lime, forest}, {teal, chalk},    {coal, sky},      {forest, gold}, {rose, plum},
 };
 
 struct Backdrop {
   Rgb base, light;
 };
 
-constexpr Backdrop kBackdrops[] = {
+constexpr Backdrop backdrops[] = {
     {0x7d93ab, 0x95a9be}, {0x8aa58c, 0xa1b8a2}, {0xb0a07c, 0xc4b697}, {0xa78c9c, 0xbca5b3},
     {0x74a0a2, 0x8db4b5}, {0x9a9bb4, 0xb0b1c6}, {0xb79484, 0xc9aca0}, {0x95a0a8, 0xacb5bc},
     {0x8e9a74, 0xa5b08e}, {0xbcae9e, 0xcec3b7}, {0x86a4bf, 0x9fb8ce},
@@ -137,18 +137,18 @@ void PutSkin(PaletteFiller& palette, const SkinTones& skin) {
 }  // namespace
 
 std::size_t KitCount() {
-  return std::size(kKits);
+  return std::size(kits);
 }
 
 std::size_t BackdropCount() {
-  return std::size(kBackdrops);
+  return std::size(backdrops);
 }
 
 Palette PaletteOf(const Recipe& recipe) {
-  const SkinTones& skin = kSkins[recipe.skin];
-  const Ramp& hair = kHairs[recipe.hair_colour];
-  const Kit& kit = kKits[recipe.kit];
-  const Backdrop& backdrop = kBackdrops[recipe.backdrop];
+  const SkinTones& skin = skins[recipe.skin];
+  const Ramp& hair = hairs[recipe.hair_colour];
+  const Kit& kit = kits[recipe.kit];
+  const Backdrop& backdrop = backdrops[recipe.backdrop];
 
   PaletteFiller palette;
   PutSkin(palette, skin);
@@ -161,7 +161,7 @@ Palette PaletteOf(const Recipe& recipe) {
   palette[Role::StubbleFaint] = Mix(skin.base, hair.shade, 1);
   palette[Role::Lash] = Mix(skin.line, 0x120c0c, 2);
   palette[Role::Pupil] = 0x17110f;
-  palette[Role::Iris] = kIrises[recipe.iris];
+  palette[Role::Iris] = irises[recipe.iris];
   palette[Role::Teeth] = 0xf1ece0;
   palette[Role::Frame] = 0x2a2c34;
   palette[Role::Glint] = Mix(skin.light, 0xffffff, 2);

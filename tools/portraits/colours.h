@@ -10,22 +10,22 @@
 namespace rostermill {
 
 using Rgb = std::uint32_t;  // 0xRRGGBB
-using Palette = std::array<Rgb, kRoleCount>;
+using Palette = std::array<Rgb, RoleCount>;
 
 // In the order of the table of hair colours.
 enum HairColour : std::uint8_t {
-  kBlueBlack,
-  kSoftBlack,
-  kDarkBrown,
-  kBrown,
-  kChestnut,
-  kAuburn,
-  kGinger,
-  kDarkBlond,
-  kBlond,
-  kSand,
-  kGrey,
-  kHairColourCount
+  BlueBlack,
+  SoftBlack,
+  DarkBrown,
+  Brown,
+  Chestnut,
+  Auburn,
+  Ginger,
+  DarkBlond,
+  Blond,
+  Sand,
+  Gray,
+  HairColorCount
 };
 
 std::size_t KitCount();

@@ -19,14 +19,14 @@ namespace rostermill {
 namespace {
 
 // Two portraits that differ in fewer pixels than this would be taken for one another.
-constexpr int kLeastDifference = 60;
-constexpr int kDotsPerMetre = 2835;
+constexpr int least_difference = 60;
+constexpr int dots_per_meter = 2835;
 
 QImage ImageOf(std::span<const Rgb> colours) {
-  QImage image(kPictureSize, kPictureSize, QImage::Format_Indexed8);
+  QImage image(PictureSize, PictureSize, QImage::Format_Indexed8);
   // Left alone, the resolution depends on the screen of whoever runs this.
-  image.setDotsPerMeterX(kDotsPerMetre);
-  image.setDotsPerMeterY(kDotsPerMetre);
+  image.setDotsPerMeterX(dots_per_meter);
+  image.setDotsPerMeterY(dots_per_meter);
   QList<QRgb> table;
   for (const Rgb colour : colours) table.append(0xff000000u | colour);
   image.setColorTable(table);
@@ -38,8 +38,8 @@ QImage PortraitImage(int portrait, const Parts& parts) {
   const Palette palette = PaletteOf(recipe);
   const Canvas canvas = Paint(recipe, parts);
   QImage image = ImageOf(palette);
-  for (int y = 0; y < kPictureSize; ++y) {
-    for (int x = 0; x < kPictureSize; ++x) {
+  for (int y = 0; y < PictureSize; ++y) {
+    for (int x = 0; x < PictureSize; ++x) {
       image.setPixel(x, y, static_cast<uint>(canvas.At(x, y)));
     }
   }
@@ -49,9 +49,9 @@ QImage PortraitImage(int portrait, const Parts& parts) {
 QImage NoPictureImage(const GreyPicture& picture) {
   const auto greys = Greys();
   QImage image = ImageOf(greys);
-  for (int y = 0; y < kPictureSize; ++y) {
-    for (int x = 0; x < kPictureSize; ++x) {
-      image.setPixel(x, y, picture[static_cast<std::size_t>(y * kPictureSize + x)]);
+  for (int y = 0; y < PictureSize; ++y) {
+    for (int x = 0; x < PictureSize; ++x) {
+      image.setPixel(x, y, picture[static_cast<std::size_t>(y * PictureSize + x)]);
     }
   }
   return image;
@@ -65,8 +65,8 @@ bool ShowsBackdrop(const QImage& image, int x, int y) {
 // Backdrops do not tell two players apart, so pixels where both show theirs do not count.
 int Difference(const QImage& a, const QImage& b) {
   int count = 0;
-  for (int y = 0; y < kPictureSize; ++y) {
-    for (int x = 0; x < kPictureSize; ++x) {
+  for (int y = 0; y < PictureSize; ++y) {
+    for (int x = 0; x < PictureSize; ++x) {
       if (ShowsBackdrop(a, x, y) && ShowsBackdrop(b, x, y)) continue;
       if (a.pixel(x, y) != b.pixel(x, y)) ++count;
     }
@@ -77,7 +77,7 @@ int Difference(const QImage& a, const QImage& b) {
 void CheckDistinct(const std::vector<QImage>& portraits) {
   for (std::size_t i = 0; i < portraits.size(); ++i) {
     for (std::size_t j = 0; j < i; ++j) {
-      if (Difference(portraits[i], portraits[j]) < kLeastDifference) {
+      if (Difference(portraits[i], portraits[j]) < least_difference) {
         throw std::runtime_error("portraits " + std::to_string(j) + " and " + std::to_string(i) +
                                  " look alike");
       }
@@ -96,8 +96,8 @@ void MakePortraits(const std::string& art_folder, const QString& folder) {
   const Parts parts = ReadParts(art_folder);
   const GreyPicture no_picture = ReadNoPicture(art_folder);
   std::vector<QImage> portraits;
-  portraits.reserve(kPortraitCount);
-  for (int portrait = 0; portrait < kPortraitCount; ++portrait) {
+  portraits.reserve(PortraitCount);
+  for (int portrait = 0; portrait < PortraitCount; ++portrait) {
     portraits.push_back(PortraitImage(portrait, parts));
   }
   CheckDistinct(portraits);

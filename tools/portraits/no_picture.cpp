@@ -18,7 +18,7 @@ GreyPicture ReadNoPicture(const std::string& folder) {
   return picture;
 }
 
-std::array<std::uint32_t, kGreyCount> Greys() {
+std::array<std::uint32_t, GrayCount> Greys() {
   return {0x3a3d42, 0x4d5157, 0x63676d, 0x7a7e84, 0x93979d, 0xb3b6bb, 0xc4c7cb, 0xd0d2d6};
 }
 

@@ -8,12 +8,12 @@
 
 namespace rostermill {
 
-inline constexpr int kGreyCount = 8;
+inline constexpr int GrayCount = 8;
 
 // Shown where there is no portrait: a grey helmet with a question mark, as indexes into Greys().
-using GreyPicture = std::array<std::uint8_t, kPictureSize * kPictureSize>;
+using GreyPicture = std::array<std::uint8_t, PictureSize * PictureSize>;
 // Reads it from a folder. Throws ArtError.
 GreyPicture ReadNoPicture(const std::string& folder);
-std::array<std::uint32_t, kGreyCount> Greys();
+std::array<std::uint32_t, GrayCount> Greys();
 
 }  // namespace rostermill

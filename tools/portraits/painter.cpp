@@ -5,15 +5,15 @@
 namespace rostermill {
 namespace {
 
-constexpr int kLeftTemple = 9;
-constexpr int kRightTemple = 22;
-constexpr int kForeheadRow = 9;
-constexpr int kChinRow = 23;
+constexpr int left_temple = 9;
+constexpr int right_temple = 22;
+constexpr int forehead_row = 9;
+constexpr int chin_row = 23;
 
 Canvas Backdrop() {
   Canvas canvas;
-  for (int y = 0; y < kPictureSize; ++y) {
-    for (int x = 0; x < kPictureSize; ++x) {
+  for (int y = 0; y < PictureSize; ++y) {
+    for (int x = 0; x < PictureSize; ++x) {
       const int along = x + y;
       const bool light = along < 24 || (along < 30 && (x + y * 2) % 4 == 0);
       canvas.Set(x, y, light ? Role::BackLight : Role::Back);
@@ -23,13 +23,13 @@ Canvas Backdrop() {
 }
 
 Canvas Skull(const Jaw& jaw) {
-  constexpr std::array<int, kCraniumRows> kCranium = {4, 6, 7, 7, 8, 8, 8, 8, 8, 8};
+  constexpr std::array<int, CraniumRows> cranium = {4, 6, 7, 7, 8, 8, 8, 8, 8, 8};
   Canvas canvas;
   const auto fill_row = [&](int y, int half_width) {
-    for (int x = kMiddle - half_width; x < kMiddle + half_width; ++x) canvas.Set(x, y, Role::Skin);
+    for (int x = Middle - half_width; x < Middle + half_width; ++x) canvas.Set(x, y, Role::Skin);
   };
-  int y = kHeadTop;
-  for (const int half_width : kCranium) fill_row(y++, half_width);
+  int y = HeadTop;
+  for (const int half_width : cranium) fill_row(y++, half_width);
   for (const int half_width : jaw) fill_row(y++, half_width);
   return canvas;
 }
@@ -84,21 +84,21 @@ Canvas Head(const Recipe& recipe, const Parts& parts) {
 }
 
 int SourceColumn(int x, int columns) {
-  if (x < kLeftTemple + (columns < 0 ? 1 : 0)) return x + columns;
-  if (x > kRightTemple - (columns < 0 ? 1 : 0)) return x - columns;
+  if (x < left_temple + (columns < 0 ? 1 : 0)) return x + columns;
+  if (x > right_temple - (columns < 0 ? 1 : 0)) return x - columns;
   return x;
 }
 
 int SourceRow(int y, const Build& build) {
-  if (y < kForeheadRow) return y + build.forehead;
-  if (y > kChinRow) return y - build.chin;
+  if (y < forehead_row) return y + build.forehead;
+  if (y > chin_row) return y - build.chin;
   return y;
 }
 
 Canvas Rebuild(const Canvas& nominal, const Build& build) {
   Canvas canvas;
-  for (int y = 0; y < kPictureSize; ++y) {
-    for (int x = 0; x < kPictureSize; ++x) {
+  for (int y = 0; y < PictureSize; ++y) {
+    for (int x = 0; x < PictureSize; ++x) {
       canvas.Set(x, y, nominal.At(SourceColumn(x, build.columns), SourceRow(y, build)));
     }
   }

@@ -8,7 +8,7 @@
 namespace rostermill {
 namespace {
 
-constexpr Jaw kJaws[] = {
+constexpr Jaw jaws[] = {
     {8, 8, 8, 8, 8, 7, 7, 7, 6, 5, 4},  // oval
     {8, 8, 8, 8, 8, 8, 8, 8, 7, 7, 5},  // square
     {8, 8, 8, 8, 8, 8, 8, 7, 7, 6, 4},  // round
@@ -19,7 +19,7 @@ constexpr Jaw kJaws[] = {
     {8, 8, 8, 8, 7, 7, 6, 6, 5, 5, 3},  // pointed
 };
 
-constexpr Build kBuilds[] = {
+constexpr Build builds[] = {
     {0, 0, 0}, {1, 0, 0}, {0, 0, 1}, {-1, 0, 0}, {0, 1, 0}, {1, 0, 1}, {-1, 0, 1},
 };
 
@@ -29,7 +29,7 @@ struct ExtraNames {
   std::string_view mark, worn;
 };
 
-constexpr ExtraNames kExtras[] = {
+constexpr ExtraNames extras[] = {
     {"", ""},         {"eye-black", ""},  {"long-eye-black", ""}, {"scar", ""},
     {"freckles", ""}, {"", "nose-strip"}, {"", "round-glasses"},  {"", "square-glasses"},
 };
@@ -40,7 +40,7 @@ struct HairNames {
   std::string_view behind, front;
 };
 
-constexpr HairNames kHairStyles[] = {
+constexpr HairNames hair_styles[] = {
     {Texture::Straight, false, "", "crop"},
     {Texture::Straight, false, "", "side-part"},
     {Texture::Straight, false, "", "crew"},
@@ -76,14 +76,14 @@ constexpr HairNames kHairStyles[] = {
     {Texture::Curls, false, "", "fade"},
 };
 
-static_assert(std::size(kHairStyles) == kHairNameCount);
+static_assert(std::size(hair_styles) == HairNameCount);
 
 struct WhiskerNames {
   std::string_view beard, mustache;
   Reach reach;
 };
 
-constexpr WhiskerNames kWhiskerStyles[] = {
+constexpr WhiskerNames whisker_styles[] = {
     {"", "", Reach::Chin},
     {"stubble", "", Reach::JawLine},
     {"heavy-stubble", "", Reach::JawLine},
@@ -119,19 +119,19 @@ void ReadFace(const std::string& folder, Parts& parts) {
   parts.noses = file.All("nose");
   parts.mouths = file.All("mouth", mouths_in_recipes);
   parts.ears = {file.Named("ear", "left"), file.Named("ear", "right")};
-  for (const auto& [mark, worn] : kExtras) {
+  for (const auto& [mark, worn] : extras) {
     parts.extras.push_back({file.Named("mark", mark), file.Named("worn", worn)});
   }
 }
 
 void ReadHair(const std::string& folder, Parts& parts) {
   const ArtFile hair(folder + "/hair.txt", RoleLetters(), {"hair"});
-  for (const auto& [texture, hides_temples, behind, front] : kHairStyles) {
+  for (const auto& [texture, hides_temples, behind, front] : hair_styles) {
     parts.hair_styles.push_back(
         {texture, hides_temples, hair.Named("hair", behind), hair.Named("hair", front)});
   }
   const ArtFile whiskers(folder + "/whiskers.txt", RoleLetters(), {"beard", "mustache"});
-  for (const auto& [beard, mustache, reach] : kWhiskerStyles) {
+  for (const auto& [beard, mustache, reach] : whisker_styles) {
     parts.whisker_styles.push_back(
         {whiskers.Named("beard", beard), whiskers.Named("mustache", mustache), reach});
   }
@@ -150,11 +150,11 @@ void ReadKit(const std::string& folder, Parts& parts) {
 }  // namespace
 
 std::span<const Jaw> Jaws() {
-  return kJaws;
+  return jaws;
 }
 
 std::span<const Build> Builds() {
-  return kBuilds;
+  return builds;
 }
 
 Parts ReadParts(const std::string& folder) {

@@ -10,13 +10,13 @@
 
 namespace rostermill {
 
-inline constexpr int kMiddle = kPictureSize / 2;
-inline constexpr int kHeadTop = 4;
-inline constexpr int kCraniumRows = 10;
-inline constexpr int kJawRows = 11;
+inline constexpr int Middle = PictureSize / 2;
+inline constexpr int HeadTop = 4;
+inline constexpr int CraniumRows = 10;
+inline constexpr int JawRows = 11;
 
 // Half the width of the head, row by row, from the cheekbones to the chin.
-using Jaw = std::array<int, kJawRows>;
+using Jaw = std::array<int, JawRows>;
 
 // Adds or takes away a column on either side of the face, a row of forehead and a row of chin.
 struct Build {
@@ -28,40 +28,40 @@ struct Build {
 enum class Texture : std::uint8_t { Straight, Strands, Waves, Curls, Coils };
 
 enum HairName : std::uint8_t {
-  kCropped,
-  kSideParted,
-  kCrewCut,
-  kBuzzCut,
-  kCoiledFade,
-  kHighTopped,
-  kAfroFull,
-  kAfroShort,
-  kCurly,
-  kLongParted,
-  kMulleted,
-  kSlickedBack,
-  kThinning,
-  kBaldCrown,
-  kShaven,
-  kMohawked,
-  kSpiked,
-  kFringed,
-  kJawLength,
-  kCornrowed,
-  kCornrowedLong,
-  kLocked,
-  kTwisted,
-  kTopKnotted,
-  kPonytailed,
-  kCapped,
-  kKnitCapped,
-  kSkullCapped,
-  kCurlsInBand,
-  kLongInBand,
-  kCoilsInBand,
-  kWavyCrop,
-  kCurlyFade,
-  kHairNameCount
+  Cropped,
+  SideParted,
+  CrewCut,
+  BuzzCut,
+  CoiledFade,
+  HighTopped,
+  AfroFull,
+  AfroShort,
+  Curly,
+  LongParted,
+  Mulleted,
+  SlickedBack,
+  Thinning,
+  BaldCrown,
+  Shaven,
+  Mohawked,
+  Spiked,
+  Fringed,
+  JawLength,
+  Cornrowed,
+  CornrowedLong,
+  Locked,
+  Twisted,
+  TopKnotted,
+  Ponytailed,
+  Capped,
+  KnitCapped,
+  SkullCapped,
+  CurlsInBand,
+  LongInBand,
+  CoilsInBand,
+  WavyCrop,
+  CurlyFade,
+  HairNameCount
 };
 
 struct HairStyle {

@@ -22,49 +22,49 @@ struct Page {
   Options irises;
 };
 
-constexpr std::uint8_t kLightSkins[] = {0, 1, 2, 3, 4, 5};
-constexpr std::uint8_t kLightHairs[] = {
-    kCropped,    kSideParted,  kCrewCut,    kBuzzCut,    kCoiledFade, kCurly,      kLongParted,
-    kMulleted,   kSlickedBack, kThinning,   kBaldCrown,  kShaven,     kMohawked,   kSpiked,
-    kFringed,    kJawLength,   kTopKnotted, kPonytailed, kCapped,     kKnitCapped, kCurlsInBand,
-    kLongInBand, kWavyCrop,    kCropped,    kSideParted, kCrewCut,    kCurly,      kCurlyFade};
-constexpr std::uint8_t kLightHairColours[] = {
-    kBlueBlack, kSoftBlack, kDarkBrown, kBrown, kChestnut,  kAuburn, kGinger,
-    kDarkBlond, kBlond,     kSand,      kGrey,  kDarkBrown, kBrown,  kDarkBlond};
-constexpr std::uint8_t kLightIrises[] = {0, 1, 2, 3, 4, 5, 0, 2};
+constexpr std::uint8_t light_skins[] = {0, 1, 2, 3, 4, 5};
+constexpr std::uint8_t light_hairs[] = {
+    Cropped,    SideParted,  CrewCut,    BuzzCut,    CoiledFade, Curly,      LongParted,
+    Mulleted,   SlickedBack, Thinning,   BaldCrown,  Shaven,     Mohawked,   Spiked,
+    Fringed,    JawLength,   TopKnotted, Ponytailed, Capped,     KnitCapped, CurlsInBand,
+    LongInBand, WavyCrop,    Cropped,    SideParted, CrewCut,    Curly,      CurlyFade};
+constexpr std::uint8_t light_hair_colors[] = {BlueBlack, SoftBlack, DarkBrown, Brown,    Chestnut,
+                                              Auburn,    Ginger,    DarkBlond, Blond,    Sand,
+                                              Gray,      DarkBrown, Brown,     DarkBlond};
+constexpr std::uint8_t light_irises[] = {0, 1, 2, 3, 4, 5, 0, 2};
 
-constexpr std::uint8_t kDarkSkins[] = {6, 7, 8, 9, 10, 11};
-constexpr std::uint8_t kDarkHairs[] = {
-    kBuzzCut,    kCoiledFade, kHighTopped,  kAfroFull,      kAfroShort,   kCurly,     kBaldCrown,
-    kShaven,     kMohawked,   kCornrowed,   kCornrowedLong, kLocked,      kTwisted,   kTopKnotted,
-    kCapped,     kKnitCapped, kSkullCapped, kCurlsInBand,   kCoilsInBand, kCurlyFade, kCrewCut,
-    kCoiledFade, kAfroShort,  kShaven,      kLocked,        kTwisted};
-constexpr std::uint8_t kDarkHairColours[] = {kBlueBlack, kSoftBlack, kBlueBlack, kSoftBlack,
-                                             kDarkBrown, kBlueBlack, kSoftBlack, kDarkBrown,
-                                             kSoftBlack, kGrey,      kSoftBlack, kBlueBlack};
-constexpr std::uint8_t kDarkIrises[] = {0, 1, 1, 0, 4, 1};
+constexpr std::uint8_t dark_skins[] = {6, 7, 8, 9, 10, 11};
+constexpr std::uint8_t dark_hairs[] = {
+    BuzzCut,    CoiledFade, HighTopped,  AfroFull,      AfroShort,   Curly,     BaldCrown,
+    Shaven,     Mohawked,   Cornrowed,   CornrowedLong, Locked,      Twisted,   TopKnotted,
+    Capped,     KnitCapped, SkullCapped, CurlsInBand,   CoilsInBand, CurlyFade, CrewCut,
+    CoiledFade, AfroShort,  Shaven,      Locked,        Twisted};
+constexpr std::uint8_t dark_hair_colors[] = {BlueBlack, SoftBlack, BlueBlack, SoftBlack,
+                                             DarkBrown, BlueBlack, SoftBlack, DarkBrown,
+                                             SoftBlack, Gray,      SoftBlack, BlueBlack};
+constexpr std::uint8_t dark_irises[] = {0, 1, 1, 0, 4, 1};
 
-constexpr std::array<Page, 2> kPages = {{
-    {kLightSkins, kLightHairs, kLightHairColours, kLightIrises},
-    {kDarkSkins, kDarkHairs, kDarkHairColours, kDarkIrises},
+constexpr std::array<Page, 2> pages = {{
+    {light_skins, light_hairs, light_hair_colors, light_irises},
+    {dark_skins, dark_hairs, dark_hair_colors, dark_irises},
 }};
 
 // A third of the players shave, and more than half wear nothing on the face.
-constexpr std::uint8_t kWhiskers[] = {0, 0, 0, 0, 0,  0,  0,  0,  0,  0,  1,  2,  3,  4,  5,
-                                      6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20};
-constexpr std::uint8_t kEyes[] = {0, 1, 2, 3, 4, 5, 6, 7, 0, 1};
-constexpr std::uint8_t kMouths[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 1, 2, 6};
-constexpr std::uint8_t kExtras[] = {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 2, 3, 4, 5, 6, 7};
-constexpr std::uint8_t kTurns[] = {0, 1, 1, 2};
+constexpr std::uint8_t whiskers[] = {0, 0, 0, 0, 0,  0,  0,  0,  0,  0,  1,  2,  3,  4,  5,
+                                     6, 7, 8, 9, 10, 11, 12, 13, 14, 15, 16, 17, 18, 19, 20};
+constexpr std::uint8_t eyes[] = {0, 1, 2, 3, 4, 5, 6, 7, 0, 1};
+constexpr std::uint8_t mouths[] = {0, 1, 2, 3, 4, 5, 6, 7, 8, 1, 2, 6};
+constexpr std::uint8_t extras[] = {0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 1, 2, 3, 4, 5, 6, 7};
+constexpr std::uint8_t turns[] = {0, 1, 1, 2};
 
-constexpr auto kCounting = [] {
-  std::array<std::uint8_t, kMostOfAKind + 1> numbers{};
+constexpr auto counting = [] {
+  std::array<std::uint8_t, MostOfAKind + 1> numbers{};
   std::iota(numbers.begin(), numbers.end(), std::uint8_t{0});
   return numbers;
 }();
 
 Options First(std::size_t count) {
-  return Options(kCounting).first(count);
+  return Options(counting).first(count);
 }
 
 // Same numbers on every machine, unlike the distributions of the standard library.
@@ -83,10 +83,10 @@ class Dice {
 
 // Every option comes up as often as the others, to within one, in an order of its own.
 std::uint8_t Deal(Options options, int place, std::uint32_t seed) {
-  std::array<std::uint8_t, kPageSize> deck{};
+  std::array<std::uint8_t, PageSize> deck{};
   for (std::size_t i = 0; i < deck.size(); ++i) deck[i] = options[i % options.size()];
   Dice dice(seed);
-  for (int i = kPageSize - 1; i > 0; --i) {
+  for (int i = PageSize - 1; i > 0; --i) {
     std::swap(deck[static_cast<std::size_t>(i)], deck[static_cast<std::size_t>(dice.Below(i + 1))]);
   }
   return deck[static_cast<std::size_t>(place)];
@@ -95,9 +95,9 @@ std::uint8_t Deal(Options options, int place, std::uint32_t seed) {
 }  // namespace
 
 Recipe RecipeOf(int portrait, const Parts& parts) {
-  const int page_number = portrait / kPageSize;
-  const int place = portrait % kPageSize;
-  const Page& page = kPages[static_cast<std::size_t>(page_number)];
+  const int page_number = portrait / PageSize;
+  const int place = portrait % PageSize;
+  const Page& page = pages[static_cast<std::size_t>(page_number)];
   std::uint32_t seed = static_cast<std::uint32_t>(page_number) * 100;
   const auto deal = [&](Options options) { return Deal(options, place, ++seed); };
 
@@ -111,17 +111,17 @@ Recipe RecipeOf(int portrait, const Parts& parts) {
   recipe.relief = deal(First(parts.reliefs.size()));
   recipe.neck = deal(First(parts.necks.size()));
   recipe.shoulders = deal(First(parts.shoulders.size()));
-  recipe.whiskers = deal(kWhiskers);
+  recipe.whiskers = deal(whiskers);
   recipe.brows = deal(First(parts.brows.size()));
-  recipe.eyes = deal(kEyes);
+  recipe.eyes = deal(eyes);
   recipe.nose = deal(First(parts.noses.size()));
-  recipe.mouth = deal(kMouths);
-  recipe.extra = deal(kExtras);
+  recipe.mouth = deal(mouths);
+  recipe.extra = deal(extras);
   recipe.kit = deal(First(KitCount()));
   recipe.collar = deal(First(parts.collars.size()));
   recipe.pattern = deal(First(parts.patterns.size()));
   recipe.backdrop = deal(First(BackdropCount()));
-  recipe.turn = deal(kTurns);
+  recipe.turn = deal(turns);
   return recipe;
 }
 

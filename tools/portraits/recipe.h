@@ -6,8 +6,8 @@
 
 namespace rostermill {
 
-inline constexpr int kPortraitCount = 256;
-inline constexpr int kPageSize = 128;  // light complexions, then dark ones
+inline constexpr int PortraitCount = 256;
+inline constexpr int PageSize = 128;  // light complexions, then dark ones
 
 // One choice from each list of parts.
 struct Recipe {

@@ -7,21 +7,21 @@
 namespace rostermill {
 namespace {
 
-constexpr int kFarEnough = 4;
+constexpr int far_enough = 4;
 
-// How many pixels lie between this one and the edge of the shape, at most kFarEnough.
+// How many pixels lie between this one and the edge of the shape, at most far_enough.
 int Depth(const Canvas& shape, int x, int y, int step_x, int step_y) {
-  for (int depth = 0; depth < kFarEnough; ++depth) {
+  for (int depth = 0; depth < far_enough; ++depth) {
     if (shape.IsClear(x + step_x * (depth + 1), y + step_y * (depth + 1))) return depth;
   }
-  return kFarEnough;
+  return far_enough;
 }
 
 template <typename Tone>
 void Replace(Canvas& canvas, Role placeholder, const Tone& tone) {
   const Canvas shape = canvas;
-  for (int y = 0; y < kPictureSize; ++y) {
-    for (int x = 0; x < kPictureSize; ++x) {
+  for (int y = 0; y < PictureSize; ++y) {
+    for (int x = 0; x < PictureSize; ++x) {
       if (shape.At(x, y) == placeholder) canvas.Set(x, y, tone(shape, x, y));
     }
   }
@@ -31,9 +31,9 @@ Role SkullTone(const Canvas& shape, int x, int y) {
   const int right = Depth(shape, x, y, 1, 0);
   const int below = Depth(shape, x, y, 0, 1);
   const int corner = Depth(shape, x, y, 1, 1);
-  const bool jaw = y >= kHeadTop + kCraniumRows + 3;
-  const bool chin = y >= kHeadTop + kCraniumRows + 6;
-  if (jaw && (right == 0 || (chin && right == 1)) && x > kMiddle) return Role::SkinDeep;
+  const bool jaw = y >= HeadTop + CraniumRows + 3;
+  const bool chin = y >= HeadTop + CraniumRows + 6;
+  if (jaw && (right == 0 || (chin && right == 1)) && x > Middle) return Role::SkinDeep;
   if (chin && below == 0 && x > 12) return Role::SkinDeep;
   if (right <= 2 || below == 0 || (jaw && corner <= 1)) return Role::SkinShade;
   return Role::Skin;
@@ -42,7 +42,7 @@ Role SkullTone(const Canvas& shape, int x, int y) {
 // Tiles that darken ('-') or lighten ('+') the hair.
 using Tile = std::array<std::string_view, 4>;
 
-constexpr Tile kTiles[] = {
+constexpr Tile tiles[] = {
     {"........", "........", "........", "........"},  // Straight
     {"+..-.+-.", "+..-.+-.", "+.--.+-.", "+..-..-."},  // Strands
     {"+-...+-.", ".+-...+-", "..+-...+", "...+-..."},  // Waves
@@ -51,7 +51,7 @@ constexpr Tile kTiles[] = {
 };
 
 int TextureShift(Texture texture, int x, int y) {
-  const Tile& tile = kTiles[static_cast<std::size_t>(texture)];
+  const Tile& tile = tiles[static_cast<std::size_t>(texture)];
   // Each repetition further down moves sideways, so that no grid shows.
   const int column = x + y / 4 * 3;
   switch (tile[static_cast<std::size_t>(y % 4)][static_cast<std::size_t>(column % 8)]) {
@@ -72,7 +72,7 @@ bool InGloss(int x, int above) {
 }
 
 Role HairTone(const Canvas& shape, Texture texture, int x, int y) {
-  constexpr std::array kTones = {Role::HairLine, Role::HairShade, Role::Hair, Role::HairLight};
+  constexpr std::array tones = {Role::HairLine, Role::HairShade, Role::Hair, Role::HairLight};
   const int above = Depth(shape, x, y, 0, -1);
   const int left = Depth(shape, x, y, -1, 0);
   const int right = Depth(shape, x, y, 1, 0);
@@ -82,7 +82,7 @@ Role HairTone(const Canvas& shape, Texture texture, int x, int y) {
   if (x > 20 && right <= 2) --tone;
   if (left >= 1 && below >= 1 && InGloss(x, above)) ++tone;
   tone += TextureShift(texture, x, y);
-  return kTones[static_cast<std::size_t>(std::clamp(tone, 1, 3))];
+  return tones[static_cast<std::size_t>(std::clamp(tone, 1, 3))];
 }
 
 Role ClothTone(const Canvas& shape, int x, int y) {
@@ -105,8 +105,8 @@ Role LineOf(Role role) {
 }
 
 bool OnRim(const Canvas& figure, int x, int y) {
-  constexpr std::array<std::array<int, 2>, 4> kSteps = {{{1, 0}, {-1, 0}, {0, 1}, {0, -1}}};
-  return std::any_of(kSteps.begin(), kSteps.end(), [&](const auto& step) {
+  constexpr std::array<std::array<int, 2>, 4> steps = {{{1, 0}, {-1, 0}, {0, 1}, {0, -1}}};
+  return std::any_of(steps.begin(), steps.end(), [&](const auto& step) {
     const int near_x = x + step[0];
     const int near_y = y + step[1];
     return Canvas::Holds(near_x, near_y) && IsOutside(figure.At(near_x, near_y));
@@ -130,8 +130,8 @@ void ShadeCloth(Canvas& body) {
 
 void Outline(Canvas& figure) {
   const Canvas before = figure;
-  for (int y = 0; y < kPictureSize; ++y) {
-    for (int x = 0; x < kPictureSize; ++x) {
+  for (int y = 0; y < PictureSize; ++y) {
+    for (int x = 0; x < PictureSize; ++x) {
       const Role role = before.At(x, y);
       if (!IsOutside(role) && OnRim(before, x, y)) figure.Set(x, y, LineOf(role));
     }

@@ -1,6 +1,6 @@
 #include <algorithm>
 
-#include "exchange/text_codes.h"
+#include "exchange/utf8.h"
 #include "league/load_image.h"
 #include "league/oddities.h"
 #include "league/player_names.h"
@@ -43,7 +43,7 @@ std::string StateOf(OpenImage& image) {
 
 void Examine(FileStart file, Report& report) {
   report.FileSize = file.FileSize;
-  report.Unusable = WhyNoImage(file);
+  report.Unusable = ImageFault(file);
   if (!report.Unusable.empty()) return;
   OpenImage image(std::move(file.Bytes));
   const LeagueData league = ReadLeague(image);

@@ -119,7 +119,7 @@ std::string ReadTextFile(const QString& path, Console& console) {
   return {file.Bytes.begin(), file.Bytes.end()};
 }
 
-std::string WhyNoImage(const FileStart& file) {
+std::string ImageFault(const FileStart& file) {
   if (!IsImageHeader(file.Bytes)) return "not an image of this game";
   if (file.Bytes.size() >= OpenImage::WholeSize) return {};
   return "cut short: it is " + QuantityText(file.FileSize, "byte") +
@@ -128,7 +128,7 @@ std::string WhyNoImage(const FileStart& file) {
 
 std::vector<std::uint8_t> ReadImageFile(const QString& path, Console& console) {
   FileStart file = ReadInput(path, largest_file, console);
-  if (const std::string why = WhyNoImage(file); !why.empty()) {
+  if (const std::string why = ImageFault(file); !why.empty()) {
     throw ToolError(InputName(path) + ": " + why);
   }
   CheckSize(path, file);

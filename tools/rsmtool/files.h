@@ -39,7 +39,7 @@ int WriteLeagueFile(const QString& source, const QString& path, OpenImage& image
                     const LeagueData& league, Console& console);
 
 /// Why these bytes are not a whole image; empty where they are one.
-std::string WhyNoImage(const FileStart& file);
+std::string ImageFault(const FileStart& file);
 
 /// The bytes of an image and of what may come after it.
 std::vector<std::uint8_t> ReadImageFile(const QString& path, Console& console);

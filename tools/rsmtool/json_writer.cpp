@@ -1,6 +1,6 @@
 #include "tools/rsmtool/json_writer.h"
 
-#include "exchange/text_codes.h"
+#include "exchange/utf8.h"
 #include "league/text.h"
 
 namespace rostermill {

@@ -6,7 +6,7 @@
 #include <set>
 #include <tuple>
 
-#include "exchange/text_codes.h"
+#include "exchange/utf8.h"
 #include "screens/players/position_layout.h"
 #include "tools/rsmtool/csv.h"
 #include "tools/rsmtool/player_table.h"

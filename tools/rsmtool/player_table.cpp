@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
-#include "exchange/text_codes.h"
+#include "exchange/utf8.h"
 #include "league/league_tables.h"
 #include "screens/players/position_layout.h"
 #include "tools/rsmtool/wording.h"

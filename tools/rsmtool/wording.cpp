@@ -1,6 +1,6 @@
 #include "tools/rsmtool/wording.h"
 
-#include "exchange/text_codes.h"
+#include "exchange/utf8.h"
 #include "league/league_tables.h"
 #include "league/probowl.h"
 #include "screens/players/position_layout.h"

@@ -8,7 +8,7 @@
 
 #include "shell/loading.h"
 #include "shell/rsm_form.h"
-#include "toolkit/text_codec.h"
+#include "toolkit/qt_strings.h"
 #include "tools/driver/driver.h"
 
 namespace rostermill {

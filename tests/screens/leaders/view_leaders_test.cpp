@@ -16,7 +16,7 @@
 
 #include "tests/support/dialogs.h"
 #include "tests/support/sample.h"
-#include "toolkit/text_codec.h"
+#include "toolkit/qt_strings.h"
 
 namespace rostermill::test {
 
@@ -31,7 +31,7 @@ class ViewLeadersTest : public testing::Test {
     QDir::setCurrent(FromUtf8(folder.Path()));
     area.resize(900, 500);
     area.show();
-    area.ShowOnly(form, [this] { return new ViewLeaders(*session); });
+    area.OpenOrRaise(form, [this] { return new ViewLeaders(*session); });
   }
   ~ViewLeadersTest() override {
     EXPECT_EQ(DialogsStillExpected(), 0);

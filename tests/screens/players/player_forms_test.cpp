@@ -5,15 +5,15 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+#include "screens/players/display_text.h"
 #include "screens/players/edit_player.h"
-#include "screens/players/text_forms.h"
 #include "screens/players/view_player.h"
 #include "tests/support/dialogs.h"
 #include "tests/support/sample.h"
 #include "tests/support/typing.h"
 #include "toolkit/drop_down_list.h"
+#include "toolkit/qt_strings.h"
 #include "toolkit/text_box.h"
-#include "toolkit/text_codec.h"
 
 namespace rostermill::test {
 namespace {

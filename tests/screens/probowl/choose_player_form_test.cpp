@@ -5,7 +5,7 @@
 
 #include "tests/support/dialogs.h"
 #include "tests/support/sample.h"
-#include "toolkit/text_codec.h"
+#include "toolkit/qt_strings.h"
 
 namespace rostermill::test {
 

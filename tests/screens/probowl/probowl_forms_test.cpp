@@ -9,7 +9,7 @@
 #include "tests/support/sample.h"
 #include "toolkit/control_array.h"
 #include "toolkit/drop_down_list.h"
-#include "toolkit/text_codec.h"
+#include "toolkit/qt_strings.h"
 
 namespace rostermill::test {
 
@@ -34,7 +34,7 @@ class ProbowlTest : public testing::Test {
   ProbowlTest() : session(SampleSession()) {
     area.resize(1000, 800);
     area.show();
-    area.ShowOnly(form, [this] { return new frmProbowl(*session); });
+    area.OpenOrRaise(form, [this] { return new frmProbowl(*session); });
     Press(*form, "btnAFCroster");
   }
   ~ProbowlTest() override { EXPECT_EQ(DialogsStillExpected(), 0); }
@@ -185,13 +185,13 @@ TEST_F(ProbowlTest, ClosingTheSmallWindowClosesTheRosterToo) {
   EXPECT_FALSE(form);
   EXPECT_TRUE(Rosters().isEmpty());
 
-  area.ShowOnly(form, [this] { return new frmProbowl(*session); });
+  area.OpenOrRaise(form, [this] { return new frmProbowl(*session); });
   Press(*form, "btnAFCroster");
   form->parentWidget()->close();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_TRUE(Rosters().isEmpty());
 
-  area.ShowOnly(form, [this] { return new frmProbowl(*session); });
+  area.OpenOrRaise(form, [this] { return new frmProbowl(*session); });
   Press(*form, "btnOK");
   EXPECT_FALSE(form);
 }

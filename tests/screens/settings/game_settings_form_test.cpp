@@ -7,7 +7,7 @@
 #include "tests/support/dialogs.h"
 #include "tests/support/sample.h"
 #include "tests/support/typing.h"
-#include "toolkit/text_codec.h"
+#include "toolkit/qt_strings.h"
 
 namespace rostermill::test {
 
@@ -23,7 +23,7 @@ class GameSettingsFormTest : public testing::Test {
   }
 
   void Open() {
-    area.ShowOnly(form, [this] { return new frmEditGameSettings(session); });
+    area.OpenOrRaise(form, [this] { return new frmEditGameSettings(session); });
   }
   void SetTexts(const std::string& year, const std::string& a, const std::string& b,
                 const std::string& c) {

@@ -7,12 +7,12 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
-#include "screens/players/text_forms.h"
+#include "screens/players/display_text.h"
 #include "screens/teams/edit_team.h"
 #include "screens/teams/view_teams.h"
 #include "tests/support/dialogs.h"
 #include "tests/support/sample.h"
-#include "toolkit/text_codec.h"
+#include "toolkit/qt_strings.h"
 
 namespace rostermill::test {
 

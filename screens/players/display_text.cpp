@@ -1,4 +1,4 @@
-#include "screens/players/text_forms.h"
+#include "screens/players/display_text.h"
 
 #include "league/league_tables.h"
 
@@ -47,6 +47,11 @@ std::string PlayerEditText(const LeagueData& league, int team, int slot) {
   return UpperText(name.FirstName.substr(0, 1)) +
          LowerText(name.FirstName.substr(std::min<std::size_t>(1, name.FirstName.size()))) + " " +
          Capitalized(name.LastName);
+}
+
+std::string FormationText(int formation) {
+  const bool known = formation >= FormationNames.first && formation <= FormationNames.last;
+  return " " + std::string(known ? FormationNames[formation] : "Not Available");
 }
 
 }  // namespace rostermill

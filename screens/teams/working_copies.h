@@ -7,9 +7,6 @@
 
 namespace rostermill {
 
-/// " 2RB 2WR 1TE" for 0, with a leading blank; " Not Available" for a value above 2.
-std::string FormationText(int formation);
-
 /// The space left in the image for the texts of all teams, counted with the city and nickname
 /// that are pending for the team on view; below 0 when they don't fit.
 int TeamTextBytesFree(const LeagueSession& session);

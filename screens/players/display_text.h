@@ -6,7 +6,7 @@
 
 namespace rostermill {
 
-/// The forms in which teams, players, numbers and ratings stand on the screens. All are Latin-1.
+/// Teams, players, numbers, ratings and formations as the screens spell them. All are Latin-1.
 
 /// What the editors allow at most, in characters.
 inline constexpr int LongestCity = 15;  // and nickname
@@ -29,5 +29,8 @@ std::string TeamTitleText(const LeagueData& league, int team);
 /// "Sam Plover". Always holds its one blank, so that an empty part shows as " Plover" or "Sam ",
 /// and splitting at the first blank gives the parts back.
 std::string PlayerEditText(const LeagueData& league, int team, int slot);
+
+/// " 2RB 2WR 1TE" for 0, with a leading blank; " Not Available" for a value above 2.
+std::string FormationText(int formation);
 
 }  // namespace rostermill

@@ -1,6 +1,5 @@
-#include "screens/teams/team_forms.h"
+#include "screens/teams/working_copies.h"
 
-#include "league/league_tables.h"
 #include "league/quantity_text.h"
 #include "league/team_data.h"
 
@@ -23,11 +22,6 @@ void ForEachColor(Session& session, Visit visit) {
 }
 
 }  // namespace
-
-std::string FormationText(int formation) {
-  const bool known = formation >= FormationNames.first && formation <= FormationNames.last;
-  return " " + std::string(known ? FormationNames[formation] : "Not Available");
-}
 
 int TeamTextBytesFree(const LeagueSession& session) {
   const TeamRec& team = session.League.TeamData[session.ViewTeam];

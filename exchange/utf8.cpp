@@ -1,4 +1,4 @@
-#include "exchange/text_codes.h"
+#include "exchange/utf8.h"
 
 #include <QStringDecoder>
 
