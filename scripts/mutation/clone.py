@@ -7,6 +7,7 @@ import re
 import shutil
 import signal
 import subprocess
+import tempfile
 from pathlib import Path
 
 PROGRAMS = ("core_tests", "window_tests", "fault_tests")
@@ -80,7 +81,8 @@ class Clone:
                 fcntl.flock(self._lock, fcntl.LOCK_EX | fcntl.LOCK_NB)
                 break
         self.tree, self.build_folder = self.home / "tree", self.home / "build"
-        self._scratch = self.home / "scratch"
+        # Short, since some texts on the screen are cut by their width.
+        self._scratch = Path(tempfile.gettempdir()) / f"mutate-{os.getpid()}-{number}"
         self._copy_tree()
 
     def prepare(self):
