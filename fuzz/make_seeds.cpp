@@ -1,4 +1,4 @@
-// Makes the inputs that the fuzz targets start from: make_seeds FOLDER-OF-THE-SAMPLE SEEDS
+// Makes the seed inputs of the fuzz targets: make_seeds SAMPLE-FOLDER SEEDS-FOLDER
 
 #include <cstdio>
 #include <filesystem>
@@ -36,7 +36,7 @@ Bytes SectionsOf(const Bytes& image) {
   return input;
 }
 
-/// Group and heading, then each name as its length and its letters, see leader_lines.cpp.
+/// The group and a heading, then each name as its length and its letters; see leader_lines.cpp.
 Bytes NamesOf(const LeagueData& league, std::uint8_t group) {
   Bytes input{group, group};
   for (const auto& team : league.NameData) {
@@ -58,7 +58,7 @@ Bytes NamesOf(const LeagueData& league, std::uint8_t group) {
 
 int main(int argc, char** argv) {
   if (argc != 3) {
-    std::fprintf(stderr, "usage: make_seeds FOLDER-OF-THE-SAMPLE SEEDS\n");
+    std::fprintf(stderr, "usage: make_seeds SAMPLE-FOLDER SEEDS-FOLDER\n");
     return 2;
   }
   const fs::path sample(argv[1]);
