@@ -4,7 +4,11 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <optional>
+#include <string_view>
 
+#include "exchange/league_json.h"
+#include "exchange/patch.h"
 #include "fuzz/image_input.h"
 #include "league/load_image.h"
 
@@ -54,6 +58,33 @@ Bytes NamesOf(const LeagueData& league, std::uint8_t group) {
   return input;
 }
 
+/// A part of a league's JSON with something of everything, but short, so that it mutates quickly.
+constexpr std::string_view league_json = R"({"rosterYear": "1995", "leagueText": [null, "AFC"],
+"teams": [{"index": 3, "city": "PORT \u00e9", "nickname": "OTTERS", "abbreviation": "PT.",
+"formation": 2, "colors": [1, 255], "divChampColors": [0], "confChampColors": [63], "plays": [9],
+"players": [{"slot": 1, "label": "QB 1", "group": "QB", "firstName": "al", "lastName": "HERON",
+"jerseyNumber": "7F", "face": 255, "ratings": {"accuracy": 15}},
+{"slot": 12, "kickReturner": true, "puntReturner": false}]}],
+"schedule": [[{"away": 28, "home": 29}], [], null], "probowl": [[{"team": 256, "slot": 1}]]})";
+
+/// A piece of an image, and either the same with a run of X in it or the patch between the two; see
+/// patches.cpp.
+Bytes PatchInput(const Bytes& image, std::optional<PatchFormat> format) {
+  const auto first = image.begin() + 0x6DA;
+  const Bytes base(first, first + 300);
+  Bytes other = base;
+  if (format == PatchFormat::Ips) {
+    std::fill_n(other.begin() + 100, 50, std::uint8_t{'X'});
+  } else {
+    other.insert(other.begin() + 100, 50, std::uint8_t{'X'});
+  }
+  if (format) other = MakePatch(*format, base, other);
+  Bytes input{static_cast<std::uint8_t>(base.size()), static_cast<std::uint8_t>(base.size() >> 8)};
+  input.insert(input.end(), base.begin(), base.end());
+  input.insert(input.end(), other.begin(), other.end());
+  return input;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -69,7 +100,11 @@ int main(int argc, char** argv) {
   const LeagueData league = ReadLeague(open);
   bool good = Write(seeds / "load_image/whole", image) &&
               Write(seeds / "load_image/sections", SectionsOf(image)) &&
-              Write(seeds / "palette/colors", Read(sample / "colors.txt"));
+              Write(seeds / "palette/colors", Read(sample / "colors.txt")) &&
+              Write(seeds / "league_json/part", {league_json.begin(), league_json.end()}) &&
+              Write(seeds / "patches/pieces", PatchInput(image, std::nullopt)) &&
+              Write(seeds / "patches/bps", PatchInput(image, PatchFormat::Bps)) &&
+              Write(seeds / "patches/ips", PatchInput(image, PatchFormat::Ips));
   for (std::uint8_t group = 0; group < 10; ++group) {
     good = good && Write(seeds / "leader_lines" / std::to_string(group), NamesOf(league, group));
   }

@@ -2,48 +2,43 @@
 
 #include <cstdint>
 #include <span>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
+#include "league/file_error.h"
+#include "league/yield.h"
+
 namespace rostermill {
-
-/// A file that could not be read or written. what() is the system's reason.
-class FileError : public std::runtime_error {
- public:
-  FileError(int number, const std::string& reason) : std::runtime_error(reason), number_(number) {}
-  /// The system's error number.
-  int Number() const { return number_; }
-
- private:
-  int number_;
-};
-
-/// The new file stands in place of the old one, but the system could not confirm that the folder
-/// is safely on the disk.
-class FileNotSynced : public FileError {
-  using FileError::FileError;
-};
 
 struct FileStart {
   std::vector<std::uint8_t> Bytes;
   std::uint64_t FileSize = 0;
 };
 
-/// Paths are UTF-8. True for a regular file or a link to one.
-bool IsRegularFile(const std::string& path);
+enum class PathKind {
+  Missing,      ///< nothing, or nothing within reach
+  RegularFile,  ///< or a link to one
+  Other,        ///< a folder, a device, a pipe, a socket
+};
+
+/// Paths are UTF-8.
+PathKind KindOf(const std::string& path);
 
 /// Reads at most `limit` bytes from the start of a regular file. Throws FileError.
 FileStart ReadFileStart(const std::string& path, std::size_t limit);
 
-/// Puts a new file of these bytes in place of what is at `path`, or creates it. Atomic and
-/// durable: whatever fails, and whenever the program is killed, the path names either the old
-/// file or the new one. A symbolic link stays a link and its target is replaced; permissions
-/// stay. Of a file with several hard links, the one at `path` gets the new bytes. Throws
-/// FileError, the old file untouched; FileNotSynced when only the folder's sync failed.
+/// Puts a new file of these bytes in place of what is at `path`, or creates it. Atomic, durable and
+/// read back before it counts: whatever fails, and whenever the program is killed, the path names
+/// either the old file or the new one. A symbolic link stays a link and what it leads to in the end
+/// is replaced. Owner, group, permissions, access list and extended attributes stay as far as the
+/// system allows (see CarryOverRights); a new file gets those of its folder. Of a file with several
+/// hard links, the one at `path` gets the new bytes. Throws FileError, the old file untouched;
+/// FileNotSynced when only the folder's sync failed.
 void ReplaceFile(const std::string& path, std::span<const std::uint8_t> bytes);
 
-/// The same for the first bytes of a file that exists; what lies behind them is carried over.
-void ReplaceFileStart(const std::string& path, std::span<const std::uint8_t> bytes);
+/// The same for the first bytes of a file that exists; the rest of it is carried over. Calls
+/// `yield` for each piece of the rest.
+void ReplaceFileStart(const std::string& path, std::span<const std::uint8_t> bytes,
+                      const Yield& yield);
 
 }  // namespace rostermill

@@ -4,6 +4,7 @@
 #include <cerrno>
 #include <memory>
 #include <new>
+#include <stdexcept>
 #include <system_error>
 #include <type_traits>
 #include <utility>
@@ -26,18 +27,32 @@ namespace {
 
 constexpr std::size_t header_size = 16;
 
-/// Ends the load of a file that is no whole image; `detail` is the message's second paragraph.
+/// The file is not a whole image. what() is the second paragraph of the message; it may be empty.
+class NotAnImage : public std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+/// The Loading screen is open until the end of the scope, or until Close.
+class LoadingScope {
+ public:
+  explicit LoadingScope(PipelineHost& host) : host_(host) {}
+  ~LoadingScope() { Close(); }
+  LoadingScope(const LoadingScope&) = delete;
+  LoadingScope& operator=(const LoadingScope&) = delete;
+
+  void Close() { host_.CloseLoading(); }
+
+ private:
+  PipelineHost& host_;
+};
+
 LoadOutcome Reject(PipelineHost& host, const std::string& detail) {
-  host.CloseLoading();
-  host.SetBusy(false);
   host.ShowMessage(MessageKind::Exclamation,
                    "Not a valid ROM file!" + (detail.empty() ? "" : "\n\n" + detail), "Error");
   return LoadOutcome::Rejected;
 }
 
 LoadOutcome Fail(PipelineHost& host, int number, const std::string& detail) {
-  host.CloseLoading();
-  host.SetBusy(false);
   host.ShowMessage(MessageKind::Plain, "Error: " + std::to_string(number) + "\n\n" + detail,
                    "Error");
   return LoadOutcome::EndProgram;
@@ -48,9 +63,9 @@ std::string WithSeparator(std::string folder) {
   return folder;
 }
 
-/// Asks for the program's folder until colors.txt lies there; false when the answer is blank.
+/// Asks for the program's folder until colors.txt is there; false when the answer is blank.
 bool FindPalette(LeagueSession& session, PipelineHost& host) {
-  while (!IsRegularFile(PalettePath(session.AppDir))) {
+  while (KindOf(PalettePath(session.AppDir)) != PathKind::RegularFile) {
     const std::string answer = host.AskForText(
         "Please Enter Path of Rostermill. (Example: C:\\RSML\\). Leave blank to end program.",
         "File Not Found", session.AppDir);
@@ -60,36 +75,45 @@ bool FindPalette(LeagueSession& session, PipelineHost& host) {
   return true;
 }
 
-LoadOutcome LoadFile(LeagueSession& session, PipelineHost& host) {
-  if (!IsRegularFile(session.ImagePath)) return Reject(host, "");
-  FileStart file = ReadFileStart(session.ImagePath, OpenImage::WholeSize);
-  if (!IsImageHeader(file.Bytes)) return Reject(host, "");
+/// The bytes of the image at the path. Throws NotAnImage, or FileError.
+std::vector<std::uint8_t> ReadImageFile(const std::string& path) {
+  const PathKind kind = KindOf(path);
+  if (kind == PathKind::Missing) throw NotAnImage("");
+  if (kind == PathKind::Other) throw NotAnImage(path + " is not a regular file.");
+  FileStart file = ReadFileStart(path, OpenImage::WholeSize);
+  if (!IsImageHeader(file.Bytes)) throw NotAnImage("");
   if (file.Bytes.size() < OpenImage::WholeSize) {
-    return Reject(host, "The file is " + QuantityText(file.FileSize, "byte") +
-                            " long; a whole image has " +
-                            QuantityText(OpenImage::WholeSize, "byte") + ".");
+    throw NotAnImage("The file is " + QuantityText(file.FileSize, "byte") +
+                     " long; a whole image has " + QuantityText(OpenImage::WholeSize, "byte") +
+                     ".");
   }
+  return std::move(file.Bytes);
+}
+
+/// The part of a load during which the host is busy. False when the user gave up the search for
+/// the palette.
+bool LoadFile(LeagueSession& session, PipelineHost& host) {
+  const BusyScope busy(host);
+  LoadingScope loading(host);
+  host.SetLoadingCaption(LoadStep::Validating, LoadCaption(LoadStep::Validating, "Checking"));
+  OpenImage image(ReadImageFile(session.ImagePath));
   ClearLeague(session, host);
-  host.SetLoadingCaption(0, "Validating...File OK");
-  OpenImage image(std::move(file.Bytes));
+  host.SetLoadingCaption(LoadStep::Validating, LoadCaption(LoadStep::Validating, "File OK"));
   LeagueData league = ReadLeague(
       image, [&host] { host.YieldToWindow(); },
-      [&host](int line, std::string_view caption) { host.SetLoadingCaption(line, caption); });
-  host.CloseLoading();
-  if (!FindPalette(session, host)) {
-    host.SetBusy(false);
-    return LoadOutcome::EndProgram;
-  }
+      [&host](LoadStep step, std::string_view state) {
+        host.SetLoadingCaption(step, LoadCaption(step, state));
+      });
+  loading.Close();
+  if (!FindPalette(session, host)) return false;
   league.PaletteData = ReadPalette(session.AppDir);
-  // Moved over the old one, a short text would stay in the room of the longest that was ever there.
+  // Moved over the old one, a short text would keep the memory of the longest that was ever there.
   static_assert(std::is_nothrow_move_constructible_v<LeagueData>);
   std::destroy_at(&session.League);
   std::construct_at(&session.League, std::move(league));
   session.ImageLoaded = 1;
   host.Beep();
-  host.SetBusy(false);
-  host.UpdateCommandState();
-  return LoadOutcome::Loaded;
+  return true;
 }
 
 }  // namespace
@@ -105,44 +129,36 @@ bool IsImageHeader(std::span<const std::uint8_t> header) {
   return found == plain;
 }
 
-LeagueData ReadLeague(OpenImage& image, const Yield& yield,
-                      const std::function<void(int, std::string_view)>& caption) {
+LeagueData ReadLeague(OpenImage& image, const Yield& yield, const StepReport& report) {
   LeagueData league;
-  caption(1, "Player Attributes...Loading");
-  ReadPlayerAttributes(image, league, yield);
-  caption(1, "Player Attributes...Done");
-  caption(2, "Player Names...Loading");
-  ReadPlayerNames(image, league, yield);
-  caption(2, "Player Names...Done");
-  caption(3, "Team Data...Loading");
-  ReadTeamData(image, league, yield);
-  ReadProbowl(image, league);
-  caption(3, "Team Data...Done");
-  caption(4, "Team Colors...Loading");
-  ReadTeamColors(image, league);
-  caption(4, "Team Colors...Done");
-  caption(5, "Default Playbooks...Loading");
-  ReadPlaybooks(image, league);
-  caption(5, "Default Playbooks...Done");
-  caption(6, "Schedule...Loading");
-  ReadSchedule(image, league);
-  caption(6, "Schedule...Done");
-  caption(7, "Game Settings...Loading");
-  ReadGameSettings(image, league);
-  caption(7, "Game Settings...Done");
+  const auto step = [&report](LoadStep name, const auto& read) {
+    report(name, "Loading");
+    read();
+    report(name, "Done");
+  };
+  step(LoadStep::PlayerAttributes, [&] { ReadPlayerAttributes(image, league, yield); });
+  step(LoadStep::PlayerNames, [&] { ReadPlayerNames(image, league, yield); });
+  step(LoadStep::TeamData, [&] {
+    ReadTeamData(image, league, yield);
+    ReadProbowl(image, league);
+  });
+  step(LoadStep::TeamColors, [&] { ReadTeamColors(image, league); });
+  step(LoadStep::Playbooks, [&] { ReadPlaybooks(image, league); });
+  step(LoadStep::Schedule, [&] { ReadSchedule(image, league); });
+  step(LoadStep::GameSettings, [&] { ReadGameSettings(image, league); });
   return league;
 }
 
 LeagueData ReadLeague(OpenImage& image) {
   return ReadLeague(
-      image, [] {}, [](int, std::string_view) {});
+      image, [] {}, [](LoadStep, std::string_view) {});
 }
 
 LoadOutcome LoadImage(LeagueSession& session, PipelineHost& host) {
-  host.SetBusy(true);
-  host.SetLoadingCaption(0, "Validating...Checking");
   try {
-    return LoadFile(session, host);
+    if (!LoadFile(session, host)) return LoadOutcome::EndProgram;
+  } catch (const NotAnImage& error) {
+    return Reject(host, error.what());
   } catch (const FileError& error) {
     return Fail(host, error.Number(), session.ImagePath + ": " + error.what());
   } catch (const std::system_error& error) {
@@ -150,6 +166,8 @@ LoadOutcome LoadImage(LeagueSession& session, PipelineHost& host) {
   } catch (const std::bad_alloc& error) {
     return Fail(host, ENOMEM, error.what());
   }
+  host.UpdateCommandState();
+  return LoadOutcome::Loaded;
 }
 
 void ClearLeague(LeagueSession& session, PipelineHost& host) {

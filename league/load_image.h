@@ -12,18 +12,19 @@ namespace rostermill {
 
 enum class LoadOutcome {
   Loaded,
-  Rejected,    ///< the file is no whole image; the league in memory stays as it was
-  EndProgram,  ///< a failure that the program doesn't outlive; the user has been told
+  Rejected,    ///< the file is not a whole image; the league in memory is unchanged
+  EndProgram,  ///< a failure that ends the program; the user has seen a message
 };
 
 /// True for the 16 bytes of an iNES header that say: 16 program banks, 16 character banks,
 /// mapper 4, with or without battery, nothing else set. Fewer bytes give false.
 bool IsImageHeader(std::span<const std::uint8_t> header);
 
-/// Reads all sections of a whole image into a fresh league; its palette is empty. `caption` is
-/// told each step, by its line on the Loading screen and its text.
-LeagueData ReadLeague(OpenImage& image, const Yield& yield,
-                      const std::function<void(int, std::string_view)>& caption);
+/// Called when a step of a load starts and ends; the state is "Loading" or "Done".
+using StepReport = std::function<void(LoadStep step, std::string_view state)>;
+
+/// Reads all sections of a whole image into a fresh league; its palette is empty.
+LeagueData ReadLeague(OpenImage& image, const Yield& yield, const StepReport& report);
 LeagueData ReadLeague(OpenImage& image);
 
 /// Loads the image at session.ImagePath: tests its header, reads the league, then the palette

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "league/load_steps.h"
+
 namespace rostermill {
 
 enum class MessageKind { Plain, Exclamation, Information };
@@ -16,8 +18,8 @@ class PipelineHost {
 
   /// Disables the main window and shows the busy pointer, or reverts both.
   virtual void SetBusy(bool busy) = 0;
-  /// Sets line 0 to 7 of the Loading screen.
-  virtual void SetLoadingCaption(int line, std::string_view caption) = 0;
+  /// Sets the line of a step on the Loading screen.
+  virtual void SetLoadingCaption(LoadStep step, std::string_view caption) = 0;
   virtual void CloseLoading() = 0;
   /// Lets the window repaint.
   virtual void YieldToWindow() = 0;
@@ -31,6 +33,18 @@ class PipelineHost {
   /// The text entered; empty when the user left it blank or cancelled.
   virtual std::string AskForText(const std::string& prompt, const std::string& title,
                                  const std::string& preset) = 0;
+};
+
+/// Keeps the host busy from its construction to the end of its scope, however that is left.
+class BusyScope {
+ public:
+  explicit BusyScope(PipelineHost& host) : host_(host) { host_.SetBusy(true); }
+  ~BusyScope() { host_.SetBusy(false); }
+  BusyScope(const BusyScope&) = delete;
+  BusyScope& operator=(const BusyScope&) = delete;
+
+ private:
+  PipelineHost& host_;
 };
 
 }  // namespace rostermill

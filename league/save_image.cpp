@@ -1,6 +1,5 @@
 #include "league/save_image.h"
 
-#include <cerrno>
 #include <new>
 #include <stdexcept>
 
@@ -25,12 +24,11 @@ std::optional<std::string> OverflowText(std::string_view what, int needed, int c
     return QuantityText(static_cast<std::uint64_t>(count), noun);
   };
   return std::string(what) + " are too long for the image: they need " + quantity(needed, "byte") +
-         ", and it has room for " + quantity(capacity, "byte") + ". " +
-         quantity(needed - capacity, "letter") + " must go.";
+         ", and it has room for " + quantity(capacity, "byte") + ". " + "Shorten them by " +
+         quantity(needed - capacity, "letter") + ".";
 }
 
 SaveOutcome Refuse(PipelineHost& host, const std::string& text) {
-  host.SetBusy(false);
   host.ShowMessage(MessageKind::Exclamation, text, "Error");
   return SaveOutcome::Refused;
 }
@@ -68,7 +66,7 @@ void SaveLeague(const LeagueData& league, const std::string& path, const Yield& 
   }
   OpenImage image(std::move(file.Bytes));
   WriteLeague(image, league, yield);
-  ReplaceFileStart(path, image.Bytes());
+  ReplaceFileStart(path, image.Bytes(), yield);
 }
 
 SaveOutcome SaveImage(const LeagueSession& session, PipelineHost& host) {
@@ -76,26 +74,26 @@ SaveOutcome SaveImage(const LeagueSession& session, PipelineHost& host) {
   if (!host.Confirm("Are you sure you want to save to " + path + "?", "Save Confirmation")) {
     return SaveOutcome::Declined;
   }
-  host.SetBusy(true);
   try {
+    const BusyScope busy(host);
     SaveLeague(session.League, path, [&host] { host.YieldToWindow(); });
+    host.Beep();
   } catch (const std::length_error& error) {
     return Refuse(host, error.what() + std::string("\n\nNothing was written."));
   } catch (const FileNotSynced& error) {
     return Refuse(host, path + " was written, but the system could not confirm that it is safe: " +
                             error.what() + ".\n\nPlease save again.");
+  } catch (const FileMissing& error) {
+    return Refuse(host, path + " could not be saved: " + error.what() +
+                            ".\n\nA save needs the image there, and your changes are still here. "
+                            "Put it back and try again.");
   } catch (const FileError& error) {
-    const bool gone = error.Number() == ENOENT;
-    return Refuse(host, path + " could not be saved: " + error.what() + ".\n\n" +
-                            (gone ? "A save needs the image there, and your changes are still "
-                                    "here. Put it back and try again."
-                                  : "The file is as it was, and your changes are still here. You "
-                                    "can try again."));
+    return Refuse(host, path + " could not be saved: " + error.what() +
+                            ".\n\nThe file is as it was, and your changes are still here. You can "
+                            "try again.");
   } catch (const std::bad_alloc&) {
     return Refuse(host, path + " could not be saved: there is not enough memory.");
   }
-  host.Beep();
-  host.SetBusy(false);
   return SaveOutcome::Saved;
 }
 

@@ -16,8 +16,8 @@ enum class SaveOutcome {
   Refused,   ///< the league doesn't fit or the file can't be written; the user has been told
 };
 
-/// Why the league's texts don't fit an image: which are too long, the bytes needed and there, and
-/// how many letters must go. Empty where they fit; exactly full fits.
+/// Why the league's texts do not fit an image: which are too long, the bytes they need and have,
+/// and by how many letters they have to be shortened. Empty if they fit.
 std::optional<std::string> TextOverflow(const LeagueData& league);
 
 /// Writes all sections. The caller has made sure that TextOverflow is empty.

@@ -46,6 +46,6 @@ build() {
   cmake --build "build/$preset" ${1:+--target "$@"}
 }
 
-build_packages=(g++ cmake ninja-build qt6-base-dev)
+build_packages=(g++ cmake ninja-build qt6-base-dev nlohmann-json3-dev zlib1g-dev)
 test_packages=(libgtest-dev libgmock-dev clang clang-tidy cppcheck libclang-rt-14-dev poppler-utils
-  dpkg-dev file python3 debootstrap desktop-file-utils appstream lintian)
+  dpkg-dev file python3 debootstrap desktop-file-utils appstream lintian acl)

@@ -4,6 +4,7 @@
 #include <QVBoxLayout>
 
 #include "toolkit/form_parts.h"
+#include "toolkit/text_codec.h"
 
 namespace rostermill {
 
@@ -15,11 +16,10 @@ Loading::Loading() : ChildForm("Loading", "Loading...") {
   setPalette(colors);
   auto* Frame1 = NewFrame("Frame1", "Loading Data From ROM");
   auto* lines = new QVBoxLayout(Frame1);
-  for (const char* step :
-       {"Validating...", "Player Attributes...", "Player Names...", "Team Data...",
-        "Team Colors...", "Default Playbooks...", "Schedule...", "Game Settings..."}) {
-    QLabel* line = lblData.Add(NewLabel({}, step));
-    line->setMinimumWidth(line->fontMetrics().horizontalAdvance("Default Playbooks...Loading  "));
+  const QString widest = FromLatin1(LoadCaption(LoadStep::Playbooks, "Loading  "));
+  for (const std::string_view caption : LoadStepCaptions) {
+    QLabel* line = lblData.Add(NewLabel({}, FromLatin1(caption)));
+    line->setMinimumWidth(line->fontMetrics().horizontalAdvance(widest));
     lines->addWidget(line);
   }
   (new QVBoxLayout(this))->addWidget(Frame1);

@@ -2,20 +2,23 @@
 
 #include <QLabel>
 
+#include "league/load_steps.h"
 #include "toolkit/control_array.h"
 #include "toolkit/form.h"
 
 namespace rostermill {
 
-/// "Loading...": the eight lines in which a load reports its steps. It closes when the load ends.
+/// "Loading...": one line per step of a load. It closes when the load ends.
 class Loading : public ChildForm {
   Q_OBJECT
 
  public:
   Loading();
 
-  /// Sets line 0 to 7.
-  void SetCaption(int line, const QString& caption) { lblData[line]->setText(caption); }
+  /// Sets the line of a step.
+  void SetCaption(LoadStep step, const QString& caption) {
+    lblData[static_cast<int>(step)]->setText(caption);
+  }
 
  private:
   ControlArray<QLabel> lblData{"lblData"};

@@ -10,8 +10,6 @@
 #include <QStatusBar>
 #include <QTimer>
 
-#include <array>
-
 #include "league/load_image.h"
 #include "league/save_image.h"
 #include "screens/leaders/view_leaders.h"
@@ -27,6 +25,7 @@
 #include "shell/open_save.h"
 #include "shell/readable_selection.h"
 #include "toolkit/elided_label.h"
+#include "toolkit/file_drops.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/messages.h"
 #include "toolkit/text_codec.h"
@@ -37,11 +36,6 @@ namespace {
 
 constexpr const char* no_rom = "No ROM Loaded";
 constexpr QSize opening_size(1120, 800);
-
-/// The items that are enabled while an image is loaded.
-constexpr std::array image_items{"mFilUnloadROM",  "mFilSaveROM",  "mnuEditGameSettings",
-                                 "mViePlayerData", "mVieTeamData", "mDatProbowl",
-                                 "mSchEdit",       "mSchView",     "mVieLeaders"};
 
 QMessageBox::Icon IconOf(MessageKind kind) {
   switch (kind) {
@@ -87,33 +81,15 @@ void FRSMform::BuildWindow() {
   setWindowTitle("Rostermill");
   area_ = new ChildArea;
   setCentralWidget(area_);
-  setAcceptDrops(true);
-  commands_ = {
-      {"mFilLoadROM", [this] { mFilLoadROM_Click(); }},
-      {"mFilSaveROM", [this] { mFilSaveROM_Click(); }},
-      {"mFilUnloadROM", [this] { mFilUnloadROM_Click(); }},
-      {"mFilExit", [this] { mFilExit_Click(); }},
-      {"mHelAbout", [this] { mHelAbout_Click(); }},
-      {"mnuEditGameSettings", [this] { mnuEditGameSettings_Click(); }},
-      {"mViePlayerData", [this] { mViePlayerData_Click(); }},
-      {"mVieTeamData", [this] { mVieTeamData_Click(); }},
-      {"mSchEdit", [this] { mSchEdit_Click(); }},
-      {"mDatProbowl", [this] { mDatProbowl_Click(); }},
-      {"mVieLeaders", [this] { mVieLeaders_Click(); }},
-      {"mSchVieAll", [this] { mSchVieAll_Click(); }},
-  };
-  for (int index = 0; index < RecentFiles::Count; ++index) {
-    commands_.insert(MemberName("mnuFileRecent", index),
-                     [this, index] { mnuFileRecent_Click(index); });
-  }
-  menu_.Build(*menuBar(), [this](const QString& item) { Run(item); });
+  new FileDrops(this);
+  menu_.Build(*menuBar(), MenuRows());
   menu_.Item("mnuFileRecentFiles")->menu()->setToolTipsVisible(true);
   statusBar()->setObjectName("StatusBar1");
   status_ = new ElidedLabel("StatusBar1.Panels(1)");
   statusBar()->addWidget(status_, 1);
-  auto* maker = new QLabel("Rostermill " ROSTERMILL_VERSION);
-  maker->setObjectName("StatusBar1.Panels(2)");
-  statusBar()->addPermanentWidget(maker);
+  auto* program = new QLabel("Rostermill " ROSTERMILL_VERSION);
+  program->setObjectName("StatusBar1.Panels(2)");
+  statusBar()->addPermanentWidget(program);
 }
 
 void FRSMform::MDIForm_Load() {
@@ -127,20 +103,8 @@ void FRSMform::MDIForm_Load() {
   ShowStatus(no_rom);
 }
 
-void FRSMform::Run(const QString& item) {
-  // A load or a save is running, and this is a key that was pressed meanwhile.
-  if (!isEnabled()) return;
-  if (const int team = MenuTree::TeamOfItem(item); team != 0) {
-    ShowTeamSchedule(team);
-  } else if (const auto command = commands_.value(item)) {
-    command();
-  }
-}
-
 void FRSMform::UpdateCommandState() {
-  for (const char* name : image_items) {
-    menu_.Item(name)->setEnabled(session_.ImageLoaded != 0);
-  }
+  menu_.SetImageLoaded(session_.ImageLoaded != 0);
   for (int team = 1; team <= TeamCount; ++team) {
     menu_.TeamItem(team)->setText(PlainCaption(TeamListText(session_.League, team)));
   }
@@ -249,11 +213,11 @@ void FRSMform::mFilExit_Click() {
 }
 
 void FRSMform::mHelAbout_Click() {
-  const QString text = QStringLiteral(
-                           "Rostermill, 1.3\n\n"
-                           "Made for people who keep leagues alive\n\n"
-                           "Qt %1\n"
-                           "Image layout 1: iNES, mapper 4, 393,232 bytes")
+  const QString text = QStringLiteral("Rostermill, " ROSTERMILL_VERSION
+                                      "\n\n"
+                                      "Made for people who keep leagues alive\n\n"
+                                      "Qt %1\n"
+                                      "Image layout 1: iNES, mapper 4, 393,232 bytes")
                            .arg(qVersion());
   ShowMessageBox(this, QMessageBox::Information, text, "About");
 }
@@ -314,8 +278,8 @@ void FRSMform::SetBusy(bool busy) {
   }
 }
 
-void FRSMform::SetLoadingCaption(int line, std::string_view caption) {
-  if (loading_) loading_->SetCaption(line, FromUtf8(caption));
+void FRSMform::SetLoadingCaption(LoadStep step, std::string_view caption) {
+  if (loading_) loading_->SetCaption(step, FromUtf8(caption));
   YieldToWindow();
 }
 

@@ -1,10 +1,9 @@
 #pragma once
 
 #include <QMainWindow>
-#include <QMap>
 #include <QPointer>
 
-#include <functional>
+#include <vector>
 
 #include "league/league_session.h"
 #include "league/pipeline_host.h"
@@ -56,7 +55,7 @@ class FRSMform : public QMainWindow, private PipelineHost {
  private:
   void BuildWindow();
   void MDIForm_Load();
-  void Run(const QString& item);
+  std::vector<MenuRow> MenuRows();
 
   void mFilLoadROM_Click();
   void mFilSaveROM_Click();
@@ -80,7 +79,7 @@ class FRSMform : public QMainWindow, private PipelineHost {
 
   // What a load and a save tell and ask.
   void SetBusy(bool busy) override;
-  void SetLoadingCaption(int line, std::string_view caption) override;
+  void SetLoadingCaption(LoadStep step, std::string_view caption) override;
   void CloseLoading() override;
   void YieldToWindow() override;
   void Beep() override;
@@ -92,7 +91,6 @@ class FRSMform : public QMainWindow, private PipelineHost {
   LeagueSession& session_;
   RecentFiles recent_files_;
   MenuTree menu_;
-  QMap<QString, std::function<void()>> commands_;
   ChildArea* area_ = nullptr;
   ElidedLabel* status_ = nullptr;
   QPointer<QWidget> focus_before_;

@@ -26,6 +26,11 @@ void ClickLabel::mousePressEvent(QMouseEvent* event) {
   event->setAccepted(event->button() == Qt::LeftButton);
 }
 
+void ClickLabel::mouseDoubleClickEvent(QMouseEvent* event) {
+  mousePressEvent(event);
+  if (event->isAccepted()) emit DblClick();
+}
+
 void ClickLabel::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton && rect().contains(event->position().toPoint())) {
     emit Click();

@@ -14,11 +14,14 @@ class ClickLabel : public QLabel {
 
  signals:
   void Click();
+  /// The second press of a double click, which its own Click follows.
+  void DblClick();
 
  protected:
   void paintEvent(QPaintEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
 };
 

@@ -6,10 +6,19 @@
 #include <QKeyEvent>
 #include <QLineEdit>
 
+#include "toolkit/text_box.h"
+
 namespace rostermill {
+
+namespace {
+
+constexpr int longest_text = 32767;  // Qt's own limit
+
+}  // namespace
 
 ComboBox::ComboBox(const QString& name, ListOrder order) : DropDownList(name, order) {
   setEditable(true);
+  setLineEdit(new TextBox({}, longest_text));
   setInsertPolicy(QComboBox::NoInsert);
   setCompleter(nullptr);
   connect(lineEdit(), &QLineEdit::textChanged, this, &ComboBox::FollowText);
@@ -23,7 +32,10 @@ void ComboBox::SetText(const QString& text) {
 void ComboBox::FollowText(const QString& text) {
   if (currentIndex() < 0 || text == itemText(currentIndex())) return;
   const int cursor = lineEdit()->cursorPosition();
-  SetText(text);
+  // Qt clears the text with the selection. Entered over the entry's text, it can be undone.
+  SetText(itemText(currentIndex()));
+  lineEdit()->selectAll();
+  lineEdit()->insert(text);
   lineEdit()->setCursorPosition(cursor);
 }
 

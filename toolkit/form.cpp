@@ -9,6 +9,8 @@
 
 #include <algorithm>
 
+#include "toolkit/held_keys.h"
+
 namespace rostermill {
 
 namespace {
@@ -41,6 +43,7 @@ ChildForm::ChildForm(const QString& name, const QString& caption) {
   setObjectName(name);
   setWindowTitle(caption);
   setAttribute(Qt::WA_DeleteOnClose, false);
+  LetHeldKeysActOnce();
 }
 
 void ChildForm::CloseForm() {
@@ -92,6 +95,7 @@ void ChildForm::keyPressEvent(QKeyEvent* event) {
 }
 
 ChildArea::ChildArea() {
+  LetHeldKeysActOnce();
   setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
   // A small screen or a large font can leave a form outside; it can be scrolled to then.
   setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
@@ -131,6 +135,7 @@ DialogForm::DialogForm(QWidget* parent, const QString& name, const QString& capt
     : QDialog(parent) {
   setObjectName(name);
   setWindowTitle(caption);
+  LetHeldKeysActOnce();
 }
 
 }  // namespace rostermill

@@ -11,7 +11,7 @@ namespace rostermill {
 
 /// A modeless window inside the main window. It is created by showing it and closed by its
 /// buttons or its close box; Form_Unload runs once, whichever closes it. Enter presses the button
-/// that has the focus or else the default button, Esc the cancel button.
+/// that has the focus or else the default button, Esc the cancel button; held down they do so once.
 class ChildForm : public QWidget {
   Q_OBJECT
 

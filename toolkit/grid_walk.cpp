@@ -1,5 +1,6 @@
 #include "toolkit/grid_walk.h"
 
+#include <QAbstractButton>
 #include <QKeyEvent>
 #include <QToolTip>
 #include <QWidget>
@@ -25,13 +26,34 @@ void GridWalk::SetCurrent(int cell) {
 }
 
 bool GridWalk::eventFilter(QObject* watched, QEvent* event) {
-  const bool key = event->type() == QEvent::KeyPress;
-  if (!key && event->type() != QEvent::FocusIn) return false;
+  const QEvent::Type type = event->type();
+  const bool double_click = type == QEvent::MouseButtonDblClick;
+  if (type != QEvent::KeyPress && type != QEvent::FocusIn && !double_click) return false;
   const auto cell = std::find(cells_.begin(), cells_.end(), watched);
   if (cell == cells_.end()) return false;
   SetCurrent(static_cast<int>(cell - cells_.begin()));
-  if (!key) return false;
-  const int target = Target(static_cast<QKeyEvent*>(event)->key());
+  if (double_click) {
+    return static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton && Take();
+  }
+  if (type == QEvent::FocusIn) return false;
+  const int key = static_cast<QKeyEvent*>(event)->key();
+  if (key == Qt::Key_Return || key == Qt::Key_Enter) return Take();
+  return Walk(key);
+}
+
+void GridWalk::TakeBy(QAbstractButton* button, std::function<bool(int cell)> is_picked) {
+  button_ = button;
+  is_picked_ = std::move(is_picked);
+}
+
+bool GridWalk::Take() {
+  if (button_ == nullptr || !is_picked_(current_)) return false;
+  button_->click();
+  return true;
+}
+
+bool GridWalk::Walk(int key) {
+  const int target = Target(key);
   if (target < 0) return false;
   QWidget* next = cells_[static_cast<std::size_t>(target)];
   next->setFocus(Qt::OtherFocusReason);

@@ -2,8 +2,10 @@
 
 #include <QObject>
 
+#include <functional>
 #include <vector>
 
+class QAbstractButton;
 class QWidget;
 
 namespace rostermill {
@@ -21,15 +23,25 @@ class GridWalk : public QObject {
   /// Makes this cell, counted from 0, the one that Tab comes to.
   void SetCurrent(int cell);
 
+  /// Has Enter on the cell that is picked already press the button, and a double click as well,
+  /// whose first click picks the cell.
+  void TakeBy(QAbstractButton* button, std::function<bool(int cell)> is_picked);
+
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
   /// The cell that the key leads to; -1 when it doesn't walk.
   int Target(int key) const;
+  /// Walks to where the key leads; false when it doesn't walk.
+  bool Walk(int key);
+  /// Presses the button if the cell is the one that is picked.
+  bool Take();
 
   std::vector<QWidget*> cells_;
   int columns_;
   int current_ = 0;
+  QAbstractButton* button_ = nullptr;
+  std::function<bool(int cell)> is_picked_;
 };
 
 }  // namespace rostermill

@@ -20,7 +20,6 @@ namespace rostermill {
 
 namespace {
 
-constexpr int longest_name = 16;
 constexpr int number_buttons = 8;  // index of the pair that steps the uniform number
 constexpr int highest_number = 99;
 
@@ -43,7 +42,7 @@ EditPlayer::EditPlayer(LeagueSession& session)
 
 void EditPlayer::BuildControls() {
   lblTeam = new ElidedLabel("lblTeam");
-  txtPlayer = new TextBox("txtPlayer", longest_name);
+  txtPlayer = new TextBox("txtPlayer", LongestPlayerText);
   lblNumber = NewPlayerNumber();
   imgFace = new PictureBox("imgFace", QSize(FaceSize, FaceSize), FaceMagnification);
   imgFace->SetClickable("Photo, choose another");
@@ -175,7 +174,6 @@ void EditPlayer::btnSavePlayer_Click() {
       ToLatin1(lblNumber->text().mid(1));
   StoreRatingsAndFace();
   StoreReturners();
-  // Taken before the viewer's lists are rebuilt, which fills this form with another player.
   session_.PendingTeamName = LowerText(ToLatin1(lblTeam->text()));
   session_.PendingPlayerName = LowerText(ToLatin1(txtPlayer->Text()));
   emit PlayerSaved();

@@ -1,7 +1,6 @@
 #include "screens/players/player_photos.h"
 
 #include <QDialogButtonBox>
-#include <QKeyEvent>
 #include <QScreen>
 
 #include "screens/players/face_paths.h"
@@ -80,9 +79,9 @@ void PlayerPhotos::LayOut() {
 
 void PlayerPhotos::Connect() {
   for (int index = 0; index < page_size; ++index) {
-    imgFace[index]->installEventFilter(this);
     connect(imgFace[index], &PictureBox::Click, this, [this, index] { imgFace_Click(index); });
   }
+  walk_->TakeBy(btnOK, [this](int cell) { return SelectedFace == FaceOfCell(cell); });
   connect(radWhite, &QRadioButton::toggled, this, [this](bool on) {
     if (on) radWhite_Click();
   });
@@ -101,7 +100,7 @@ void PlayerPhotos::Form_Load() {
 void PlayerPhotos::SetFace(int face) {
   imgNew->Load(FromUtf8(FacePath(app_dir_, face)));
   SelectedFace = face;
-  // Enter takes the cell under the focus; at opening that may only be the face he has.
+  // Enter at once keeps the face that he has, also one of the other page.
   if (face < page_size) {
     imgFace[face]->setFocus();
   } else {
@@ -134,21 +133,6 @@ void PlayerPhotos::btnOK_Click() {
 
 void PlayerPhotos::btnCancel_Click() {
   reject();
-}
-
-bool PlayerPhotos::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::KeyPress) {
-    const auto* key = static_cast<QKeyEvent*>(event);
-    const bool enter = key->key() == Qt::Key_Return || key->key() == Qt::Key_Enter;
-    const auto cell = std::find(imgFace.begin(), imgFace.end(), watched);
-    if (enter && cell != imgFace.end()) {
-      if (key->isAutoRepeat()) return true;
-      imgFace_Click(static_cast<int>(cell - imgFace.begin()));
-      btnOK_Click();
-      return true;
-    }
-  }
-  return DialogForm::eventFilter(watched, event);
 }
 
 int PlayerPhotos::FaceOfCell(int index) const {

@@ -39,7 +39,6 @@ class PlayerPhotos : public DialogForm {
   void btnOK_Click();
   void btnCancel_Click();
 
-  bool eventFilter(QObject* watched, QEvent* event) override;
   /// The face of a cell on the page that is shown.
   int FaceOfCell(int index) const;
   /// Has the cells' tool tips and spoken names tell the faces of the page.

@@ -2,6 +2,7 @@
 
 #include <QDialogButtonBox>
 #include <QGridLayout>
+#include <QSignalBlocker>
 
 #include "league/league_tables.h"
 #include "screens/players/attribute_panel.h"
@@ -62,24 +63,8 @@ void ViewPlayer::Connect() {
   connect(btnOK, &QPushButton::clicked, this, &ViewPlayer::btnOK_Click);
 }
 
-void ViewPlayer::FillLists() {
-  cmbTeam->Clear();
-  cmbPlayer->Clear();
-  cmbPosition->Clear();
-  for (int team = 1; team <= TeamCount; ++team) {
-    cmbTeam->AddItem(FromLatin1(TeamListText(session_.League, team)));
-  }
-  for (int slot = 1; slot <= SlotCount; ++slot) {
-    cmbPlayer->AddItem(FromLatin1(PlayerListText(session_.League, 1, slot)));
-    cmbPosition->AddItem(FromLatin1(SlotLabels[slot]));
-  }
-  cmbTeam->SetListIndex(0);
-  cmbPlayer->SetListIndex(0);
-}
-
 void ViewPlayer::Form_Load() {
-  FillLists();
-  cmbPosition->SetListIndex(session_.CurSlot - 1);
+  ShowFirstTeam();
 }
 
 void ViewPlayer::Form_Unload() {
@@ -88,53 +73,92 @@ void ViewPlayer::Form_Unload() {
 }
 
 void ViewPlayer::cmbTeam_Click() {
-  const std::string picked = ToLatin1(cmbTeam->Text());
-  int team = 1;
-  while (team <= TeamCount && TeamListText(session_.League, team) != picked) ++team;
-  // The lists are of before another image was loaded or a team was renamed.
-  if (team > TeamCount) return FillLists();
-  session_.CurTeam = static_cast<std::int16_t>(team);
-  cmbPlayer->Clear();
-  for (int slot = 1; slot <= SlotCount; ++slot) {
-    cmbPlayer->AddItem(FromLatin1(PlayerListText(session_.League, session_.CurTeam, slot)));
-  }
-  cmbPlayer->SetListIndex(0);
-  const int formation = session_.League.TeamData[session_.CurTeam].Formation;
-  for (const auto& [index, label] : PositionLabels(formation)) {
-    cmbPosition->SetList(index, FromLatin1(label));
+  if (const int team = PickedTeam(); team != 0) {
+    FillPlayers(team);
+    ShowPlayer(team, PickedSlot(team));
+  } else {
+    ShowFirstTeam();
   }
 }
 
 void ViewPlayer::cmbPlayer_Click() {
-  const std::string picked = ToLatin1(cmbPlayer->Text());
-  int slot = 1;
-  while (slot <= SlotCount && PlayerListText(session_.League, session_.CurTeam, slot) != picked) {
-    ++slot;
+  if (const int slot = PickedSlot(session_.CurTeam); slot != 0) {
+    ShowPlayer(session_.CurTeam, slot);
+  } else {
+    ShowFirstTeam();
   }
-  if (slot > SlotCount) return FillLists();
-  session_.CurSlot = static_cast<std::int16_t>(slot);
-  cmbPosition->SetListIndex(session_.CurSlot - 1);
-  ShowFace(*imgFace, session_.AppDir, FaceOf(session_.League, session_.CurTeam, session_.CurSlot));
-  ShowNumberAndRatings();
-  if (session_.EditPlayerOpen && editor_) editor_->FillEditPlayer();
-}
-
-void ViewPlayer::ShowNumberAndRatings() {
-  lblNumber->setText(
-      FromLatin1(NumberCaption(session_.League, session_.CurTeam, session_.CurSlot)));
-  Frame1->ShowPlayer(session_.League, session_.CurTeam, session_.CurSlot);
 }
 
 void ViewPlayer::cmbPosition_Click() {
-  session_.CurSlot = static_cast<std::int16_t>(cmbPosition->ListIndex() + 1);
-  const QString wanted =
-      FromLatin1(PlayerListText(session_.League, session_.CurTeam, session_.CurSlot));
-  for (int index = 0; index < cmbPlayer->ListCount(); ++index) {
-    if (cmbPlayer->List(index) != wanted) continue;
-    if (index == cmbPlayer->ListIndex()) return cmbPlayer_Click();  // perhaps a namesake's entry
-    return cmbPlayer->SetListIndex(index);
+  const int slot = cmbPosition->ListIndex() + 1;
+  const int entry =
+      cmbPlayer->findText(FromLatin1(PlayerListText(session_.League, session_.CurTeam, slot)));
+  if (entry < 0) return ShowFirstTeam();
+  const QSignalBlocker silent(cmbPlayer);
+  cmbPlayer->SetListIndex(entry);
+  cmbPlayer_Click();
+}
+
+void ViewPlayer::FillTeams() {
+  const QSignalBlocker silent(cmbTeam);
+  cmbTeam->Clear();
+  cmbPosition->Clear();
+  for (int team = 1; team <= TeamCount; ++team) {
+    cmbTeam->AddItem(FromLatin1(TeamListText(session_.League, team)));
   }
-  FillLists();
+  for (int slot = 1; slot <= SlotCount; ++slot) {
+    cmbPosition->AddItem(FromLatin1(SlotLabels[slot]));
+  }
+  cmbTeam->SetListIndex(0);
+}
+
+void ViewPlayer::FillPlayers(int team) {
+  const QSignalBlocker silent(cmbPlayer);
+  cmbPlayer->Clear();
+  for (int slot = 1; slot <= SlotCount; ++slot) {
+    cmbPlayer->AddItem(FromLatin1(PlayerListText(session_.League, team, slot)));
+  }
+  cmbPlayer->SetListIndex(0);
+  for (const auto& [index, label] : PositionLabels(session_.League.TeamData[team].Formation)) {
+    cmbPosition->SetList(index, FromLatin1(label));
+  }
+}
+
+int ViewPlayer::PickedTeam() const {
+  const std::string picked = ToLatin1(cmbTeam->Text());
+  for (int team = 1; team <= TeamCount; ++team) {
+    if (TeamListText(session_.League, team) == picked) return team;
+  }
+  return 0;
+}
+
+int ViewPlayer::PickedSlot(int team) const {
+  const std::string picked = ToLatin1(cmbPlayer->Text());
+  for (int slot = 1; slot <= SlotCount; ++slot) {
+    if (PlayerListText(session_.League, team, slot) == picked) return slot;
+  }
+  return 0;
+}
+
+void ViewPlayer::ShowFirstTeam() {
+  FillTeams();
+  const int team = PickedTeam();
+  FillPlayers(team);
+  ShowPlayer(team, PickedSlot(team));
+}
+
+void ViewPlayer::ShowPlayer(int team, int slot) {
+  const LeagueData& league = session_.League;
+  session_.CurTeam = static_cast<std::int16_t>(team);
+  session_.CurSlot = static_cast<std::int16_t>(slot);
+  const QSignalBlocker silent_player(cmbPlayer);
+  const QSignalBlocker silent_position(cmbPosition);
+  cmbPlayer->SetListIndex(cmbPlayer->findText(FromLatin1(PlayerListText(league, team, slot))));
+  cmbPosition->SetListIndex(slot - 1);
+  ShowFace(*imgFace, session_.AppDir, FaceOf(league, team, slot));
+  lblNumber->setText(FromLatin1(NumberCaption(league, team, slot)));
+  Frame1->ShowPlayer(league, team, slot);
+  if (session_.EditPlayerOpen && editor_) editor_->FillEditPlayer();
 }
 
 void ViewPlayer::btnEdit_Click() {
@@ -150,22 +174,24 @@ void ViewPlayer::btnOK_Click() {
 }
 
 void ViewPlayer::ReselectPlayer() {
-  FillLists();
+  FillTeams();
+  const QSignalBlocker silent(cmbTeam);
   for (int index = 0; index < cmbTeam->ListCount(); ++index) {
     if (LowerText(ToLatin1(cmbTeam->List(index))) == session_.PendingTeamName) {
       cmbTeam->SetListIndex(index);
       break;
     }
   }
-  for (int slot = 1; slot <= SlotCount; ++slot) {
-    const std::string name = PlayerFullText(session_.League, session_.CurTeam, slot);
-    if (LowerText(name) == session_.PendingPlayerName) {
-      session_.CurSlot = static_cast<std::int16_t>(slot);
+  const int team = PickedTeam();
+  FillPlayers(team);
+  int slot = PickedSlot(team);
+  for (int other = 1; other <= SlotCount; ++other) {
+    if (LowerText(PlayerFullText(session_.League, team, other)) == session_.PendingPlayerName) {
+      slot = other;
       break;
     }
   }
-  cmbPosition->SetListIndex(session_.CurSlot - 1);
-  ShowNumberAndRatings();
+  ShowPlayer(team, slot);
 }
 
 }  // namespace rostermill

@@ -33,11 +33,24 @@ class ViewPlayer : public ChildForm {
   void btnEdit_Click();
   void btnOK_Click();
 
-  /// Rebuilds the lists after the editor has stored a player, and selects him again by his name.
+  /// Rebuilds the lists after the editor has stored a player, and shows the player who has the
+  /// pending name; of namesakes the one with the lower slot.
   void ReselectPlayer();
 
-  void FillLists();
-  void ShowNumberAndRatings();
+  /// Fills the lists of teams and positions and selects the team that sorts first.
+  void FillTeams();
+  /// Fills the list of the team's players, selects the one who sorts first, and labels the
+  /// positions for the team's formation.
+  void FillPlayers(int team);
+  /// The team or slot whose text is selected; 0 if the league has none, because the list was filled
+  /// before another image was loaded or a name was changed. Of equal texts the lowest counts.
+  int PickedTeam() const;
+  int PickedSlot(int team) const;
+  /// Fills all lists and shows the first player of the first team.
+  void ShowFirstTeam();
+  /// Makes this player the current one and shows him here and in the editor. cmbPlayer must list
+  /// his team. Changes of the lists' selections raise no events.
+  void ShowPlayer(int team, int slot);
 
   LeagueSession& session_;
   QPointer<EditPlayer> editor_;

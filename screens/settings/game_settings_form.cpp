@@ -25,10 +25,11 @@ frmEditGameSettings::frmEditGameSettings(LeagueSession& session)
 }
 
 void frmEditGameSettings::BuildControls() {
-  txtRosterYear = new TextBox("txtRosterYear", year_length);
+  txtRosterYear = new TextBox("txtRosterYear", year_length, ControlCharacters::Kept);
   txtRosterYear->setFont(FixedFont());
   for (int text = 0; text < 3; ++text) {
-    txtLeague.Add(new TextBox({}, league_text_length))->setFont(FixedFont());
+    txtLeague.Add(new TextBox({}, league_text_length, ControlCharacters::Kept));
+    txtLeague[text]->setFont(FixedFont());
   }
   cmdOK = NewButton("cmdOK", "OK");
   SetDefaultButton(cmdOK);

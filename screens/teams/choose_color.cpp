@@ -68,6 +68,7 @@ void ChooseColor::Connect() {
   for (int index = 0; index < PaletteSize; ++index) {
     connect(picColor[index], &PictureBox::Click, this, [this, index] { picColor_Click(index); });
   }
+  walk_->TakeBy(btnOK, [this](int cell) { return cell == CurrentColor; });
   connect(btnOK, &QPushButton::clicked, this, &ChooseColor::btnOK_Click);
   connect(btnCancel, &QPushButton::clicked, this, &ChooseColor::btnCancel_Click);
 }
@@ -80,9 +81,13 @@ void ChooseColor::Form_Load() {
   for (int index = 0; index < PaletteSize; ++index) {
     ShowColor(*picColor[index], session_.League, index);
   }
-  const int start = CurrentColor < PaletteSize ? CurrentColor : 0;
-  walk_->SetCurrent(start);
-  picColor[start]->setFocus();
+  if (CurrentColor < PaletteSize) {
+    walk_->SetCurrent(CurrentColor);
+    picColor[CurrentColor]->setFocus();
+  } else {
+    // Enter at once keeps the color, which no box shows.
+    btnOK->setFocus();
+  }
 }
 
 void ChooseColor::CentreOnScreen() {

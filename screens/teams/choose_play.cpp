@@ -74,6 +74,10 @@ void ChoosePlay::Connect() {
     connect(picRun[choice], &PictureBox::Click, this, [this, choice] { picRun_Click(choice); });
     // A play without a picture is picked by its name.
     connect(lblName[choice], &ClickLabel::Click, this, [this, choice] { picRun_Click(choice); });
+    connect(lblName[choice], &ClickLabel::DblClick, this, [this, choice] {
+      picRun_Click(choice);
+      btnOK_Click();
+    });
   }
   connect(btnOK, &QPushButton::clicked, this, &ChoosePlay::btnOK_Click);
   connect(btnCancel, &QPushButton::clicked, this, &ChoosePlay::btnCancel_Click);
@@ -91,10 +95,16 @@ void ChoosePlay::Form_Load() {
     lblName[choice]->setFocusPolicy(pictured ? Qt::NoFocus : Qt::StrongFocus);
     lblName[choice]->setText(name);
   }
-  new GridWalk(cells, columns, this);
+  auto* walk = new GridWalk(cells, columns, this);
+  walk->TakeBy(btnOK, [this](int cell) { return cell == session_.PlayChoice; });
   const int stored = session_.League.TeamPlays[session_.ViewTeam][slot_];
   ShowChoice(stored);
-  if (stored < choices) FocusPlay(stored);
+  if (stored < choices) {
+    FocusPlay(stored);
+  } else {
+    // Enter at once keeps the play, which no picture shows.
+    btnOK->setFocus();
+  }
 }
 
 void ChoosePlay::ShowChoice(int choice) {

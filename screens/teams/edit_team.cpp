@@ -6,6 +6,7 @@
 #include <QStyle>
 
 #include "league/team_data.h"
+#include "screens/players/text_forms.h"
 #include "screens/teams/choose_color.h"
 #include "screens/teams/choose_play.h"
 #include "screens/teams/play_forms.h"
@@ -18,17 +19,21 @@ namespace rostermill {
 
 namespace {
 
-constexpr int longest_text = 15;
 constexpr int color_buttons = 4;
 constexpr int play_buttons = 8;
 constexpr int plays_per_column = 4;
 
-/// Shows a text in upper case with the caret behind it, and gives it back.
+QString UpperCase(const QString& text) {
+  return FromLatin1(UpperText(ToLatin1(text)));
+}
+
+/// Has a box show its text in upper case with the caret at the end, and returns the text.
 std::string UpperCaseBox(TextBox& box) {
-  std::string text = UpperText(ToLatin1(box.Text()));
-  box.SetText(FromLatin1(text));
+  // What the user enters is in upper case already, and could not be undone after a SetText.
+  const QString text = UpperCase(box.Text());
+  if (text != box.Text()) box.SetText(text);
   box.setCursorPosition(static_cast<int>(text.size()));
-  return text;
+  return ToLatin1(text);
 }
 
 template <typename Colors>
@@ -48,9 +53,10 @@ EditTeam::EditTeam(LeagueSession& session) : ChildForm("EditTeam", "Edit Team"),
 }
 
 void EditTeam::BuildControls() {
-  txtCity = new TextBox("txtCity", longest_text);
-  txtName = new TextBox("txtName", longest_text);
+  txtCity = new TextBox("txtCity", LongestCity);
+  txtName = new TextBox("txtName", LongestCity);
   txtAbbreviation = new TextBox("txtAbbreviation", AbbreviationLength);
+  for (TextBox* box : {txtCity, txtName, txtAbbreviation}) box->SetEnteredForm(UpperCase);
   for (int i = 0; i < color_buttons; ++i) {
     ElidedButton* button = btnChange.Add(new ElidedButton("unkown", "Bright Magenta"));
     button->setIconSize(ColorIconSize(SwatchSide));
@@ -183,14 +189,14 @@ void EditTeam::Form_Unload() {
 void EditTeam::LoadTeam() {
   FillWorkingCopies(session_);
   cmbFormation->SetListIndex(session_.League.TeamData[session_.ViewTeam].Formation);
+  txtCity->SetText(FromLatin1(session_.PreviewCity));
+  txtName->SetText(FromLatin1(session_.PreviewName));
+  txtAbbreviation->SetText(FromLatin1(session_.PreviewAbbreviation));
   FillEditTeam();
 }
 
 void EditTeam::FillEditTeam() {
   ShowJerseyColors();
-  txtCity->SetText(FromLatin1(session_.PreviewCity));
-  txtName->SetText(FromLatin1(session_.PreviewName));
-  txtAbbreviation->SetText(FromLatin1(session_.PreviewAbbreviation));
   ShowTextRoom();
   const TeamRec& team = session_.League.TeamData[session_.ViewTeam];
   ShowChampColors(picDivChamp, session_.League, team.DivChampColors);
@@ -286,7 +292,6 @@ void EditTeam::btnSave_Click() {
     session_.League.TeamData[session_.ViewTeam].Formation =
         static_cast<std::uint8_t>(cmbFormation->ListIndex());
   }
-  // Taken before the viewer's list is rebuilt, which fills this form with another team.
   const std::string list_text =
       UpperText(ToLatin1(txtCity->Text())) + " " + UpperText(ToLatin1(txtName->Text()));
   emit TeamSaved(FromLatin1(list_text));

@@ -50,7 +50,8 @@ class EditTeam : public ChildForm {
   void btnSave_Click();
   void btnCancel_Click();
 
-  /// Shows the working copies and the champion colours of the team on view.
+  /// Shows the champion colours of the team on view and its working copies, but for the three
+  /// texts, which their boxes show already.
   void FillEditTeam();
   void ShowJerseyColors();
   void ShowTextRoom();

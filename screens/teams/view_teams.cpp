@@ -4,6 +4,7 @@
 #include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QGroupBox>
+#include <QSignalBlocker>
 
 #include <cerrno>
 #include <exception>
@@ -128,6 +129,7 @@ void ViewTeams::Connect() {
 }
 
 void ViewTeams::FillList() {
+  const QSignalBlocker silent(cmbTeam);
   cmbTeam->Clear();
   for (int team = 1; team <= TeamCount; ++team) {
     cmbTeam->AddItem(FromLatin1(TeamListText(session_.League, team)));
@@ -138,6 +140,7 @@ void ViewTeams::FillList() {
 void ViewTeams::Form_Load() {
   session_.EditTeamOpen = false;
   FillList();
+  cmbTeam_Click();
 }
 
 void ViewTeams::Form_Unload() {
@@ -146,8 +149,14 @@ void ViewTeams::Form_Unload() {
 }
 
 void ViewTeams::cmbTeam_Click() {
+  const std::string picked = ToLatin1(cmbTeam->Text());
+  int picked_team = session_.ViewTeam;
+  // Of two teams with the same text the later one is shown.
+  for (int team = 1; team <= TeamCount; ++team) {
+    if (TeamListText(session_.League, team) == picked) picked_team = team;
+  }
   try {
-    ShowTeam();
+    ShowTeam(picked_team);
   } catch (const std::exception& error) {
     const bool no_memory = dynamic_cast<const std::bad_alloc*>(&error) != nullptr;
     ShowMessageBox(this, QMessageBox::Warning,
@@ -156,15 +165,9 @@ void ViewTeams::cmbTeam_Click() {
   }
 }
 
-void ViewTeams::ShowTeam() {
-  const std::string picked = ToLatin1(cmbTeam->Text());
-  // Of two teams with the same text the later one is shown.
-  for (int team = 1; team <= TeamCount; ++team) {
-    if (TeamListText(session_.League, team) == picked) {
-      session_.ViewTeam = static_cast<std::int16_t>(team);
-    }
-  }
-  const TeamRec& team = session_.League.TeamData[session_.ViewTeam];
+void ViewTeams::ShowTeam(int number) {
+  session_.ViewTeam = static_cast<std::int16_t>(number);
+  const TeamRec& team = session_.League.TeamData[number];
   lblInfo[0]->SetText(" " + FromLatin1(team.City));
   lblInfo[1]->SetText(" " + FromLatin1(team.Nickname));
   lblInfo[2]->SetText(" " + FromLatin1(team.Abbreviation));
@@ -208,9 +211,11 @@ void ViewTeams::btnOK_Click() {
 
 void ViewTeams::ReselectTeam(const QString& list_text) {
   FillList();
+  const QSignalBlocker silent(cmbTeam);
   for (int index = 0; index < cmbTeam->ListCount(); ++index) {
     if (cmbTeam->List(index) == list_text) cmbTeam->SetListIndex(index);
   }
+  cmbTeam_Click();
 }
 
 }  // namespace rostermill

@@ -36,11 +36,14 @@ class ViewTeams : public ChildForm {
   void btnEdit_Click();
   void btnOK_Click();
 
-  /// Rebuilds the list after the editor has stored the team, and selects it by its new text.
+  /// Rebuilds the list after the editor has stored the team, and selects and shows it by its new
+  /// text.
   void ReselectTeam(const QString& list_text);
 
+  /// Fills the list and selects the team that sorts first. Raises no event.
   void FillList();
-  void ShowTeam();
+  /// Makes this team, 1 to 28, the one on view and shows it here and in the editor.
+  void ShowTeam(int number);
   void ShowColors();
   void ShowPlays();
 

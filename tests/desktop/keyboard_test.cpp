@@ -196,11 +196,12 @@ TEST_F(AllForms, TheKeysOfChildWindowsWork) {
   EXPECT_EQ(Area().subWindowList().size(), 1);
 }
 
-/// Drags a file over the main window and lets it go; whether the window took it.
+/// Drags a file over the main window or a control in it and lets it go; whether it was taken.
 bool Drop(QWidget& window, const QString& path) {
   QMimeData file;
   file.setUrls({QUrl::fromLocalFile(path)});
-  const QPoint place(100, 100);
+  file.setText(path);  // as file managers do
+  const QPoint place(2, 2);
   QDragEnterEvent enter(place, Qt::CopyAction, &file, Qt::LeftButton, Qt::NoModifier);
   enter.setAccepted(false);
   QCoreApplication::sendEvent(&window, &enter);
@@ -219,6 +220,19 @@ TEST_F(AllForms, ADroppedImageIsLoadedAsByTheCommand) {
   EXPECT_TRUE(Drop(window_, QString::fromStdString(other)));
   EXPECT_EQ(session_.ImagePath, other);
   EXPECT_EQ(window_.GetRecentFiles()[0].toStdString(), other);
+
+  Pick("mSchEdit");
+  Pick("mnuEditGameSettings");
+  const QList<QLineEdit*> boxes = window_.findChildren<QLineEdit*>();
+  EXPECT_EQ(boxes.size(), 28 + 4);
+  for (QLineEdit* box : {boxes.front(), boxes.back()}) {
+    const QString before = box->text();
+    EXPECT_FALSE(Drop(*box, QString::fromStdString(BinFolder() + "colors.txt")));
+    WriteFile(path_, SampleBytes());
+    EXPECT_TRUE(Drop(*box, QString::fromStdString(session_.ImagePath == path_ ? other : path_)));
+    EXPECT_EQ(session_.ImagePath, box == boxes.front() ? path_ : other);
+    EXPECT_EQ(box->text(), before) << NameOf(box);
+  }
 
   WriteFile(folder_.Path("text.nes"), std::string("no image"));
   QString text;

@@ -11,16 +11,19 @@ namespace rostermill::test {
 void ForEachFault(const std::vector<SystemCall>& trace, Effect kind, int number,
                   const std::function<void(const Fault&)>& one_case) {
   for (const auto& [call, count] : CountsOf(trace)) {
-    if (kind == Effect::Short && call != "write" && call != "read") continue;
+    if (kind == Effect::Short && call != "write" && call != "pread") continue;
+    if (kind == Effect::Lie && call != "write") continue;
     for (int at = 1; at <= count; ++at) {
       one_case({call, at, false, kind, number});
-      if (kind != Effect::Kill) one_case({call, at, true, kind, number});
+      if (kind != Effect::Kill && kind != Effect::Hold) one_case({call, at, true, kind, number});
     }
   }
 }
 
 std::string TextOf(const Fault& fault) {
   const char* effect = fault.Kind == Effect::Kill    ? "killed"
+                       : fault.Kind == Effect::Hold  ? "held"
+                       : fault.Kind == Effect::Lie   ? "a lie"
                        : fault.Kind == Effect::Short ? "short"
                                                      : std::strerror(fault.Number);
   return fault.Call + " " + std::to_string(fault.At) + (fault.Onward ? " and on: " : ": ") + effect;
@@ -35,6 +38,18 @@ bool KilledWhile(const std::function<void()>& act) {
   int status = 0;
   waitpid(child, &status, 0);
   return WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
+}
+
+bool HeldWhile(const std::function<bool()>& act, const std::function<void()>& meanwhile) {
+  const pid_t child = fork();
+  if (child == 0) _exit(act() ? 0 : 1);
+  int status = 0;
+  waitpid(child, &status, WUNTRACED);
+  if (!WIFSTOPPED(status)) return false;
+  meanwhile();
+  kill(child, SIGCONT);
+  waitpid(child, &status, 0);
+  return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
 }  // namespace rostermill::test

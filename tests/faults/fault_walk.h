@@ -17,4 +17,8 @@ std::string TextOf(const Fault& fault);
 /// Runs `act` in a child process and waits; true when SIGKILL ended it.
 bool KilledWhile(const std::function<void()>& act);
 
+/// Runs `act` in a child process up to Effect::Hold, then `meanwhile` in this one, then the rest of
+/// `act`; true when it was held and has given true.
+bool HeldWhile(const std::function<bool()>& act, const std::function<void()>& meanwhile);
+
 }  // namespace rostermill::test

@@ -6,10 +6,11 @@
 #include <cstdlib>
 #include <utility>
 
-#include <dirent.h>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 namespace rostermill::test {
@@ -54,28 +55,30 @@ long AsNumber(Result result) {
 
 /// Makes the call unless the fault says otherwise, and records it.
 template <typename Make>
-auto Through(SystemCall call, decltype(std::declval<Make>()(false)) failure, Make make) {
-  if (!recording) return make(false);
+auto Through(SystemCall call, decltype(std::declval<Make>()(nullptr)) failure, Make make) {
+  if (!recording) return make(nullptr);
   const Fault* fault = FaultOfNext(call.Name);
   if (fault != nullptr && fault->Kind == Effect::Kill) kill(getpid(), SIGKILL);
+  if (fault != nullptr && fault->Kind == Effect::Hold) raise(SIGSTOP);
   auto result = failure;
   if (fault != nullptr && fault->Kind == Effect::Error) {
     // A handle that can't be closed properly is gone all the same.
-    if (call.Name == "close") make(false);
+    if (call.Name == "close") make(nullptr);
     errno = fault->Number;
   } else {
-    result = make(fault != nullptr);
+    result = make(fault);
   }
   const int number = errno;
   call.Result = AsNumber(result);
-  if (call.Name == "open" || call.Name == "open64") call.Handle = static_cast<int>(call.Result);
+  if (call.Name == "open") call.Handle = static_cast<int>(call.Result);
   calls.push_back(std::move(call));
   errno = number;
   return result;
 }
 
-std::size_t Cut(std::size_t count, bool half) {
-  return half && count > 1 ? count / 2 : count;
+std::size_t Cut(std::size_t count, const Fault* fault) {
+  const bool cut = fault != nullptr && (fault->Kind == Effect::Short || fault->Kind == Effect::Lie);
+  return cut && count > 1 ? count / 2 : count;
 }
 
 std::string TextOf(const char* text) {
@@ -110,150 +113,144 @@ std::map<std::string, int> CountsOf(const std::vector<SystemCall>& made) {
 }  // namespace rostermill::test
 
 using rostermill::test::Cut;
+using rostermill::test::Effect;
+using rostermill::test::Fault;
 using rostermill::test::Next;
 using rostermill::test::TextOf;
 using rostermill::test::Through;
-
-namespace {
-
-int OpenThrough(const char* name, const char* path, int flags, mode_t mode) {
-  return Through({name, -1, TextOf(path), {}, 0}, -1,
-                 [&](bool) { return Next<int(const char*, int, ...)>(name)(path, flags, mode); });
-}
-
-mode_t ModeOf(int flags, va_list rest) {
-  // The callers start the list.
-  // NOLINTNEXTLINE(clang-analyzer-valist.Uninitialized)
-  return (flags & (O_CREAT | O_TMPFILE)) != 0 ? va_arg(rest, mode_t) : 0;
-}
-
-}  // namespace
 
 extern "C" {
 
 int open(const char* path, int flags, ...) {
   va_list rest;
   va_start(rest, flags);
-  const mode_t mode = ModeOf(flags, rest);
+  const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(rest, mode_t) : 0;
   va_end(rest);
-  return OpenThrough("open", path, flags, mode);
+  return Through({"open", -1, TextOf(path), {}, 0}, -1,
+                 [&](auto) { return Next<int(const char*, int, ...)>("open")(path, flags, mode); });
 }
 
-int open64(const char* path, int flags, ...) {
-  va_list rest;
-  va_start(rest, flags);
-  const mode_t mode = ModeOf(flags, rest);
-  va_end(rest);
-  return OpenThrough("open64", path, flags, mode);
+int openat(int folder, const char* path, int flags, ...) {
+  return Through({"openat", -1, TextOf(path), {}, 0}, -1, [&](auto) {
+    return Next<int(int, const char*, int, ...)>("openat")(folder, path, flags);
+  });
 }
 
-ssize_t read(int handle, void* bytes, size_t count) {
-  return Through({"read", handle, {}, {}, 0}, ssize_t{-1}, [&](bool half) {
-    return Next<ssize_t(int, void*, size_t)>("read")(handle, bytes, Cut(count, half));
+ssize_t pread(int handle, void* bytes, size_t count, off_t offset) {
+  return Through({"pread", handle, {}, {}, 0}, ssize_t{-1}, [&](const Fault* fault) {
+    return Next<ssize_t(int, void*, size_t, off_t)>("pread")(handle, bytes, Cut(count, fault),
+                                                             offset);
   });
 }
 
 ssize_t write(int handle, const void* bytes, size_t count) {
-  return Through({"write", handle, {}, {}, 0}, ssize_t{-1}, [&](bool half) {
-    return Next<ssize_t(int, const void*, size_t)>("write")(handle, bytes, Cut(count, half));
+  return Through({"write", handle, {}, {}, 0}, ssize_t{-1}, [&](const Fault* fault) {
+    const ssize_t done =
+        Next<ssize_t(int, const void*, size_t)>("write")(handle, bytes, Cut(count, fault));
+    const bool lie = fault != nullptr && fault->Kind == Effect::Lie && done >= 0;
+    return lie ? static_cast<ssize_t>(count) : done;
   });
 }
 
 int close(int handle) {
   return Through({"close", handle, {}, {}, 0}, -1,
-                 [&](bool) { return Next<int(int)>("close")(handle); });
+                 [&](auto) { return Next<int(int)>("close")(handle); });
 }
 
 int fsync(int handle) {
   return Through({"fsync", handle, {}, {}, 0}, -1,
-                 [&](bool) { return Next<int(int)>("fsync")(handle); });
+                 [&](auto) { return Next<int(int)>("fsync")(handle); });
 }
 
-int fdatasync(int handle) {
-  return Through({"fdatasync", handle, {}, {}, 0}, -1,
-                 [&](bool) { return Next<int(int)>("fdatasync")(handle); });
+int syncfs(int handle) noexcept {
+  return Through({"syncfs", handle, {}, {}, 0}, -1,
+                 [&](auto) { return Next<int(int)>("syncfs")(handle); });
 }
 
-off64_t lseek64(int handle, off64_t offset, int whence) noexcept {
-  return Through({"lseek64", handle, {}, {}, 0}, off64_t{-1}, [&](bool) {
-    return Next<off64_t(int, off64_t, int)>("lseek64")(handle, offset, whence);
-  });
+int flock(int handle, int operation) noexcept {
+  return Through({"flock", handle, {}, {}, 0}, -1,
+                 [&](auto) { return Next<int(int, int)>("flock")(handle, operation); });
 }
 
 int fchmod(int handle, mode_t mode) noexcept {
   return Through({"fchmod", handle, {}, {}, 0}, -1,
-                 [&](bool) { return Next<int(int, mode_t)>("fchmod")(handle, mode); });
+                 [&](auto) { return Next<int(int, mode_t)>("fchmod")(handle, mode); });
 }
 
 int fchown(int handle, uid_t user, gid_t group) noexcept {
   return Through({"fchown", handle, {}, {}, 0}, -1,
-                 [&](bool) { return Next<int(int, uid_t, gid_t)>("fchown")(handle, user, group); });
+                 [&](auto) { return Next<int(int, uid_t, gid_t)>("fchown")(handle, user, group); });
 }
 
-int linkat(int from_folder, const char* from, int to_folder, const char* to, int flags) noexcept {
-  return Through({"linkat", -1, TextOf(from), TextOf(to), 0}, -1, [&](bool) {
-    return Next<int(int, const char*, int, const char*, int)>("linkat")(from_folder, from,
-                                                                        to_folder, to, flags);
+ssize_t listxattr(const char* path, char* names, size_t size) noexcept {
+  return Through({"listxattr", -1, TextOf(path), {}, 0}, ssize_t{-1}, [&](auto) {
+    return Next<ssize_t(const char*, char*, size_t)>("listxattr")(path, names, size);
   });
+}
+
+ssize_t getxattr(const char* path, const char* name, void* value, size_t size) noexcept {
+  return Through({"getxattr", -1, TextOf(path), TextOf(name), 0}, ssize_t{-1}, [&](auto) {
+    return Next<ssize_t(const char*, const char*, void*, size_t)>("getxattr")(path, name, value,
+                                                                              size);
+  });
+}
+
+ssize_t fgetxattr(int handle, const char* name, void* value, size_t size) noexcept {
+  return Through({"fgetxattr", handle, {}, TextOf(name), 0}, ssize_t{-1}, [&](auto) {
+    return Next<ssize_t(int, const char*, void*, size_t)>("fgetxattr")(handle, name, value, size);
+  });
+}
+
+int fsetxattr(int handle, const char* name, const void* value, size_t size, int flags) noexcept {
+  return Through({"fsetxattr", handle, {}, TextOf(name), 0}, -1, [&](auto) {
+    return Next<int(int, const char*, const void*, size_t, int)>("fsetxattr")(handle, name, value,
+                                                                              size, flags);
+  });
+}
+
+int fremovexattr(int handle, const char* name) noexcept {
+  return Through({"fremovexattr", handle, {}, TextOf(name), 0}, -1,
+                 [&](auto) { return Next<int(int, const char*)>("fremovexattr")(handle, name); });
 }
 
 int rename(const char* from, const char* to) noexcept {
   return Through({"rename", -1, TextOf(from), TextOf(to), 0}, -1,
-                 [&](bool) { return Next<int(const char*, const char*)>("rename")(from, to); });
+                 [&](auto) { return Next<int(const char*, const char*)>("rename")(from, to); });
 }
 
 int unlink(const char* path) noexcept {
   return Through({"unlink", -1, TextOf(path), {}, 0}, -1,
-                 [&](bool) { return Next<int(const char*)>("unlink")(path); });
+                 [&](auto) { return Next<int(const char*)>("unlink")(path); });
 }
 
 int stat(const char* path, struct stat* facts) noexcept {
   return Through({"stat", -1, TextOf(path), {}, 0}, -1,
-                 [&](bool) { return Next<int(const char*, struct stat*)>("stat")(path, facts); });
+                 [&](auto) { return Next<int(const char*, struct stat*)>("stat")(path, facts); });
 }
 
-int stat64(const char* path, struct stat64* facts) noexcept {
-  return Through({"stat64", -1, TextOf(path), {}, 0}, -1, [&](bool) {
-    return Next<int(const char*, struct stat64*)>("stat64")(path, facts);
-  });
+int lstat(const char* path, struct stat* facts) noexcept {
+  return Through({"lstat", -1, TextOf(path), {}, 0}, -1,
+                 [&](auto) { return Next<int(const char*, struct stat*)>("lstat")(path, facts); });
 }
 
-int lstat64(const char* path, struct stat64* facts) noexcept {
-  return Through({"lstat64", -1, TextOf(path), {}, 0}, -1, [&](bool) {
-    return Next<int(const char*, struct stat64*)>("lstat64")(path, facts);
-  });
-}
-
-int fstat64(int handle, struct stat64* facts) noexcept {
-  return Through({"fstat64", handle, {}, {}, 0}, -1,
-                 [&](bool) { return Next<int(int, struct stat64*)>("fstat64")(handle, facts); });
-}
-
-int statx(int folder, const char* path, int flags, unsigned mask, struct statx* facts) noexcept {
-  return Through({"statx", -1, TextOf(path), {}, 0}, -1, [&](bool) {
-    return Next<int(int, const char*, int, unsigned, struct statx*)>("statx")(folder, path, flags,
-                                                                              mask, facts);
-  });
+int fstat(int handle, struct stat* facts) noexcept {
+  return Through({"fstat", handle, {}, {}, 0}, -1,
+                 [&](auto) { return Next<int(int, struct stat*)>("fstat")(handle, facts); });
 }
 
 int access(const char* path, int mode) noexcept {
   return Through({"access", -1, TextOf(path), {}, 0}, -1,
-                 [&](bool) { return Next<int(const char*, int)>("access")(path, mode); });
+                 [&](auto) { return Next<int(const char*, int)>("access")(path, mode); });
 }
 
 char* realpath(const char* path, char* resolved) noexcept {
   return Through({"realpath", -1, TextOf(path), {}, 0}, static_cast<char*>(nullptr),
-                 [&](bool) { return Next<char*(const char*, char*)>("realpath")(path, resolved); });
+                 [&](auto) { return Next<char*(const char*, char*)>("realpath")(path, resolved); });
 }
 
 ssize_t readlink(const char* path, char* bytes, size_t count) noexcept {
-  return Through({"readlink", -1, TextOf(path), {}, 0}, ssize_t{-1}, [&](bool) {
+  return Through({"readlink", -1, TextOf(path), {}, 0}, ssize_t{-1}, [&](auto) {
     return Next<ssize_t(const char*, char*, size_t)>("readlink")(path, bytes, count);
   });
-}
-
-DIR* opendir(const char* path) {
-  return Through({"opendir", -1, TextOf(path), {}, 0}, static_cast<DIR*>(nullptr),
-                 [&](bool) { return Next<DIR*(const char*)>("opendir")(path); });
 }
 }

@@ -12,6 +12,8 @@ namespace rostermill::test {
 enum class Effect {
   Error,  ///< the call isn't made and fails with Fault::Number
   Short,  ///< a read or a write does half of what it is asked; other calls aren't touched
+  Lie,    ///< a write does the same, and says that it has done all
+  Hold,   ///< the process stops (SIGSTOP) before the call, and then makes it
   Kill,   ///< the process ends by SIGKILL before the call
 };
 
@@ -27,7 +29,7 @@ struct SystemCall {
   std::string Name;
   int Handle = -1;   ///< the one it works on or gave
   std::string Path;  ///< empty for a call on a handle
-  std::string To;    ///< of a rename or a link
+  std::string To;    ///< of a rename; the name of an attribute
   long Result = 0;   ///< as the caller saw it
 };
 

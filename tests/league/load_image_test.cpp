@@ -103,16 +103,19 @@ TEST_F(LoadImageTest, WhatIsNoImageIsTurnedAwayAndTheLeagueStays) {
                                        "393,232 bytes.");
 }
 
-TEST_F(LoadImageTest, APathThatNamesNoFileIsTurnedAwayAndNoFileIsLeft) {
-  for (const std::string& path : {folder_.Path("missing.nes"), folder_.Path()}) {
+TEST_F(LoadImageTest, APathThatNamesNoRegularFileIsTurnedAwayAndNoFileIsLeft) {
+  const std::string missing = folder_.Path("missing.nes");
+  const std::string pipe = folder_.Path("pipe.nes");  // it would never answer
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  for (const std::string& path : {missing, folder_.Path(), pipe, std::string("/dev/null")}) {
     session_.ImagePath = path;
+    host_.messages.clear();
     EXPECT_EQ(LoadImage(session_, host_), LoadOutcome::Rejected) << path;
+    const std::string reason = "\n\n" + path + " is not a regular file.";
+    EXPECT_EQ(host_.messages.at(0),
+              "Error: Not a valid ROM file!" + (path == missing ? "" : reason));
   }
-  EXPECT_FALSE(std::filesystem::exists(folder_.Path("missing.nes")));
-
-  ASSERT_EQ(mkfifo(folder_.Path("pipe.nes").c_str(), 0600), 0);
-  session_.ImagePath = folder_.Path("pipe.nes");
-  EXPECT_EQ(LoadImage(session_, host_), LoadOutcome::Rejected) << "a pipe would never answer";
+  EXPECT_FALSE(std::filesystem::exists(missing));
 }
 
 TEST_F(LoadImageTest, TheProgramsFolderIsAskedForUntilThePaletteIsThere) {

@@ -109,7 +109,7 @@ TEST(PlayerNames, FilledToTheLastByteIsSavedAndOneMoreIsRefused) {
   ASSERT_TRUE(overflow.has_value());
   EXPECT_EQ(*overflow,
             "The players' names are too long for the image: they need 10,552 bytes, and it has "
-            "room for 10,550 bytes. 2 letters must go.");
+            "room for 10,550 bytes. Shorten them by 2 letters.");
 }
 
 }  // namespace

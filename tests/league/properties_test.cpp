@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <cstdlib>
-
 #include "league/save_image.h"
 #include "tests/support/damage.h"
 #include "tests/support/random_league.h"
@@ -11,12 +9,6 @@ namespace rostermill::test {
 namespace {
 
 using Bytes = std::vector<std::uint8_t>;
-
-/// Leagues a test; ROSTERMILL_LEAGUES sets another number.
-int LeagueTotal(int otherwise) {
-  const char* text = std::getenv("ROSTERMILL_LEAGUES");
-  return text != nullptr ? std::atoi(text) : otherwise;
-}
 
 TEST(Properties, AnyLeagueSurvivesASaveOverAnyImage) {
   for (int seed = 1; seed <= LeagueTotal(2000); ++seed) {

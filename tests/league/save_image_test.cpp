@@ -4,6 +4,7 @@
 
 #include <csignal>
 #include <filesystem>
+#include <fstream>
 #include <set>
 
 #include "league/load_image.h"
@@ -122,6 +123,22 @@ TEST_F(SaveImageTest, WhatLiesOutsideTheSectionsAndBehindTheImageIsKept) {
   EXPECT_EQ((Bytes{saved.end() - 3, saved.end()}), (Bytes{1, 2, 3}));
 }
 
+TEST_F(SaveImageTest, AHugeFileIsCopiedWithTheWindowAlive) {
+  EXPECT_EQ(Save(), SaveOutcome::Saved);
+  const int usual = host_.yields;
+  constexpr int megabytes = 8;
+  fs::resize_file(path_, megabytes << 20);
+  std::fstream file(path_, std::ios::in | std::ios::out | std::ios::binary);
+  file.seekp((megabytes << 20) - 3).write("end", 3);
+  file.close();
+  host_.yields = 0;
+  EXPECT_EQ(Save(), SaveOutcome::Saved);
+  EXPECT_GT(host_.yields, usual + megabytes);
+  const Bytes saved = FileBytes(path_);
+  ASSERT_EQ(saved.size(), std::size_t{megabytes} << 20);
+  EXPECT_EQ((Bytes{saved.end() - 4, saved.end()}), (Bytes{0, 'e', 'n', 'd'}));
+}
+
 TEST_F(SaveImageTest, ALinkStaysALinkAndPermissionsStay) {
   fs::create_directory(folder_.Path("real"));
   fs::rename(path_, folder_.Path("real/image.nes"));
@@ -140,12 +157,12 @@ TEST_F(SaveImageTest, TextsThatDontFitAreRefusedBeforeTheFileIsTouched) {
   EXPECT_EQ(Save(), SaveOutcome::Refused);
   EXPECT_EQ(fs::last_write_time(path_), written);
   ASSERT_EQ(host_.messages.size(), 1u);
-  EXPECT_NE(host_.messages[0].find("letters must go.\n\nNothing was written."), std::string::npos);
+  EXPECT_NE(host_.messages[0].find(" letters.\n\nNothing was written."), std::string::npos);
   EXPECT_EQ(host_.beeps, 0);
   EXPECT_FALSE(host_.busy);
 }
 
-TEST_F(SaveImageTest, AMissingOrShortTargetIsRefusedAndNotMade) {
+TEST_F(SaveImageTest, AMissingShortOrOddTargetIsRefusedAndNotMade) {
   WriteFile(path_, Bytes(100));
   EXPECT_EQ(Save(), SaveOutcome::Refused);
   EXPECT_NE(host_.messages.back().find("it is 100 bytes long"), std::string::npos);
@@ -156,6 +173,11 @@ TEST_F(SaveImageTest, AMissingOrShortTargetIsRefusedAndNotMade) {
   EXPECT_NE(host_.messages.back().find("No such file or directory.\n\nA save needs the image"),
             std::string::npos);
   EXPECT_TRUE(Names().empty());
+
+  fs::create_directory(path_);
+  EXPECT_EQ(Save(), SaveOutcome::Refused);
+  EXPECT_NE(host_.messages.back().find("could not be saved: it is not a regular file."),
+            std::string::npos);
 }
 
 TEST_F(SaveImageTest, FilesAndFoldersThatCannotBeWrittenKeepTheOldImage) {

@@ -130,7 +130,7 @@ TEST(TeamData, TheTextBlockMayBeFilledToTheEndOfItsBankAndNoFurther) {
   league.TeamData[28].Nickname += "X";
   EXPECT_EQ(TextOverflow(league),
             "The teams' cities and names are too long for the image: they need 661 bytes, and it "
-            "has room for 660 bytes. 1 letter must go.");
+            "has room for 660 bytes. Shorten them by 1 letter.");
 }
 
 }  // namespace

@@ -25,8 +25,8 @@ class FakeHost : public PipelineHost {
   std::vector<std::string> prompts;
 
   void SetBusy(bool on) override { busy = on; }
-  void SetLoadingCaption(int line, std::string_view caption) override {
-    captions.push_back(std::to_string(line) + ":" + std::string(caption));
+  void SetLoadingCaption(LoadStep step, std::string_view caption) override {
+    captions.push_back(std::to_string(static_cast<int>(step)) + ":" + std::string(caption));
   }
   void CloseLoading() override { loading_open = false; }
   void YieldToWindow() override { ++yields; }

@@ -1,6 +1,7 @@
 #include "tests/support/random_league.h"
 
 #include <algorithm>
+#include <cstdlib>
 
 #include "league/player_names.h"
 #include "league/team_data.h"
@@ -120,6 +121,11 @@ LeagueData RandomLeague(Random& random) {
   league.RosterYear = TextWithout(random, 4, 'a', 'z');
   for (auto& text : league.LeagueText) text = TextWithout(random, 3, 'a', 'z');
   return league;
+}
+
+int LeagueTotal(int otherwise) {
+  const char* text = std::getenv("ROSTERMILL_LEAGUES");
+  return text != nullptr ? std::atoi(text) : otherwise;
 }
 
 }  // namespace rostermill::test

@@ -10,4 +10,7 @@ namespace rostermill::test {
 /// to the last byte, and stand in the form that a load gives.
 LeagueData RandomLeague(std::mt19937& random);
 
+/// Leagues a test; ROSTERMILL_LEAGUES sets another number.
+int LeagueTotal(int otherwise);
+
 }  // namespace rostermill::test

@@ -2,6 +2,7 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QClipboard>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QTest>
@@ -48,6 +49,24 @@ TEST_F(ComboBoxTest, AnEntryIsSelectedOnlyWhileItsTextShows) {
   box->SetListIndex(1);
   EXPECT_EQ(clicks, 2);
   EXPECT_EQ(box->Text(), "HAR.");
+}
+
+// Would catch a typed text that can't be undone to the entry, and letters that the cartridge can't
+// hold taking the entry away.
+TEST_F(ComboBoxTest, WhatIsTypedOverAnEntryIsFilteredAndUndone) {
+  box->SetListIndex(1);
+  QApplication::clipboard()->setText(QString::fromUtf8("\u0416"));
+  box->lineEdit()->selectAll();
+  QTest::keyClick(box, Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(box->Text(), "HAR.");
+  EXPECT_EQ(box->ListIndex(), 1);
+  QApplication::clipboard()->setText(QString::fromUtf8("b\u0416\na"));
+  QTest::keyClick(box, Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(box->Text(), "b a");
+  QTest::keyClick(box, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(box->Text(), "HAR.");
+  QTest::keyClick(box, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_EQ(box->Text(), "b a");
 }
 
 // Would catch a text that Qt completes, enters into the list or selects an entry for.

@@ -8,12 +8,15 @@
 #include <QWheelEvent>
 #include <gtest/gtest.h>
 
+#include "tests/support/dialogs.h"
 #include "tests/support/sample.h"
+#include "tests/support/typing.h"
 #include "toolkit/drop_down_list.h"
 #include "toolkit/elided_label.h"
 #include "toolkit/form.h"
+#include "toolkit/form_parts.h"
+#include "toolkit/messages.h"
 #include "toolkit/picture_box.h"
-#include "toolkit/text_box.h"
 
 namespace rostermill::test {
 namespace {
@@ -77,26 +80,6 @@ TEST(DropDownList, TheWheelLeavesAListWithoutFocusAlone) {
   EXPECT_EQ(list.ListIndex(), 0);
 }
 
-TEST(TextBox, TakesOnlyOneByteCharactersUpToItsLength) {
-  TextBox box("box", 4);
-  for (const QChar c : QString::fromUtf8("aЖé€b")) box.insert(c);
-  EXPECT_EQ(box.Text(), QString::fromUtf8("aéb"));
-  QTest::keyClicks(&box, "cd");
-  EXPECT_EQ(box.Text().size(), 4);
-}
-
-TEST(TextBox, ALongerTextSetByTheProgramIsNotCut) {
-  TextBox box("box", 4);
-  box.SetText("longer text");
-  EXPECT_EQ(box.Text(), "longer text");
-  QTest::keyClick(&box, Qt::Key_End);
-  QTest::keyClicks(&box, "x");
-  EXPECT_EQ(box.Text(), "longer text") << "it can't grow";
-  box.SetText("ab");
-  QTest::keyClicks(&box, "cde");
-  EXPECT_EQ(box.Text(), "abcd") << "and the limit is back";
-}
-
 TEST(PictureBox, KeepsItsPictureWhenAFileCannotBeLoaded) {
   PictureBox box("box", QSize(32, 32), 2);
   EXPECT_TRUE(box.Load(QString::fromStdString(BinFolder() + "faces/00.bmp")));
@@ -142,13 +125,14 @@ class SmallForm : public ChildForm {
  public:
   SmallForm() : ChildForm("SmallForm", "Small") {
     auto* column = new QVBoxLayout(this);
-    for (QPushButton* button : {ok, cancel, other}) column->addWidget(button);
+    for (QPushButton* button : {ok, cancel, other, step}) column->addWidget(button);
     SetDefaultButton(ok);
     SetCancelButton(cancel);
   }
   QPushButton* ok = new QPushButton("OK");
   QPushButton* cancel = new QPushButton("Cancel");
   QPushButton* other = new QPushButton("Other");
+  QPushButton* step = NewStepButton("+");
   int unloads = 0;
 
  protected:
@@ -200,6 +184,46 @@ TEST(ChildArea, OpensAFormInsideOrAtTheCornerAndScrollsToTheRest) {
     EXPECT_EQ(area.horizontalScrollBar()->maximum() > 0, least.width() > 500);
     EXPECT_EQ(area.verticalScrollBar()->maximum() > 0, least.height() > 400);
   }
+}
+
+// Would catch a held key that answers the windows that come after the one it was meant for.
+TEST(ChildForm, HeldEnterAndEscPressNothingButAStepButton) {
+  ChildArea area;
+  auto* form = new SmallForm;
+  area.ShowForm(form);
+  QStringList pressed;
+  for (QPushButton* button : {form->ok, form->cancel, form->other, form->step}) {
+    QObject::connect(button, &QPushButton::clicked,
+                     [&pressed, button] { pressed << button->text(); });
+  }
+  for (QPushButton* button : {form->ok, form->other, form->step}) {
+    button->setFocus();
+    Hold(*button, Qt::Key_Return);
+    Hold(*button, Qt::Key_Enter);
+    Hold(*button, Qt::Key_Escape);
+  }
+  EXPECT_EQ(pressed, QStringList({"+", "+", "+", "+"}));
+}
+
+TEST(Dialogs, HeldEnterAndEscAnswerNothing) {
+  DialogForm form(nullptr, "form", "Form");
+  QPushButton button("OK", &form);
+  button.setDefault(true);
+  int presses = 0;
+  QObject::connect(&button, &QPushButton::clicked, [&presses] { ++presses; });
+  form.show();
+  Hold(form, Qt::Key_Return);
+  Hold(button, Qt::Key_Return);
+  Hold(form, Qt::Key_Escape);
+  EXPECT_EQ(presses, 0);
+  EXPECT_TRUE(form.isVisible());
+  OnNextDialog([](QDialog& box) {
+    Hold(*box.focusWidget(), Qt::Key_Return);
+    Hold(box, Qt::Key_Escape);
+    EXPECT_TRUE(box.isVisible());
+    ClickButton(box, "Yes");
+  });
+  EXPECT_TRUE(AskYesNo(&form, "Sure?", "Question", QMessageBox::Yes));
 }
 
 TEST(ChildForm, ClosesOnceHoweverItIsClosedAndOpensAnew) {

@@ -55,7 +55,7 @@ class Grid : public testing::Test {
       cells.push_back(cell);
     }
     row->addWidget(&after_);
-    new GridWalk(cells, 3, &window_);
+    walk_ = new GridWalk(cells, 3, &window_);
     before_.setObjectName("before");
     after_.setObjectName("after");
     window_.show();
@@ -69,6 +69,7 @@ class Grid : public testing::Test {
   }
 
   QWidget window_;
+  GridWalk* walk_ = nullptr;
   QLineEdit before_;
   QLineEdit after_;
 };
@@ -89,6 +90,32 @@ TEST_F(Grid, IsOneStopOfTheTabKeyAtTheCellLastVisited) {
   EXPECT_EQ(After({Qt::Key_Tab}), "after");
   EXPECT_EQ(After({Qt::Key_Backtab}), "4");
   EXPECT_EQ(After({Qt::Key_Backtab}), "before");
+}
+
+TEST_F(Grid, EnterAndADoubleClickOnThePickedCellPressTheButton) {
+  QPushButton ok;
+  int picked = 0;
+  int presses = 0;
+  QObject::connect(&ok, &QPushButton::clicked, [&presses] { ++presses; });
+  for (PictureBox* cell : window_.findChildren<PictureBox*>()) {
+    QObject::connect(cell, &PictureBox::Click,
+                     [&picked, cell] { picked = cell->objectName().toInt(); });
+  }
+  walk_->TakeBy(&ok, [&picked](int cell) { return cell == picked; });
+  After({Qt::Key_Tab, Qt::Key_Right, Qt::Key_Return});
+  EXPECT_EQ(picked, 1);
+  After({Qt::Key_Right, Qt::Key_Space, Qt::Key_Space});
+  EXPECT_EQ(picked, 2);
+  EXPECT_EQ(presses, 0);
+  After({Qt::Key_Enter});
+  EXPECT_EQ(presses, 1);
+  auto* last = window_.findChild<PictureBox*>("4");
+  QTest::mouseClick(last, Qt::LeftButton);
+  QTest::mouseDClick(last, Qt::RightButton);
+  EXPECT_EQ(presses, 1);
+  QTest::mouseDClick(last, Qt::LeftButton);
+  EXPECT_EQ(picked, 4);
+  EXPECT_EQ(presses, 2);
 }
 
 }  // namespace

@@ -137,8 +137,8 @@ TEST_F(RsmtoolPlayers, WhatTheSaveChangesByItselfIsReported) {
       "Also: put in order, returners: SPARROWS: no kick returner: the value 0 names no player\n"
       "Also: put in order, returners: SPARROWS: the two returner tables differ: 0x2, which counts, "
       "and 0x85\n"
-      "Also: put in order, playbooks: SPARROWS: playbook slot 1 holds 15, which is no play; it is "
-      "read as 0\n"
+      "Also: put in order, playbooks: SPARROWS: playbook slot 1 holds 15, which is not a play; it "
+      "is read as 0\n"
       "Also: put in order, schedule: week 1, game 1: visiting team number 30 is read as 0\n"
       "Also: rewritten, returners: 2 bytes\n"
       "Also: rewritten, team texts: 1 byte\n"
@@ -293,7 +293,7 @@ TEST_F(RsmtoolPlayers, NamesThatDontFitTheImageAreRefusedTogether) {
   }
   const std::string line =
       "rsmtool: The players' names are too long for the image: they need 13,440 bytes, and it has "
-      "room for 10,550 bytes. 2,890 letters must go.\n";
+      "room for 10,550 bytes. Shorten them by 2,890 letters.\n";
   EXPECT_EQ(Errors(csv), line);
   EXPECT_EQ(Run({"import-players", "--dry-run", Path("league.nes"), "-"}, csv).Err, line)
       << "a dry run says it too";

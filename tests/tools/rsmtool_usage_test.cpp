@@ -47,6 +47,16 @@ TEST_F(RsmtoolUsage, AWrongCallIsOneLineAndTwo) {
   EXPECT_EQ(BytesOf(a), SampleBytes());
 }
 
+TEST_F(RsmtoolUsage, WhatIsNotARegularFileIsSaidToBe) {
+  for (const QString& path : {Path(""), QString("/dev/null")}) {
+    const std::string name = path.toStdString();
+    EXPECT_EQ(Run({"check", path}).Out, name + ": it is not a regular file\n");
+    EXPECT_EQ(Run({"dump", path}).Err, "rsmtool: " + name + ": it is not a regular file\n");
+    EXPECT_EQ(Run({"resave", Image("a.nes"), path}).Err,
+              "rsmtool: " + name + " could not be written: it is not a regular file\n");
+  }
+}
+
 /// "export-players *.nes" in a folder with two images.
 TEST_F(RsmtoolUsage, AnotherImageIsNeverWrittenOver) {
   const QString a = Image("a.nes");

@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "exchange/text_codes.h"
 #include "league/load_image.h"
 #include "league/oddities.h"
 #include "league/player_names.h"
@@ -8,7 +9,6 @@
 #include "tools/rsmtool/commands.h"
 #include "tools/rsmtool/files.h"
 #include "tools/rsmtool/json_writer.h"
-#include "tools/rsmtool/text_codes.h"
 #include "tools/rsmtool/wording.h"
 
 namespace rostermill {

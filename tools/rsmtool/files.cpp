@@ -42,7 +42,7 @@ FileStart ReadStream(std::istream& stream, std::size_t limit) {
 void KeepOtherImage(const QString& path, const QString& source, Console& console) {
   constexpr std::string_view cartridge_mark = "NES\x1A";
   if (path == standard_stream || QFileInfo(path) == QFileInfo(source)) return;
-  if (!IsRegularFile(path.toStdString())) return;
+  if (KindOf(path.toStdString()) != PathKind::RegularFile) return;
   const FileStart file = ReadInput(path, cartridge_mark.size(), console);
   if (!std::equal(file.Bytes.begin(), file.Bytes.end(), cartridge_mark.begin(),
                   cartridge_mark.end())) {

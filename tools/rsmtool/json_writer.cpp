@@ -1,7 +1,7 @@
 #include "tools/rsmtool/json_writer.h"
 
+#include "exchange/text_codes.h"
 #include "league/text.h"
-#include "tools/rsmtool/text_codes.h"
 
 namespace rostermill {
 

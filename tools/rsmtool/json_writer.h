@@ -20,14 +20,6 @@ class JsonWriter {
   void Latin1(std::string_view key, std::string_view text);
   void Utf8(std::string_view key, std::string_view text);
 
-  /// An array of the numbers in order.
-  template <typename Numbers>
-  void NumberArray(std::string_view key, const Numbers& numbers) {
-    BeginArray(key);
-    for (const auto number : numbers) Number({}, number);
-    EndArray();
-  }
-
   /// The text so far, ended by a line end.
   std::string Text() const { return text_ + "\n"; }
 

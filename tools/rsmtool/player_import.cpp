@@ -6,9 +6,9 @@
 #include <set>
 #include <tuple>
 
+#include "exchange/text_codes.h"
 #include "tools/rsmtool/csv.h"
 #include "tools/rsmtool/player_table.h"
-#include "tools/rsmtool/text_codes.h"
 #include "tools/rsmtool/wording.h"
 
 namespace rostermill {

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <charconv>
 
+#include "exchange/text_codes.h"
 #include "league/league_tables.h"
-#include "tools/rsmtool/text_codes.h"
 #include "tools/rsmtool/wording.h"
 
 namespace rostermill {
@@ -93,13 +93,6 @@ std::optional<int> NumberIn(std::string_view text, int largest) {
 
 bool HasColumn(const Column& column, int slot) {
   return !column.Group || *column.Group == GroupOfSlot(slot);
-}
-
-std::string FieldName(std::string_view heading) {
-  std::string name(heading);
-  std::erase(name, ' ');
-  name.front() = LowerChar(name.front());
-  return name;
 }
 
 std::int16_t SkillRec::*ReturnerField(ColumnKind kind) {

@@ -37,9 +37,6 @@ extern const std::vector<Column> PlayerColumns;
 /// Whether a player of this slot has anything in the column.
 bool HasColumn(const Column& column, int slot);
 
-/// "rushingPower" for the heading "Rushing Power".
-std::string FieldName(std::string_view heading);
-
 /// What an export writes into a player's cell, UTF-8.
 std::string PlayerCell(const LeagueData& league, int team, int slot, const Column& column);
 

@@ -1,9 +1,9 @@
 #include "tools/rsmtool/wording.h"
 
+#include "exchange/text_codes.h"
 #include "league/league_tables.h"
 #include "league/probowl.h"
 #include "screens/players/position_layout.h"
-#include "tools/rsmtool/text_codes.h"
 
 namespace rostermill {
 

@@ -10,6 +10,7 @@
 #include "screens/players/view_player.h"
 #include "tests/support/dialogs.h"
 #include "tests/support/sample.h"
+#include "tests/support/typing.h"
 #include "toolkit/drop_down_list.h"
 #include "toolkit/text_box.h"
 #include "toolkit/text_codec.h"
@@ -210,6 +211,25 @@ TEST_F(PlayerForms, NamesThatCannotBeSplitAreGivenBackAndTheRestIsSaved) {
     Press("btnSavePlayer");
     EXPECT_EQ(Name(5, 1).FirstName, first) << "a second save keeps the parts";
   }
+}
+
+TEST_F(PlayerForms, ANameIsEditedWhereTheCaretStandsAndStoredWithoutControlCharacters) {
+  Name(5, 1).LastName = "SM\nITH";
+  OpenBoth();
+  GoTo(5, 1);
+  Press("btnSavePlayer");
+  EXPECT_EQ(Name(5, 1).LastName, "SM\nITH") << "what an image brought stays as it is";
+  NameBox().SetText("Quin Birch");
+  QTest::keyClick(&NameBox(), Qt::Key_Home);
+  QTest::keyClicks(&NameBox(), "xy");
+  EXPECT_EQ(NameBox().Text(), "xyQuin Birch");
+  Undo(NameBox());
+  EXPECT_EQ(NameBox().Text(), "Quin Birch");
+  NameBox().selectAll();
+  Paste(NameBox(), "bob\nSMITH\x7f\n");
+  Press("btnSavePlayer");
+  EXPECT_EQ(Name(5, 1).FirstName, "bob");
+  EXPECT_EQ(Name(5, 1).LastName, "SMITH");
 }
 
 TEST_F(PlayerForms, ANameLongerThanTheBoxSurvivesASaveOfSomethingElse) {

@@ -183,7 +183,7 @@ TEST_F(Photos, WithoutAnyPictureTheNumbersCanStillBePicked) {
   EXPECT_EQ(EditorNumber(), "131");
 }
 
-TEST_F(Photos, TheKeyboardWalksTheGridAndEnterTakesTheFace) {
+TEST_F(Photos, TheKeyboardWalksTheGridAndEnterPicksAndThenTakesTheFace) {
   Pick([&](PlayerPhotos& photos) {
     QApplication::setActiveWindow(&photos);
     const auto press = [&](Qt::Key key) { QTest::keyClick(photos.focusWidget(), key); };
@@ -196,9 +196,24 @@ TEST_F(Photos, TheKeyboardWalksTheGridAndEnterTakesTheFace) {
     EXPECT_EQ(New(photos), File("36"));
     press(Qt::Key_Left);
     press(Qt::Key_Return);
+    EXPECT_EQ(New(photos), File("35"));
+    Turn(photos, "radBlack");
+    Cell(photos, 53).setFocus();
+    press(Qt::Key_Return);
+    EXPECT_EQ(New(photos), File("B5")) << "the same cell of the other page is another face";
+    ASSERT_TRUE(photos.isVisible());
+    press(Qt::Key_Return);
     EXPECT_FALSE(photos.isVisible());
+    if (photos.isVisible()) photos.reject();
   });
-  EXPECT_EQ(EditorNumber(), "53");
+  EXPECT_EQ(EditorNumber(), "181");
+  Pick([&](PlayerPhotos& photos) {
+    QTest::mouseClick(&Cell(photos, 7), Qt::LeftButton);
+    QTest::mouseDClick(&Cell(photos, 7), Qt::LeftButton);
+    EXPECT_FALSE(photos.isVisible());
+    if (photos.isVisible()) photos.reject();
+  });
+  EXPECT_EQ(EditorNumber(), "7");
 
   OpenEditor(200);
   Pick([&](PlayerPhotos& photos) { QTest::keyClick(photos.focusWidget(), Qt::Key_Return); });

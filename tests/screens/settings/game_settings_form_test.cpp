@@ -6,6 +6,7 @@
 
 #include "tests/support/dialogs.h"
 #include "tests/support/sample.h"
+#include "tests/support/typing.h"
 #include "toolkit/text_codec.h"
 
 namespace rostermill::test {
@@ -66,6 +67,22 @@ TEST_F(GameSettingsFormTest, ShowsTheStoredTextsAndStoresWhatIsTyped) {
   Press("cmdOK");
   EXPECT_FALSE(form);
   EXPECT_EQ(Texts(), "20X4|abc|<&>|zz ");
+}
+
+// Would catch a caret that jumps, and a box that turns a character away.
+TEST_F(GameSettingsFormTest, TextsAreEditedWhereTheCaretStandsAndRefuseNoCharacter) {
+  for (const char* name : {"txtRosterYear", "txtLeague(0)", "txtLeague(1)", "txtLeague(2)"}) {
+    Replace(name, "z");
+    QTest::keyClick(&Box(name), Qt::Key_Home);
+    QTest::keyClicks(&Box(name), "xy");
+    EXPECT_EQ(Box(name).Text(), "xyz") << name;
+    Undo(Box(name));
+    EXPECT_EQ(Box(name).Text(), "z") << name;
+    Box(name).selectAll();
+    Paste(Box(name), "\n\x7f\t");
+  }
+  Press("cmdOK");
+  EXPECT_EQ(Texts(), "\n\x7f\t |\n\x7f\t|\n\x7f\t|\n\x7f\t");
 }
 
 // Would catch a text that isn't brought to its fixed length.

@@ -21,6 +21,14 @@ void PickInNextDialog(const QString& picture, const QString& button) {
   });
 }
 
+/// Presses Enter where the focus is, which is meant to take what is picked.
+void TakeByEnter(QDialog& dialog) {
+  EXPECT_NE(dialog.focusWidget(), nullptr);
+  if (dialog.focusWidget() != nullptr) QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
+  EXPECT_FALSE(dialog.isVisible());
+  if (dialog.isVisible()) dialog.reject();
+}
+
 TEST_F(TeamForms, AJerseyColorIsPendingUntilOK) {
   Team(6).TeamColors = {{1, 22, 2, 3, 6, 4}};
   OpenEditor(6);
@@ -96,9 +104,50 @@ TEST_F(TeamForms, AnUnknownColorIsKeptByOKAndReplacedByAPick) {
   PickInNextDialog("", "btnOK");
   Press("btnChange(0)");
   EXPECT_EQ(session_->PreviewColors[1][1], 0x41);
+  OnNextDialog(TakeByEnter);
+  Press("btnChange(0)");
+  EXPECT_EQ(session_->PreviewColors[1][1], 0x41) << "Enter at once picks the first color";
   PickInNextDialog("picColor(0)", "btnOK");
   Press("btnChange(0)");
   EXPECT_EQ(session_->PreviewColors[1][1], 0);
+}
+
+/// A first Enter that closes the dialog, or a second one or a double click that doesn't.
+TEST_F(TeamForms, EnterPicksAColorOrPlayAndEnterAgainOrADoubleClickTakesIt) {
+  Team(8).TeamColors[1] = 22;
+  session_->League.TeamPlays[8][1] = 2;
+  OpenEditor(8);
+  const auto enter_twice = [](QDialog& dialog) {
+    QTest::keyClick(dialog.focusWidget(), Qt::Key_Right);
+    QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
+    ASSERT_TRUE(dialog.isVisible());
+    TakeByEnter(dialog);
+  };
+  const auto double_click = [](const char* cell) {
+    return [cell](QDialog& dialog) {
+      auto& picture = Find<QWidget>(dialog, cell);
+      QTest::mouseClick(&picture, Qt::LeftButton);
+      ASSERT_TRUE(dialog.isVisible());
+      QTest::mouseDClick(&picture, Qt::LeftButton);
+      EXPECT_FALSE(dialog.isVisible());
+      if (dialog.isVisible()) dialog.reject();
+    };
+  };
+  OnNextDialog(enter_twice);
+  Press("btnChange(0)");
+  EXPECT_EQ(session_->PreviewColors[1][1], 23);
+  OnNextDialog(double_click("picColor(40)"));
+  Press("btnChange(0)");
+  EXPECT_EQ(session_->PreviewColors[1][1], 40);
+  OnNextDialog(enter_twice);
+  Press("btnPlay(0)");
+  EXPECT_EQ(session_->PreviewPlays[1], 3);
+  OnNextDialog(double_click("picRun(7)"));
+  Press("btnPlay(0)");
+  EXPECT_EQ(session_->PreviewPlays[1], 7);
+  OnNextDialog(double_click("lblName(6)"));
+  Press("btnPlay(0)");
+  EXPECT_EQ(session_->PreviewPlays[1], 6);
 }
 
 /// Rows of another length, a walk that leaves the palette, 64 stops between the colours and OK.
@@ -166,7 +215,7 @@ TEST_F(TeamForms, APlayWithoutPictureIsPickedByItsName) {
     EXPECT_EQ(Find<QLabel>(dialog, "lblChosen").text(), "Unknown play 9");
     EXPECT_FALSE(Find<PictureBox>(dialog, "picRun(1)").isHidden());
     EXPECT_TRUE(Find<PictureBox>(dialog, "picRun(3)").isHidden());
-    Find<QPushButton>(dialog, "btnOK").click();
+    TakeByEnter(dialog);
   });
   Press("btnPlay(6)");
   EXPECT_EQ(session_->PreviewPlays[7], 9);

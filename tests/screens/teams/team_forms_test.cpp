@@ -1,6 +1,7 @@
 #include <set>
 
 #include "tests/screens/teams/team_forms_fixture.h"
+#include "tests/support/typing.h"
 
 namespace rostermill::test {
 namespace {
@@ -101,6 +102,37 @@ TEST_F(TeamForms, TypedTextsAreUpperCaseWithTheCaretBehindThemAndBounded) {
   }
   EXPECT_EQ(session_->PreviewCity, "ABCDEFGHIJKLMNO");
   EXPECT_NE(Team(4).City, "ABCDEFGHIJKLMNO");
+}
+
+/// Typing that can't be taken back, or that a pick of a color makes final.
+TEST_F(TeamForms, TypedTextsCanBeUndoneAndPastedOnesHaveNoControlCharacters) {
+  OpenEditor(4);
+  for (const auto& [name, pending] :
+       {std::pair{"txtCity", &session_->PreviewCity}, std::pair{"txtName", &session_->PreviewName},
+        std::pair{"txtAbbreviation", &session_->PreviewAbbreviation}}) {
+    TextBox& box = Box(name);
+    const QString before = box.Text();
+    EXPECT_FALSE(box.isUndoAvailable()) << name;
+    QTest::keyClick(&box, Qt::Key_Home);
+    QTest::keyClick(&box, Qt::Key_Delete);
+    QTest::keyClick(&box, Qt::Key_Backspace);
+    Find<QRadioButton>(*editor_, "Option3(0)").click();
+    Undo(box);
+    Undo(box);
+    EXPECT_EQ(box.Text(), before);
+    EXPECT_EQ(*pending, before.toStdString());
+    EXPECT_EQ(box.cursorPosition(), before.size());
+    box.selectAll();
+    Paste(box, "\na\r\nb\t");
+    EXPECT_EQ(box.Text(), "A B") << name;
+    EXPECT_EQ(*pending, "A B");
+    Undo(box);
+    EXPECT_EQ(box.Text(), before);
+    Redo(box);
+    EXPECT_EQ(box.Text(), "A B");
+  }
+  GoTo(5);
+  EXPECT_FALSE(Box("txtCity").isUndoAvailable()) << "another team's text comes back";
 }
 
 /// The list's selection lost on a save, or a short abbreviation stored as typed.

@@ -1,4 +1,4 @@
-#include "tools/rsmtool/text_codes.h"
+#include "exchange/text_codes.h"
 
 #include <QStringDecoder>
 

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <QApplication>
+#include <QClipboard>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QTest>
+
+namespace rostermill::test {
+
+/// What a user does in a text box.
+inline void Undo(QLineEdit& box) {
+  QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
+}
+inline void Redo(QLineEdit& box) {
+  QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+}
+inline void Paste(QLineEdit& box, const QString& text) {
+  QApplication::clipboard()->setText(text);
+  QTest::keyClick(&box, Qt::Key_V, Qt::ControlModifier);
+}
+
+/// Sends what a key that is held sends: repeated presses, and one that looks like a press of its
+/// own but for its time, which is that of a release.
+inline void Hold(QWidget& widget, Qt::Key key) {
+  QKeyEvent repeated(QEvent::KeyPress, key, Qt::NoModifier, {}, true);
+  QApplication::sendEvent(&widget, &repeated);
+  for (const QEvent::Type type : {QEvent::KeyRelease, QEvent::KeyPress}) {
+    QKeyEvent event(type, key, Qt::NoModifier);
+    event.setTimestamp(77);
+    QApplication::sendEvent(&widget, &event);
+  }
+}
+
+}  // namespace rostermill::test
