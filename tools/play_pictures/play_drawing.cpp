@@ -12,17 +12,17 @@ using Stamp = std::vector<std::string_view>;
 
 constexpr int kPixelsPerUnit = 2;
 constexpr int kScrimmageRow = 48;
-constexpr int kCentreColumn = kPictureWidth / 2;
+constexpr int kCenterColumn = kPictureWidth / 2;
 
 QPoint ToPixel(GridPoint at) {
-  return {kCentreColumn + at.x * kPixelsPerUnit, kScrimmageRow - at.y * kPixelsPerUnit};
+  return {kCenterColumn + at.x * kPixelsPerUnit, kScrimmageRow - at.y * kPixelsPerUnit};
 }
 
 QPoint Middle(QPoint a, QPoint b) {
   return (a + b) / 2;
 }
 
-// One bend: a quadratic curve from the last point so far that leans towards the bend.
+// Appends a quadratic curve from the last point to `end`, with the bend as its control point.
 void AppendCurve(std::vector<QPoint>& points, QPoint bend, QPoint end) {
   constexpr int kPieces = 10;
   const QPoint start = points.back();
@@ -46,7 +46,7 @@ std::vector<QPoint> PathPixels(const Play& play, const Step& step) {
       points.push_back(at);
       continue;
     }
-    // Two bends in a row meet halfway; a single one ends at the next point, which is then reached.
+    // A curve ends halfway to another bend, but at the next point if the path passes through it.
     const PathPoint& next = path[i + 1];
     const QPoint next_at = ToPixel(next.at);
     AppendCurve(points, at, next.bends ? Middle(at, next_at) : next_at);
@@ -62,7 +62,7 @@ void DrawField(PlayCanvas& canvas) {
     if (is_yard_line) canvas.FillRect({0, y, kPictureWidth, 1}, Ink::kYardLine);
     if (is_yard_line || y % 3 != 0) continue;
     for (int side : {-1, 1})
-      canvas.FillRect({kCentreColumn + side * kHashDistance - 1, y, 3, 1}, Ink::kYardLine);
+      canvas.FillRect({kCenterColumn + side * kHashDistance - 1, y, 3, 1}, Ink::kYardLine);
   }
   canvas.FillRect({0, kScrimmageRow, kPictureWidth, 1}, Ink::kScrimmageLine);
 }
@@ -110,11 +110,11 @@ void DrawSteps(PlayCanvas& canvas, const Play& play, StepKind kind) {
 
 void DrawBall(PlayCanvas& canvas, QPoint at) {
   const Stamp ball = {"  ..  ", " .##. ", ".####.", ".####.", " .##. ", "  ..  "};
-  // Its four pixels lie evenly over the two of a carrier's line.
+  // Centers its four pixels on the two of a carrier's line.
   canvas.DrawStamp(at + QPoint(1, 1), ball, Ink::kBall, Ink::kShade);
 }
 
-// The ball where it changes hands or is caught.
+// Draws the ball where it changes hands or is caught.
 void DrawBalls(PlayCanvas& canvas, const Play& play) {
   for (const Step& step : play.steps)
     if (step.kind == StepKind::kGive || step.kind == StepKind::kThrow ||
@@ -148,7 +148,7 @@ const Stamp kDisc = {"  .....  ", " ..###.. ", "..#####..", ".#######.", ".#####
 const Stamp kRing = {" ### ", "#...#", "#...#", "#...#", " ### "};
 const Stamp kSquare = {"#####", "#...#", "#...#", "#...#", "#####"};
 
-bool HasTheBallAtLast(const Play& play, const std::string& man) {
+bool EndsUpWithTheBall(const Play& play, const std::string& man) {
   for (const Step& step : play.steps)
     if (step.kind == StepKind::kCarry && step.man == man) return true;
   return false;
@@ -162,7 +162,7 @@ void DrawMan(PlayCanvas& canvas, const Play& play, const std::string& man) {
     return;
   }
   const Ink own_ink = man == "QB" ? Ink::kQuarterback : Ink::kPlayer;
-  const Ink ink = HasTheBallAtLast(play, man) ? Ink::kCarry : own_ink;
+  const Ink ink = EndsUpWithTheBall(play, man) ? Ink::kCarry : own_ink;
   canvas.DrawStamp(at, kDisc, ink, Ink::kShade);
   if (has_letter) canvas.DrawStamp(at, LetterStamp(man.front()), Ink::kLetter, ink);
 }
