@@ -147,6 +147,23 @@ TEST_F(LoadImageTest, ADamagedPaletteEndsTheProgramWithItsNumber) {
   EXPECT_FALSE(host_.busy);
 }
 
+// Would catch a path on which the window stays disabled under the Loading form.
+TEST_F(LoadImageTest, AnExceptionAmidTheStepsFreesTheWindow) {
+  host_.at_yield = [] { throw std::bad_alloc(); };
+  EXPECT_EQ(Load(SampleBytes()), LoadOutcome::EndProgram);
+  EXPECT_EQ(host_.messages, std::vector<std::string>{"Error: Error: 12\n\nstd::bad_alloc"});
+  EXPECT_FALSE(host_.busy || host_.loading_open);
+
+  host_.loading_open = true;
+  host_.at_yield = [this] {
+    EXPECT_TRUE(host_.busy);
+    throw std::runtime_error("unexpected");
+  };
+  EXPECT_THROW(Load(SampleBytes()), std::runtime_error);
+  EXPECT_FALSE(host_.busy || host_.loading_open);
+  EXPECT_EQ(host_.messages.size(), 1u);
+}
+
 TEST_F(LoadImageTest, DamagedPointersNeverLeadOutsideTheImage) {
   for (const int word : {0x0000, 0x7FEF, 0x7FF0, 0x86CA, 0xFFFF}) {
     Bytes bytes = SampleBytes();

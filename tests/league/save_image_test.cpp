@@ -210,5 +210,25 @@ TEST_F(SaveImageTest, LeftoversOfAKilledSaveAreRemovedAndTheUsersFilesStay) {
                                             ".league.nes.rostermill-notes"}));
 }
 
+// Would catch a path on which the window stays disabled.
+TEST_F(SaveImageTest, AnExceptionAmidTheStepsFreesTheWindowAndWritesNothing) {
+  session_->League.RosterYear = "77";
+  host_.at_yield = [] { throw std::bad_alloc(); };
+  EXPECT_EQ(Save(), SaveOutcome::Refused);
+  EXPECT_EQ(host_.messages,
+            std::vector<std::string>{"Error: " + path_ +
+                                     " could not be saved: there is not enough memory."});
+  EXPECT_FALSE(host_.busy);
+
+  host_.at_yield = [this] {
+    EXPECT_TRUE(host_.busy);
+    throw std::runtime_error("unexpected");
+  };
+  EXPECT_THROW(Save(), std::runtime_error);
+  EXPECT_FALSE(host_.busy);
+  EXPECT_EQ(host_.beeps, 0);
+  EXPECT_EQ(FileBytes(path_), SampleBytes());
+}
+
 }  // namespace
 }  // namespace rostermill::test

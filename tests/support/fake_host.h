@@ -1,6 +1,7 @@
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -12,6 +13,7 @@ namespace rostermill::test {
 class FakeHost : public PipelineHost {
  public:
   bool answer_yes = true;
+  std::function<void()> at_yield = [] {};
   std::deque<std::string> folder_answers;  ///< in turn; blank when there are no more
 
   int beeps = 0;
@@ -29,7 +31,10 @@ class FakeHost : public PipelineHost {
     captions.push_back(std::to_string(static_cast<int>(step)) + ":" + std::string(caption));
   }
   void CloseLoading() override { loading_open = false; }
-  void YieldToWindow() override { ++yields; }
+  void YieldToWindow() override {
+    ++yields;
+    at_yield();
+  }
   void Beep() override { ++beeps; }
   void UpdateCommandState() override { ++state_updates; }
   void ShowMessage(MessageKind, const std::string& text, const std::string& title) override {
