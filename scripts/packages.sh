@@ -46,5 +46,6 @@ build() {
 }
 
 build_packages=(g++ cmake ninja-build qt6-base-dev)
-test_packages=(libgtest-dev libgmock-dev clang clang-tidy cppcheck libclang-rt-14-dev poppler-utils
+quick_packages=(libgtest-dev libgmock-dev python3)
+test_packages=("${quick_packages[@]}" clang clang-tidy cppcheck libclang-rt-14-dev poppler-utils
   dpkg-dev file debootstrap desktop-file-utils appstream lintian)
