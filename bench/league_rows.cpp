@@ -20,7 +20,7 @@ namespace {
 constexpr int load_pairs = 2000;
 constexpr int save_pairs = 150;
 
-/// A caller of the pipelines that shows nothing and agrees.
+/// Shows nothing, confirms every question, and exits if there is an error message.
 class SilentHost : public PipelineHost {
  public:
   void SetBusy(bool) override {}
@@ -45,7 +45,7 @@ void Check(bool holds, const char* what) {
   std::exit(1);
 }
 
-/// The bare cost of a load: one open and one read, into memory of its own.
+/// The bare cost of a load: one open and one read, into newly allocated memory.
 void ReadBare(const std::string& path) {
   std::vector<std::uint8_t> bytes(OpenImage::WholeSize);
   const int file = ::open(path.c_str(), O_RDONLY | O_CLOEXEC);
@@ -54,7 +54,7 @@ void ReadBare(const std::string& path) {
   ::close(file);
 }
 
-/// The bare cost of a save: a temporary file, made safe, renamed, and its folder made safe.
+/// The bare cost of a save: a temporary file is synced and renamed, and its folder is synced.
 void WriteBare(const std::string& path, const std::vector<std::uint8_t>& bytes) {
   const std::string temporary = path + ".new";
   const int file = ::open(temporary.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
@@ -79,7 +79,7 @@ void Save(const LeagueSession& session) {
   if (SaveImage(session, host) != SaveOutcome::Saved) std::exit(1);
 }
 
-/// Fills all that can grow up to what the image has room for: names, team texts and schedule.
+/// Fills everything that can grow to the image's capacity: names, team texts and schedule.
 void FillToTheLimits(LeagueData& league) {
   for (int team = 1; NameBytesNeeded(league) < NameDataCapacity; team = team % TeamCount + 1) {
     for (NameRec& name : league.NameData[team]) {
@@ -92,8 +92,8 @@ void FillToTheLimits(LeagueData& league) {
   for (ScheduleWeek& week : league.ScheduleData) week.GameCount = GamesPerWeek;
 }
 
-/// `give_back` makes each load get its memory from the system, as the one load of a program does;
-/// else it works in what the load before it left in the caches.
+/// With `give_back`, each load gets its memory from the system, as the only load of a process does;
+/// otherwise it reuses the memory of the load before it, which is still in the caches.
 void CompareLoads(LeagueSession& session, const std::string& which, double goal, bool give_back) {
   const auto time = [give_back](auto work) {
     if (give_back) malloc_trim(0);
@@ -111,7 +111,7 @@ void CompareSaves(LeagueSession& session, const std::string& copy, const std::st
       [&] { return Milliseconds([&] { WriteBare(copy, bytes); }); });
 }
 
-/// One load or one save for an instruction counter; the league for the save is read before.
+/// One load or one save for an instruction counter; the league to save is read first.
 int RunOnce(LeagueSession& session, const std::string& what) {
   if (what == "--load") Load(session);
   if (what == "--save") {
@@ -146,5 +146,5 @@ int main(int argc, char** argv) {
   Save(session);
   CompareLoads(session, ", texts and 238 games at their limits", 3, true);
   CompareSaves(session, bare, ", texts and 238 games at their limits");
-  CompareLoads(session, ", again and again in the same memory", 0, false);
+  CompareLoads(session, ", repeated in the same memory", 0, false);
 }

@@ -4,7 +4,7 @@
 
 #include <cstdlib>
 
-// Linked into a program as it stands, this ends it as soon as its main window is on the screen.
+// Linked into an unmodified program, this makes it exit once its main window is on the screen.
 
 namespace {
 
@@ -14,7 +14,7 @@ class PaintWatch : public QObject {
 
   bool eventFilter(QObject* watched, QEvent* event) override {
     if (event->type() == QEvent::Paint && qobject_cast<QMainWindow*>(watched) != nullptr) {
-      // The widgets inside are painted before the next event.
+      // The widgets inside are painted before the next event is handled.
       QMetaObject::invokeMethod(
           this, [] { std::_Exit(0); }, Qt::QueuedConnection);
     }

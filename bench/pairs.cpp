@@ -21,7 +21,7 @@ double Median(std::vector<double> values) {
 void Compare(const Row& row, const Cost& ours, const Cost& baseline) {
   std::vector<double> our_costs, baseline_costs, ratios;
   for (int pair = -warm_up_pairs; pair < row.pairs; ++pair) {
-    // Whoever goes second finds warmer caches, so the order changes.
+    // The second run finds warmer caches, so the order alternates.
     const double first = pair % 2 == 0 ? ours() : baseline();
     const double second = pair % 2 == 0 ? baseline() : ours();
     if (pair < 0) continue;

@@ -6,12 +6,12 @@
 
 namespace rostermill::bench {
 
-/// One run of one side: what it cost, in milliseconds or in megabytes.
+/// Runs one side once and returns its cost in milliseconds or megabytes.
 using Cost = std::function<double()>;
 
 struct Row {
   std::string what;
-  double goal = 0;  ///< the largest ratio that is fine; 0 for a figure without a goal
+  double goal = 0;  ///< the largest acceptable ratio; 0 if there is no goal
   int pairs = 0;
 };
 

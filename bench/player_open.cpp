@@ -7,8 +7,8 @@
 #include "shell/rsm_form.h"
 #include "toolkit/qt_strings.h"
 
-// The editor with the sample loaded and one form open, ended when all is painted. Its peak memory
-// is what bench_process compares.
+// The editor with the sample loaded and one form open; it exits once everything is painted.
+// bench_process measures its peak memory.
 int main(int argc, char** argv) {
   QApplication app(argc, argv);
   rostermill::LeagueSession session;

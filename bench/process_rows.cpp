@@ -11,7 +11,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
-// Plain C++ and small, so that its own memory doesn't hide that of the programs it starts.
+// Small and without Qt, so that its own memory doesn't mask that of the programs it starts.
 
 namespace rostermill::bench {
 
@@ -27,10 +27,10 @@ using Command = std::vector<std::string>;
 
 struct ProcessCost {
   double milliseconds = 0;
-  double megabytes = 0;  ///< peak, resident
+  double megabytes = 0;  ///< peak resident set size
 };
 
-/// Runs the command to its end, its output thrown away. Ends this program where it fails.
+/// Runs the command and discards its output. Exits if the command fails.
 ProcessCost Run(const Command& command) {
   std::vector<char*> words;
   for (const std::string& word : command) words.push_back(const_cast<char*>(word.c_str()));
@@ -79,7 +79,7 @@ void CompareStarts(const std::string& bench, const std::string& bin) {
       [&] { return MemoryOf(smallest); });
 }
 
-/// Links to a hundred different copies of the sample, so that many images need little disk.
+/// Hard links to a hundred different copies of the sample, so that many images take little space.
 std::vector<std::string> ManyImages(const std::string& bin, const std::string& work, int count) {
   std::vector<std::string> paths;
   for (int number = 0; number < count; ++number) {
@@ -96,7 +96,7 @@ std::vector<std::string> ManyImages(const std::string& bin, const std::string& w
   return paths;
 }
 
-/// The program on all of the images in one call.
+/// One call of the program with all of the images.
 Command OnImages(Command command, const std::vector<std::string>& images) {
   command.insert(command.end(), images.begin(), images.end());
   return command;
@@ -122,7 +122,7 @@ void CompareTool(const std::string& bin, const std::string& work) {
 
 }  // namespace rostermill::bench
 
-/// bench_process start BENCH-FOLDER BIN-FOLDER, under the platform of QT_QPA_PLATFORM, or
+/// bench_process start BENCH-FOLDER BIN-FOLDER, on the platform in QT_QPA_PLATFORM, or
 /// bench_process tool BIN-FOLDER WORK-FOLDER.
 int main(int argc, char** argv) {
   using namespace rostermill::bench;

@@ -5,8 +5,8 @@
 #include <QMenuBar>
 #include <QStatusBar>
 
-// The smallest program with the menu bar, the area of child windows and the status bar of the
-// editor: the baseline of its start and of its memory.
+// A minimal program with the menu bar, the MDI area and the status bar of the editor: the baseline
+// for its start time and its memory.
 
 namespace {
 

@@ -81,7 +81,7 @@ QWidget* CopyButtonRow(const QDialogButtonBox& from) {
   return row;
 }
 
-/// A control of one of Qt's own kinds; null for a widget that only holds others.
+/// A copy of a standard Qt control; null for a widget that only contains others.
 QWidget* CopyControl(const QWidget& widget) {
   if (const auto* button = qobject_cast<const QPushButton*>(&widget)) {
     return CopyButton<QPushButton>(*button);

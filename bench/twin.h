@@ -10,14 +10,14 @@ class QLayout;
 
 namespace rostermill::bench {
 
-/// Makes bare copies of a form: the same widgets of Qt's own in the same layouts, with constant
-/// texts and pictures, and nothing that fills them.
+/// Makes bare copies of a form: plain Qt widgets in the same layouts, with constant texts and
+/// pictures, and no code that fills them in.
 class Twin {
  public:
-  /// `form` is painted already and outlives the twin.
+  /// `form` has been painted already and has to outlive the twin.
   explicit Twin(const QWidget& form);
 
-  /// A fresh copy: a dialog of a dialog, a child form of a child form.
+  /// A new copy: a dialog for a dialog, a child form for a child form.
   QWidget* Make() const;
 
  private:

@@ -41,7 +41,7 @@ constexpr int form_pairs = 101;
 constexpr int click_pairs = 201;
 constexpr int page_size = 128;
 
-/// Until all layouts are made and all is painted.
+/// Waits until everything is laid out and painted.
 void Settle() {
   for (int round = 0; round < 3; ++round) QCoreApplication::processEvents();
 }
@@ -118,7 +118,7 @@ void CompareSeasonGrid(ChildArea& area, LeagueSession& session) {
   CompareForm(area, "ViewSchedule, 17 full weeks", [&] { return new ViewSchedule(session); });
 }
 
-/// What one step costs until it is painted, against a repaint of its whole form.
+/// Compares the cost of a step until it is painted with a repaint of its whole form.
 template <typename Step>
 void CompareStep(const std::string& what, QWidget& form, Step step) {
   Compare(
@@ -162,13 +162,13 @@ void CompareSteps(ChildArea& area, LeagueSession& session) {
   Close(leaders);
 }
 
-/// The photo picker turns its pages over a folder whose files it takes for new ones or for known.
+/// Turns the pages of the photo picker, in a folder whose files are new to it or known.
 class PhotoPages {
  public:
   PhotoPages(const LeagueSession& session, const QString& work)
       : folder_(work + "/"), photos_(MakeFolder(session, folder_)) {}
 
-  /// The page that isn't shown, from its click on; the pictures are painted later.
+  /// Clicks the button of the other page. The pictures are set by then, and painted later.
   double Turn() {
     white_ = !white_;
     auto& page = driver::Find<QRadioButton>(*photos_, white_ ? "radWhite" : "radBlack");

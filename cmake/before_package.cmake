@@ -1,6 +1,6 @@
 # Run by CPack on the staged tree before it makes the package.
 
-# Without these CPack makes a package that needs nothing, or none and doesn't say why.
+# Without these, CPack makes a package without dependencies, or fails without saying why.
 foreach(tool file dpkg-shlibdeps)
   find_program(found_${tool} ${tool})
   if(NOT found_${tool})
@@ -8,7 +8,7 @@ foreach(tool file dpkg-shlibdeps)
   endif()
 endforeach()
 
-# Directories are readable whatever the umask of the build.
+# Makes directories readable, whatever the umask of the build.
 file(GLOB_RECURSE directories LIST_DIRECTORIES true "${CPACK_TEMPORARY_INSTALL_DIRECTORY}/*")
 foreach(directory ${directories})
   if(IS_DIRECTORY ${directory} AND NOT IS_SYMLINK ${directory})

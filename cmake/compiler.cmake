@@ -4,7 +4,7 @@ target_compile_options(
   rostermill_flags INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow
                              $<$<BOOL:${ROSTERMILL_WERROR}>:-Werror>)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-  # g++ 12 raises false alarms of this kind on std::string (its bug 105651).
+  # g++ 12 gives false positives for std::string (GCC bug 105651).
   target_compile_options(rostermill_flags INTERFACE -Wno-restrict)
 endif()
 target_include_directories(rostermill_flags INTERFACE ${PROJECT_SOURCE_DIR})
@@ -12,7 +12,7 @@ target_compile_definitions(
   rostermill_flags INTERFACE ROSTERMILL_VERSION="${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}")
 
 if(ROSTERMILL_SANITIZE)
-  # -g1 keeps file and line in reports and makes this build three times faster than -g.
+  # -g1 keeps files and lines in reports and builds three times as fast as -g.
   set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g1 -fno-var-tracking-assignments")
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
                       -fno-omit-frame-pointer)

@@ -1,15 +1,15 @@
-# Installing and the Debian package. The program looks for its files in its own folder, so all of
-# them go to one folder of the system, with links in the path.
+# Installation and the Debian package. The program looks for its data files in its own folder, so
+# everything is installed into one folder, with links to the programs in the path.
 include(GNUInstallDirs)
 
 set(ROSTERMILL_HOMEPAGE "https://rostermill.example" CACHE STRING
-    "The address that the AppStream metadata and the package name")
+    "The homepage shown in the AppStream metadata and the package")
 set(home lib/rostermill)
 set(app_id org.rostermill.rostermill)
 set(packaging ${PROJECT_SOURCE_DIR}/packaging)
 set(staged ${PROJECT_BINARY_DIR}/packaging)
 
-# Version and date of a release come from the first heading of CHANGELOG.md.
+# The first heading of CHANGELOG.md gives the version and date of the release.
 file(STRINGS ${PROJECT_SOURCE_DIR}/CHANGELOG.md headings REGEX "^## ")
 list(GET headings 0 heading)
 if(NOT heading MATCHES "^## ([0-9.]+) \\(([0-9-]+)\\)$" OR NOT CMAKE_MATCH_1 STREQUAL PROJECT_VERSION)
@@ -17,7 +17,7 @@ if(NOT heading MATCHES "^## ([0-9.]+) \\(([0-9-]+)\\)$" OR NOT CMAKE_MATCH_1 STR
 endif()
 set(ROSTERMILL_RELEASE_DATE ${CMAKE_MATCH_2})
 
-# Installs a program into the folder and a link to it into the path.
+# Installs a program into the folder, and a link to it in the path.
 function(rostermill_install_program target)
   install(TARGETS ${target} RUNTIME DESTINATION ${home})
   target_link_options(${target} PRIVATE LINKER:-z,relro,-z,now)
@@ -26,7 +26,7 @@ function(rostermill_install_program target)
   install(FILES ${staged}/${target} DESTINATION ${CMAKE_INSTALL_BINDIR})
 endfunction()
 
-# Installs a text compressed, as Debian keeps man pages and changelogs.
+# Compresses a text and installs it, as Debian requires for man pages and changelogs.
 find_program(GZIP_PROGRAM gzip REQUIRED)
 function(rostermill_install_compressed text destination)
   get_filename_component(name ${text} NAME)
@@ -49,13 +49,13 @@ if(TARGET rsmtool)
   endif()
 endif()
 
-set(beside ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
-install(FILES ${beside}/colors.txt DESTINATION ${home})
-# As the build made it; the one beside the program may be edited by now.
+set(program_folder ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
+install(FILES ${program_folder}/colors.txt DESTINATION ${home})
+# The original; the copy in the program's folder may have been edited.
 install(FILES ${SAMPLE_IMAGE} DESTINATION ${home})
-install(DIRECTORY ${beside}/faces DESTINATION ${home})
+install(DIRECTORY ${program_folder}/faces DESTINATION ${home})
 install(
-  DIRECTORY ${beside}/
+  DIRECTORY ${program_folder}/
   DESTINATION ${home}
   FILES_MATCHING
   REGEX "/[rp][1-4]-[0-7]\\.bmp$"
@@ -90,11 +90,11 @@ set(CPACK_PACKAGE_HOMEPAGE_URL ${ROSTERMILL_HOMEPAGE})
 set(CPACK_PACKAGE_DESCRIPTION_SUMMARY "editor for an American football cartridge image")
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
     "Rostermill opens the cartridge image of an American football game with 28
-teams on an 8-bit console, shows the league in it and writes back what is
-changed: players, ratings and portraits, teams, colors and playbooks, the
-schedule, the all-star rosters and the game's texts.
+teams on an 8-bit console, shows the league in it and saves your changes:
+players, ratings and portraits, teams, colors and playbooks, the schedule, the
+all-star rosters and the game's texts.
 
-A sample league of invented teams and players comes with it.")
+It comes with a sample league of invented teams and players.")
 set(CPACK_PACKAGING_INSTALL_PREFIX /usr)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
@@ -104,7 +104,7 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION utils)
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)
-# The window system's plugins are loaded at run time, which no scan of the program can see.
+# The platform plugins are loaded at run time, so shlibdeps can't find them.
 set(CPACK_DEBIAN_PACKAGE_DEPENDS qt6-qpa-plugins)
 set(CPACK_DEBIAN_PACKAGE_CONTROL_STRICT_PERMISSION ON)
 include(CPack)

@@ -1,4 +1,4 @@
-# Headers that nearly every form includes; precompiling them halves the build.
+# Headers that nearly every form includes; precompiling them halves the build time.
 function(rostermill_precompile target)
   target_precompile_headers(
     ${target}

@@ -15,7 +15,7 @@ struct Section {
   std::size_t size;
 };
 
-/// What a load reads, the pointers first.
+/// The sections that a load reads, pointers first.
 inline constexpr std::array Sections{
     Section{0x329A7, 52},  Section{0x1FC50, 176},  Section{0x21642, 2},    Section{0x21FE0, 28},
     Section{0x239D3, 28},  Section{0x1FD00, 120},  Section{0x00048, 1682}, Section{0x006DA, 10'550},
@@ -23,9 +23,9 @@ inline constexpr std::array Sections{
     Section{0x1D310, 112}, Section{0x2C2E4, 306},  Section{0x32853, 120},  Section{0x329DB, 476},
     Section{0x343E8, 140}, Section{0x34494, 112}};
 
-/// The image of an input: one that is long enough is the image itself. A shorter one is laid over
-/// the sections in their order and repeated over the rest, so that few bytes reach far. The header
-/// is a good one in either case.
+/// Makes an image from a fuzzer's input. One that is long enough is the image itself; a shorter one
+/// is copied to the sections in order and repeated over the rest, so that a few bytes reach far.
+/// The header is valid in either case.
 inline std::vector<std::uint8_t> ImageOf(std::span<const std::uint8_t> input) {
   constexpr std::array<std::uint8_t, 16> header{'N', 'E', 'S', 0x1A, 0x10, 0x10, 0x40};
   std::vector<std::uint8_t> image(OpenImage::WholeSize);

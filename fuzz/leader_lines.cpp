@@ -1,4 +1,4 @@
-// Any names and ratings make export lines whose columns stand where they should.
+// Whatever the names and ratings are, the columns of the export lines are in the right places.
 
 #include <algorithm>
 #include <cstdint>
@@ -15,7 +15,7 @@ void Require(bool holds) {
   if (!holds) std::abort();
 }
 
-/// Takes bytes off the front of the input; 0 behind its end.
+/// Takes bytes from the front of the input; 0 past its end.
 class Input {
  public:
   Input(const std::uint8_t* data, std::size_t size) : data_(data), size_(size) {}
@@ -34,7 +34,7 @@ class Input {
   std::size_t at_ = 0;
 };
 
-/// Names, ratings and formations in turn until the input ends; the rest stays empty.
+/// Fills in formations, names and ratings until the input ends; the rest stays empty.
 void FillLeague(Input& input, LeagueData& league) {
   const auto code = [&input] { return static_cast<std::int16_t>(input.Byte() % 16); };
   for (int team = 1; team <= TeamCount; ++team) {
@@ -57,8 +57,8 @@ void CheckLines(const LeaderTable& rows, int count, int group) {
   for (std::size_t at = 0; at < lines.size(); ++at) {
     bytes += lines[at].size() + 2;
     if (at == 0) continue;
-    // Rank, point and blank, 21 places of name, blanks up to column 29, four places a rating.
-    std::size_t wide = 0;  // "100" has a place more
+    // Rank, period and blank, 21 columns of name, blanks up to column 29, four columns per rating.
+    std::size_t wide = 0;  // "100" is one column wider
     for (int column = 1; column <= LeaderColumnCount(group); ++column) {
       if (rows[static_cast<int>(at)].Attr[column] == 15) ++wide;
     }

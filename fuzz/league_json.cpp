@@ -1,5 +1,5 @@
-// Any text is refused as JSON of a league, with reasons, or changes a league to one that its own
-// JSON gives back.
+// Any text is either rejected as JSON of a league, with reasons, or changes a league; the JSON of
+// that league then gives it back.
 
 #include "exchange/league_json.h"
 
@@ -15,7 +15,7 @@ void Require(bool holds) {
   if (!holds) std::abort();
 }
 
-/// The emptiest league that an image can hold.
+/// A league with as little in it as an image can hold.
 std::unique_ptr<LeagueData> EmptyLeague() {
   auto league = std::make_unique<LeagueData>();
   for (TeamRec& team : league->TeamData) team.Abbreviation = "    ";

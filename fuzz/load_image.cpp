@@ -1,4 +1,4 @@
-// Any bytes behind a good header load; what fits is saved and loads again to the same league.
+// Any bytes after a valid header load, and if the texts fit, a save of the league loads back equal.
 
 #include "league/load_image.h"
 

@@ -1,4 +1,4 @@
-// Makes the inputs that the fuzz targets start from: make_seeds FOLDER-OF-THE-SAMPLE SEEDS
+// Makes the seed inputs of the fuzz targets: make_seeds SAMPLE-FOLDER SEEDS-FOLDER
 
 #include <cstdio>
 #include <filesystem>
@@ -40,7 +40,7 @@ Bytes SectionsOf(const Bytes& image) {
   return input;
 }
 
-/// Group and heading, then each name as its length and its letters, see leader_lines.cpp.
+/// The group and a heading, then each name as its length and its letters; see leader_lines.cpp.
 Bytes NamesOf(const LeagueData& league, std::uint8_t group) {
   Bytes input{group, group};
   for (const auto& team : league.NameData) {
@@ -58,7 +58,7 @@ Bytes NamesOf(const LeagueData& league, std::uint8_t group) {
   return input;
 }
 
-/// A part of a league's JSON that has something of everything, short enough to be changed quickly.
+/// A part of a league's JSON with something of everything, but short, so that it mutates quickly.
 constexpr std::string_view league_json = R"({"rosterYear": "1995", "leagueText": [null, "AFC"],
 "teams": [{"index": 3, "city": "PORT \u00e9", "nickname": "OTTERS", "abbreviation": "PT.",
 "formation": 2, "colors": [1, 255], "divChampColors": [0], "confChampColors": [63], "plays": [9],
@@ -67,7 +67,7 @@ constexpr std::string_view league_json = R"({"rosterYear": "1995", "leagueText":
 {"slot": 12, "kickReturner": true, "puntReturner": false}]}],
 "schedule": [[{"away": 28, "home": 29}], [], null], "probowl": [[{"team": 256, "slot": 1}]]})";
 
-/// Two pieces of an image, one with a run in its middle, or the patch between them; see
+/// A piece of an image, and either the same with a run of X in it or the patch between the two; see
 /// patches.cpp.
 Bytes PatchInput(const Bytes& image, std::optional<PatchFormat> format) {
   const auto first = image.begin() + 0x6DA;
@@ -89,7 +89,7 @@ Bytes PatchInput(const Bytes& image, std::optional<PatchFormat> format) {
 
 int main(int argc, char** argv) {
   if (argc != 3) {
-    std::fprintf(stderr, "usage: make_seeds FOLDER-OF-THE-SAMPLE SEEDS\n");
+    std::fprintf(stderr, "usage: make_seeds SAMPLE-FOLDER SEEDS-FOLDER\n");
     return 2;
   }
   const fs::path sample(argv[1]);

@@ -1,4 +1,4 @@
-// Any text as colors.txt either gives 64 colours in range or is refused with a known error.
+// Any colors.txt either gives 64 colors in range or is rejected with a known error.
 
 #include "league/palette.h"
 
@@ -14,8 +14,8 @@ void Require(bool holds) {
   if (!holds) std::abort();
 }
 
-/// A file that must give the same palette. A name that holds a quotation mark stood without any,
-/// and may begin with a byte order mark, of which a file's first is dropped.
+/// A file that has to give the same palette. A name with a quotation mark in it was not in quotes.
+/// The file's byte order mark is dropped, so that the first name may begin with another.
 std::string TextOf(const Palette& palette) {
   std::string text = "\xEF\xBB\xBF";
   for (const PaletteRec& rec : palette) {

@@ -1,4 +1,4 @@
-// Any patch is applied or refused, and any two files make patches that turn one into the other.
+// Any patch is applied or rejected, and any two files make patches that turn one into the other.
 
 #include <algorithm>
 #include <cstdlib>
@@ -21,7 +21,7 @@ void PutCrc(Bytes& patch, std::size_t from_end, std::uint32_t crc) {
   }
 }
 
-/// Gives a BPS patch the checksums that a reader asks for before it runs the actions.
+/// Gives a BPS patch the checksums that a reader checks before it runs the actions.
 void PutChecksums(Bytes& patch, const Bytes& base) {
   if (PatchFormatOfBytes(patch) != PatchFormat::Bps || patch.size() < 4 + BpsFooterSize) return;
   PutCrc(patch, 12, BpsCrc(base));
@@ -44,7 +44,7 @@ void MakeAndApply(PatchFormat format, const Bytes& base, const Bytes& target) {
 
 }  // namespace
 
-/// The first two bytes are the length of one file; another, which may be a patch, follows it.
+/// The first two bytes are the length of the base, which follows. The rest is a target or a patch.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   if (size < 2) return 0;
   const std::size_t length = std::min(std::size_t{data[1]} << 8 | data[0], size - 2);

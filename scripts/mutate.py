@@ -16,7 +16,7 @@ import time
 from concurrent.futures import ThreadPoolExecutor
 from pathlib import Path
 
-from mutation.clone import Clone, Processes, Stopped, tracked_files
+from mutation.clone import Clone, Limit, Processes, Stopped, tracked_files
 from mutation.faults import Fault, find_faults, found_again, in_drawn_order
 
 ROOT = Path(__file__).resolve().parent.parent
@@ -31,12 +31,15 @@ class Draw:
         self._next = self._busy = self._tried = 0
         self._changed = threading.Condition()
         self._results = {}
+        self._began = time.monotonic()
 
     def take(self):
         """A fault with its place in the order, or None when there are no more."""
         with self._changed:
-            while self._tried + self._busy >= self._count and self._busy > 0: self._changed.wait()
-            if self._tried + self._busy >= self._count or self._next == len(self._faults): return None
+            while self._tried + self._busy >= self._count and self._busy > 0:
+                self._changed.wait()
+            if self._tried + self._busy >= self._count or self._next == len(self._faults):
+                return None
             self._busy += 1
             self._next += 1
             return self._next - 1, self._faults[self._next - 1]
@@ -47,12 +50,17 @@ class Draw:
             self._busy -= 1
             if result is not None:
                 self._results[place] = result
-                if result["outcome"] != "void": self._tried += 1
+                if result["outcome"] != "void":
+                    self._tried += 1
                 self._show(result)
             self._changed.notify_all()
 
-    def in_order(self):
+    def results(self):
+        """Those so far, in the order of the draw."""
         return [self._results[place] for place in sorted(self._results)]
+
+    def seconds(self):
+        return time.monotonic() - self._began
 
     def _show(self, result):
         by = f"  by {result['by']}" if result["by"] else ""
@@ -67,7 +75,7 @@ class Run:
         self.draw, self.processes = None, Processes()
         ninja_jobs = max(1, (os.cpu_count() or 1) // jobs)
         self._clones = [Clone(ROOT, self.processes, ninja_jobs) for _ in range(jobs)]
-        self._seconds = {}
+        self._limits = {}
 
     def go(self, faults, count):
         for clone in self._clones:
@@ -75,7 +83,8 @@ class Run:
             clone.prepare()
         plans = {file: self._clones[0].plan_for(file) for file in {fault.file for fault in faults}}
         unseen = sorted(file for file in plans if not plans[file])
-        if unseen: print("Left out, as no test program links them:", *unseen)
+        if unseen:
+            print("Left out, as no test program links them:", *unseen)
         self._measure({program for plan in plans.values() for program, _ in plan})
         self.draw = Draw([fault for fault in faults if plans[fault.file]], count)
         with ThreadPoolExecutor() as workers:
@@ -86,16 +95,19 @@ class Run:
         """Runs the programs without a fault; what takes much longer with one hangs."""
         for program in sorted(programs):
             start = time.monotonic()
-            failed = self._clones[0].test(program, "*", 600)
-            if failed: raise SystemExit(f"Fails without any fault: {failed}")
-            self._seconds[program] = 10 + 5 * (time.monotonic() - start)
+            failed = self._clones[0].test(program, "*", Limit(600, 1200))
+            if failed:
+                raise SystemExit(f"Fails without any fault: {failed}")
+            seconds = 10 + 3 * int(time.monotonic() - start)
+            self._limits[program] = Limit(processor=seconds, clock=2 * seconds)
 
     def _work(self, clone, plans):
         while (taken := self.draw.take()) is not None:
             place, fault = taken
             start, result = time.monotonic(), None
             try:
-                with clone.fault(fault): outcome, by = self._try(clone, plans[fault.file])
+                with clone.fault(fault):
+                    outcome, by = self._try(clone, plans[fault.file])
                 result = {"outcome": outcome, "by": by, "seconds": time.monotonic() - start,
                           "fault": fault}
             finally:
@@ -104,9 +116,11 @@ class Run:
     def _try(self, clone, plan):
         for program, tests in plan:
             answer = clone.build(program)
-            if answer: return answer, "the build" if answer == "found" else ""
-            failed = clone.test(program, tests, self._seconds[program])
-            if failed: return "found", failed
+            if answer:
+                return answer, "the build" if answer == "found" else ""
+            failed = clone.test(program, tests, self._limits[program])
+            if failed:
+                return "found", failed
         return "lived", ""
 
 
@@ -128,18 +142,20 @@ def lived_in(report):
            for fault in find_faults(file, (ROOT / file).read_text())]
     again = found_again(now, earlier)
     for fault, same in zip(earlier, again):
-        if same is None: print(f"no longer there: {fault}")
+        if same is None:
+            print(f"no longer there: {fault}")
     return [fault for fault in again if fault is not None]
 
 
-def write_report(path, options, results):
+def write_report(options, results):
     rows = [result | {"fault": vars(result["fault"])} for result in results]
     content = {"seed": options.seed, "paths": options.paths, "results": rows}
-    Path(path).write_text(json.dumps(content, indent=1) + "\n")
+    Path(options.report).write_text(json.dumps(content, indent=1) + "\n")
 
 
-def print_summary(results, seconds):
-    of = {kind: [result for result in results if result["outcome"] == kind]
+def print_summary(draw):
+    seconds = draw.seconds()
+    of = {kind: [result for result in draw.results() if result["outcome"] == kind]
           for kind in ("found", "lived", "void")}
     tried = len(of["found"]) + len(of["lived"])
     print(f"\n{tried} faults in {seconds / 60:.1f} min, {seconds / max(tried, 1):.1f} s each: "
@@ -163,7 +179,8 @@ def parsed_options():
     options = parser.parse_args()
     if bool(options.paths) == bool(options.only_lived_from):
         parser.error("either paths or --only-lived-from")
-    if options.jobs < 1 or options.count < 1: parser.error("--jobs and --count start at 1")
+    if options.jobs < 1 or options.count < 1:
+        parser.error("--jobs and --count start at 1")
     return options
 
 
@@ -172,22 +189,28 @@ def main():
     if options.only_lived_from:
         faults = lived_in(options.only_lived_from)
         options.count = len(faults)
+        if not faults:
+            raise SystemExit("None of them to try.")
     else:
         faults = in_drawn_order([fault for file in sources(options.paths)
                                  for fault in find_faults(file, (ROOT / file).read_text())],
                                 options.seed)
     if options.list:
-        for fault in faults[: options.count]: print(fault)
+        for fault in faults[: options.count]:
+            print(fault)
         return 0
-    run = Run(min(options.jobs, max(options.count, 1)))
+    if options.report:
+        Path(options.report).touch()  # Better a complaint now than at the end.
+    run = Run(min(options.jobs, options.count))
     for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
         if signal.getsignal(number) != signal.SIG_IGN:
             signal.signal(number, lambda *_: run.processes.stop())
-    start = time.monotonic()
-    with contextlib.suppress(Stopped): run.go(faults, options.count)
-    results = run.draw.in_order() if run.draw else []
-    if options.report: write_report(options.report, options, results)
-    print_summary(results, time.monotonic() - start)
+    with contextlib.suppress(Stopped):
+        run.go(faults, options.count)
+    if run.draw:
+        print_summary(run.draw)
+        if options.report:
+            write_report(options, run.draw.results())
     return 130 if run.processes.stopped else 0
 
 

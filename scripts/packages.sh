@@ -1,12 +1,13 @@
-# Sourced by run and test: installs the Debian packages that are missing.
+# Sourced by run, test and bench/run.
 
-# need_packages PACKAGE...
+# need_packages PACKAGE...: installs those that are missing.
 need_packages() {
   local missing=() name
   if ! command -v dpkg-query >/dev/null; then
-    # Not a Debian: carry on where the tools are there, name them where they aren't.
+    # Not Debian: continue if the build tools are installed, or else say what is needed.
     if command -v cmake >/dev/null && command -v ninja >/dev/null; then return 0; fi
-    echo "This system is no Debian. Please install what these Debian packages hold: $*" >&2
+    echo "This is not a Debian system. Please install what corresponds to these" >&2
+    echo "Debian packages: $*" >&2
     exit 1
   fi
   for name in "$@"; do
@@ -18,7 +19,7 @@ need_packages() {
   if [ "$(id -u)" -ne 0 ]; then
     if ! command -v sudo >/dev/null; then
       echo "These packages are missing: ${missing[*]}" >&2
-      echo "Install them as root, and then start this again:" >&2
+      echo "Install them as root, then run this again:" >&2
       echo "    apt-get update && apt-get install ${missing[*]}" >&2
       exit 1
     fi
@@ -33,7 +34,7 @@ need_packages() {
   fi
 }
 
-# build PRESET [TARGET...]
+# build PRESET [TARGET...]: configures and builds.
 build() {
   local preset=$1
   shift

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Static checks over the whole code: cppcheck in seconds, and clang-tidy with "all", which takes
-# a quarter of an hour on two cores.
+# Runs the static checks on all code: cppcheck, which takes seconds, and with "all" clang-tidy too,
+# which takes a quarter of an hour on two cores.
 set -euo pipefail
 cd "$(dirname "$0")/.."
 
@@ -10,7 +10,7 @@ cppcheck --enable=warning,performance,portability --inline-suppr --std=c++20 --q
   --suppressions-list=scripts/cppcheck.supp league exchange screens shell toolkit tools tests fuzz bench
 [ "${1:-}" = all ] || exit 0
 
-# The sources count on their precompiled headers, which clang must have made itself.
+# The sources need their precompiled headers, and clang can read only its own.
 cmake -G Ninja -B build/tidy -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=Debug \
   -DCMAKE_EXPORT_COMPILE_COMMANDS=ON -DROSTERMILL_FUZZ=ON -DROSTERMILL_BENCH=ON >/dev/null
 headers=$(ninja -C build/tidy -t targets all | sed -n 's/^\([^ ]*\.pch\):.*/\1/p')

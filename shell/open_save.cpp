@@ -14,7 +14,7 @@ namespace {
 
 constexpr int cancel_error = 32755;
 
-/// Cuts the blanks, and no other white space, at both ends.
+/// Removes blanks, and no other white space, at both ends.
 QString WithoutOuterBlanks(QString text) {
   return text.remove(QRegularExpression("^ +| +$"));
 }
@@ -24,8 +24,8 @@ std::int16_t ClampedToInt16(qsizetype number) {
   return static_cast<std::int16_t>(std::clamp<qsizetype>(number, 0, largest));
 }
 
-/// One pair as the dialog's "description (patterns)". A description that ends with its patterns
-/// already doesn't show them twice, and "*.*" takes names without a dot as well.
+/// One pair as the dialog's "description (patterns)". A description that already ends with its
+/// patterns does not show them twice, and "*.*" matches names without a dot as well.
 QString NameFilter(QString description, const QString& patterns) {
   const QString written_out = "(" + patterns + ")";
   if (description.endsWith(written_out)) description.chop(written_out.size());

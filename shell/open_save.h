@@ -12,7 +12,7 @@ class QFileDialog;
 
 namespace rostermill {
 
-/// An error with a number, raised where a routine has no other way to tell of it.
+/// An error with a number, thrown by routines that have no other way to report it.
 class RaisedError : public std::exception {
  public:
   RaisedError(int number, std::string source, std::string description)
@@ -24,38 +24,39 @@ class RaisedError : public std::exception {
   std::string Description;
 };
 
-/// The system's file dialogs behind a few properties. A dialog that ends with a file gives its
-/// outcome in FileExt, FileTitle, fileName and FilterIndex; one that is cancelled changes nothing,
-/// but for what CancelError asks.
+/// The system's file dialogs as an object with properties. A dialog that ends with a file leaves
+/// its result in FileExt, FileTitle, fileName and FilterIndex; one that is cancelled changes
+/// nothing except as CancelError says.
 class clsOpenSave {
  public:
-  /// What fileName becomes when ShowOpen is cancelled while CancelError is true.
+  /// The value of fileName when ShowOpen is cancelled while CancelError is true.
   static constexpr const char* Cancelled = "?error?";
 
   clsOpenSave() { SetFilter("All Files (*.*)|*.*"); }
 
-  /// Characters before the extension of the chosen path, its dot included; 0 without extension.
+  /// The number of characters before the extension of the chosen path, including its dot; 0 without
+  /// an extension.
   std::int16_t FileExt() const { return file_ext_; }
   void SetFileExt(std::int16_t offset) { file_ext_ = offset; }
   /// The owner of the dialog; null for none.
   QWidget* hWnd() const { return owner_; }
   void SetHWnd(QWidget* owner) { owner_ = owner; }
 
-  /// Raises RaisedError 32755 when it is cancelled while CancelError is true.
+  /// Throws RaisedError 32755 when it is cancelled while CancelError is true.
   void ShowSave();
   void ShowOpen();
 
   /// Kept for the caller: the dialogs take paths of any length.
   std::int16_t MaxFileSize() const { return max_file_size_; }
   void SetMaxFileSize(std::int16_t characters) { max_file_size_ = characters; }
-  /// The folder in which the dialog opens; the user's home where there is no such folder.
+  /// The folder in which the dialog opens; the user's home if there is no such folder.
   QString InitDir() const { return init_dir_; }
   void SetInitDir(const QString& folder) { init_dir_ = folder; }
   /// Kept for the caller: the dialogs have no use for them.
   std::int32_t Flags() const { return flags_; }
   void SetFlags(std::int32_t flags) { flags_ = flags; }
   /// Pairs of a description and its patterns: "NES (*.nes)|*.nes|All Files|*.*". Patterns of one
-  /// pair are divided by ";". A "|" at the end is dropped.
+  /// pair are separated by ";". A "|" at the end is dropped.
   QString Filter() const;
   void SetFilter(const QString& pairs);
   /// The pair that is selected, counted from 1; any other number selects the first.
@@ -70,15 +71,15 @@ class clsOpenSave {
   /// The dialog's title; the system's own when it is empty.
   QString DialogTitle() const { return dialog_title_; }
   void SetDialogTitle(const QString& title) { dialog_title_ = title; }
-  /// The extension of a name that is entered without one.
+  /// The extension that is added to a name entered without one.
   QString DefaultExt() const { return default_ext_; }
   void SetDefaultExt(const QString& extension) { default_ext_ = extension; }
-  /// Whether a cancel is told to the caller.
+  /// Whether the caller learns of a cancel.
   bool CancelError() const { return cancel_error_; }
   void SetCancelError(bool reported) { cancel_error_ = reported; }
 
  private:
-  /// Runs the dialog and takes over its outcome; false when it was cancelled.
+  /// Runs the dialog and stores its result; false if it was cancelled.
   bool Run(QFileDialog& dialog);
   void TakeOver(const QFileDialog& dialog);
 

@@ -7,7 +7,8 @@ namespace rostermill {
 
 namespace {
 
-/// Relative luminance of an sRGB colour, 0 to 1, as the accessibility guidelines (WCAG 2) have it.
+/// Relative luminance of an sRGB color, 0 to 1, as defined by the accessibility guidelines (WCAG
+/// 2).
 double Luminance(const QColor& color) {
   const auto linear = [](double part) {
     return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
@@ -22,7 +23,7 @@ bool StandsOut(const QColor& text, const QColor& ground) {
 }
 
 QColor GroundFor(const QColor& text, const QColor& ground) {
-  constexpr double middle = 0.18;  // black and white stand out from it alike
+  constexpr double middle = 0.18;  // black and white have the same contrast to it
   const bool light_text = Luminance(text) > middle;
   constexpr int steps = 50;
   for (int step = 0; step <= steps; ++step) {

@@ -4,8 +4,8 @@
 
 namespace rostermill {
 
-/// `palette` with the ground of what is selected made darker or lighter, as far as it takes for the
-/// text on it to stand out by 4.5 to 1. All other roles go on following the system.
+/// `palette` with the background of selected items made darker or lighter until the text on it has
+/// a contrast of 4.5 to 1. All other roles keep following the system.
 QPalette ReadableSelection(QPalette palette);
 
 }  // namespace rostermill

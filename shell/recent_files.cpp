@@ -39,7 +39,7 @@ bool RecentFiles::AddRecentFile(const QString& path) {
 }
 
 QString RecentFiles::Entry(int index) const {
-  // A text edited by hand may hold a comma outside of quotes, which reads as a list.
+  // A text edited by hand may contain a comma outside quotes, which is read as a list.
   return settings_.value(KeyOf(index)).toStringList().join(',');
 }
 

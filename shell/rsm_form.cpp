@@ -49,18 +49,18 @@ QMessageBox::Icon IconOf(MessageKind kind) {
   return QMessageBox::NoIcon;
 }
 
-/// A caption that shows "&" as it stands, not as an access key, and a tab not as a column.
+/// A caption that shows "&" literally, not as an access key, and a tab not as a column.
 QString PlainCaption(const std::string& text) {
   return FromLatin1(text).replace('\t', ' ').replace("&", "&&");
 }
 
-/// The path as one line of the menu, cut in the middle where it is wider than half of the screen.
+/// The path as one line of the menu, cut in the middle if it is wider than half of the screen.
 QString RecentText(const QMenu& menu, const QString& path) {
   const int room = menu.screen()->availableGeometry().width() / 2;
   return menu.fontMetrics().elidedText(path, Qt::ElideMiddle, room);
 }
 
-/// The path of the one image file that is dragged; empty when it is anything else.
+/// The path of the one image file that is being dragged; empty for anything else.
 QString DraggedImage(const QDropEvent& event) {
   const QList<QUrl> urls = event.mimeData()->urls();
   const QString path = urls.size() == 1 ? urls.constFirst().toLocalFile() : QString();
@@ -149,7 +149,8 @@ void FRSMform::dropEvent(QDropEvent* event) {
   const QString path = DraggedImage(*event);
   if (path.isEmpty()) return;
   event->acceptProposedAction();
-  // The program that the file comes from waits for the end of this event, not for a message box.
+  // The program that the file comes from waits for the end of this event; a message box must not
+  // keep it waiting.
   QTimer::singleShot(0, this, [this, path] {
     if (isEnabled() && OpenImageFile(ToUtf8(path))) AddRecentFile(path);
   });
@@ -197,7 +198,7 @@ void FRSMform::mFilSaveROM_Click() {
 }
 
 void FRSMform::mFilUnloadROM_Click() {
-  // One Enter too many must not throw away what isn't saved.
+  // One Enter too many must not discard what is not saved.
   if (!AskYesNo(this, "Are you sure you want to unload the ROM?", "Unload ROM Confirmation",
                 QMessageBox::No)) {
     return;
@@ -266,7 +267,7 @@ void FRSMform::EndProgram() {
 }
 
 void FRSMform::SetBusy(bool busy) {
-  // A disabled window has no focus; it goes back to where it was.
+  // A disabled window has no focus; it is restored afterwards.
   const QPointer<QWidget> in_front = focusWidget();
   if (busy && in_front != loading_) focus_before_ = in_front;
   setEnabled(!busy);

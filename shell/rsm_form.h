@@ -24,31 +24,32 @@ class frmEditGameSettings;
 class frmEditSchedule;
 class frmProbowl;
 
-/// The main window: menu, status bar, and inside it the child forms. Loads, saves and unloads the
-/// image, opens every other screen, and has the commands follow whether an image is loaded.
+/// The main window: menu, status bar, and the child forms inside it. Loads, saves and unloads the
+/// image, opens every other screen, and enables the commands that need an image while one is
+/// loaded.
 class FRSMform : public QMainWindow, private PipelineHost {
   Q_OBJECT
 
  public:
-  /// `settings` keep the recent files and outlive the window; null stands for the user's own.
+  /// `settings` holds the recent files and outlives the window; null means the user's own settings.
   explicit FRSMform(LeagueSession& session, QSettings* settings = nullptr);
 
-  /// Loads the image at the path, UTF-8. One that is turned away leaves the path and the league in
-  /// use as they were. False when it wasn't loaded.
+  /// Loads the image at the path, UTF-8. A file that is rejected leaves the path and the league in
+  /// use unchanged. False if nothing was loaded.
   bool OpenImageFile(const std::string& path);
 
   /// Enables the commands that need an image, and gives the team commands their captions.
   void UpdateCommandState() override;
 
-  /// The recent paths, the last one first; empty texts behind them.
+  /// The recent paths, the latest first, followed by empty texts.
   RecentFiles::List GetRecentFiles() { return recent_files_.GetRecentFiles(); }
-  /// Puts the path at the top of the recent files, in the store and in the menu.
+  /// Puts the path at the top of the recent files, in the settings and in the menu.
   void AddRecentFile(const QString& path);
   /// Makes the menu show the stored paths; none of them is looked up.
   void UpdateRecentList();
 
  protected:
-  // A dropped image is loaded as by the command.
+  // A dropped image is loaded like one chosen by the command.
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
 
@@ -77,7 +78,7 @@ class FRSMform : public QMainWindow, private PipelineHost {
   /// Ends the program, whatever is open.
   void EndProgram();
 
-  // What a load and a save tell and ask.
+  // Reports and questions of a load and a save.
   void SetBusy(bool busy) override;
   void SetLoadingCaption(LoadStep step, std::string_view caption) override;
   void CloseLoading() override;

@@ -5,7 +5,7 @@
 namespace rostermill {
 
 /// A label that is pressed by the left mouse button, Space or Enter. It takes the keyboard focus
-/// and shows it in its text colour. A disabled one reports nothing.
+/// and shows it in its text color. A disabled one reports nothing.
 class ClickLabel : public QLabel {
   Q_OBJECT
 

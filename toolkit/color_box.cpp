@@ -34,7 +34,7 @@ QIcon ColorIcon(const std::optional<QColor>& color, int side, qreal pixel_ratio)
   swatch.fill(Qt::transparent);
   QPainter painter(&swatch);
   painter.fillRect(QRect(0, 0, side, side), ColorBrush(color));
-  // A rim that stands out from either scheme, for black on black and white on white.
+  // A rim that is visible in either scheme, even with black on black or white on white.
   painter.setPen(QColor(0x80, 0x80, 0x80));
   painter.drawRect(0, 0, side - 1, side - 1);
   return swatch;
@@ -51,7 +51,7 @@ void ColorBox::paintEvent(QPaintEvent* event) {
   QPainter(this).fillRect(contentsRect(), ColorBrush(color_));
   PictureBox::paintEvent(event);
   if (!hasFocus()) return;
-  // One of the two rings stands out from any colour.
+  // At least one of the two rings is visible on any color.
   QPainter painter(this);
   painter.setPen(palette().color(QPalette::HighlightedText));
   painter.drawRect(contentsRect().adjusted(2, 2, -3, -3));

@@ -16,14 +16,14 @@ class ComboBox : public DropDownList {
 
   /// Shows a text without selecting an entry.
   void SetText(const QString& text);
-  /// The first entry that begins with what stands in the box, whatever its case; -1 for none,
-  /// which an empty box has.
+  /// The first entry that begins with the box's text, ignoring case; -1 if there is none or the box
+  /// is empty.
   int MatchingIndex() const;
 
   void showPopup() override;
 
  signals:
-  /// The focus went to another control. Its own list, a menu and another program don't count.
+  /// The focus went to another control; the box's own list, a menu or another program do not count.
   void LostFocus();
 
  protected:

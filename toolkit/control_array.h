@@ -26,7 +26,7 @@ class ControlArray {
     return control;
   }
 
-  /// The member with this index; throws std::out_of_range where there is none.
+  /// The member with this index; throws std::out_of_range if there is none.
   Control* operator[](int index) const {
     return members_.at(static_cast<std::size_t>(index - first_));
   }

@@ -33,7 +33,7 @@ DropDownList::DropDownList(const QString& name, ListOrder order) : order_(order)
   setObjectName(name);
   setFocusPolicy(Qt::StrongFocus);
   setMaxVisibleItems(visible_entries);
-  // A damaged image can hold texts of any length; the list keeps its width all the same.
+  // A damaged image can contain texts of any length; the list keeps its width.
   setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
   setMinimumContentsLength(12);
   connect(this, &QComboBox::currentIndexChanged, this, [this](int index) {
@@ -42,7 +42,7 @@ DropDownList::DropDownList(const QString& name, ListOrder order) : order_(order)
 }
 
 void DropDownList::AskForRoom(int characters) {
-  // Qt counts in the width of this letter.
+  // Qt counts in widths of this letter.
   const int letter = fontMetrics().horizontalAdvance('X');
   setMinimumContentsLength(RoomFor(fontMetrics(), characters) / letter + 1);
 }
@@ -71,7 +71,7 @@ void DropDownList::AddItem(const QString& text) {
   const QSignalBlocker silent(this);
   const bool none_selected = currentIndex() < 0;
   insertItem(PlaceFor(text), text);
-  // Qt selects the first entry of its own accord.
+  // Qt selects the first entry by itself.
   if (none_selected) setCurrentIndex(-1);
 }
 

@@ -6,7 +6,7 @@ namespace rostermill {
 
 enum class ListOrder { AsAdded, Sorted };
 
-/// A list that drops down and is picked from. Its Click signal follows every real change of the
+/// A drop-down list. Its Click signal follows every real change of the
 /// selection, by the user or by the program, and nothing else: neither a selection of the entry
 /// that is selected already, nor clearing, nor adding.
 class DropDownList : public QComboBox {
@@ -15,18 +15,17 @@ class DropDownList : public QComboBox {
  public:
   explicit DropDownList(const QString& name, ListOrder order = ListOrder::AsAdded);
 
-  /// Asks for the room that so many characters need, whatever they are. A longer text is cut in
-  /// the middle.
+  /// Makes room for this many characters, whatever they are. A longer text is cut in the middle.
   void AskForRoom(int characters);
 
   /// Empties the list; nothing is selected then.
   void Clear();
-  /// A sorted list files the entry without regard to ASCII case, behind those that equal it.
+  /// A sorted list inserts the entry ignoring ASCII case, after those equal to it.
   void AddItem(const QString& text);
   int ListCount() const { return count(); }
   /// The text of the entry at the index, counted from 0.
   QString List(int index) const { return itemText(index); }
-  /// Replaces the text of an entry where it stands.
+  /// Replaces the text of an entry without moving it.
   void SetList(int index, const QString& text);
   /// The selected entry, counted from 0; -1 for none.
   int ListIndex() const { return currentIndex(); }

@@ -4,15 +4,15 @@
 
 namespace rostermill {
 
-/// A button whose caption changes while its width doesn't: it asks for the room of `widest`, and
-/// a longer caption is shortened and stands whole in the tool tip.
+/// A button whose width does not depend on its caption: it asks for the width of `widest`, and a
+/// longer caption is shortened and shown in full in the tool tip.
 class ElidedButton : public QPushButton {
   Q_OBJECT
 
  public:
   ElidedButton(const QString& caption, const QString& widest);
 
-  /// Shows the text as it stands, "&" included.
+  /// Shows the text literally, including any "&".
   void SetCaption(const QString& caption);
   const QString& Caption() const { return caption_; }
   QSize sizeHint() const override;

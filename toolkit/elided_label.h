@@ -4,8 +4,8 @@
 
 namespace rostermill {
 
-/// A label whose text is shortened in the middle where it doesn't fit, and whole in its tool tip.
-/// How long the text is has no effect on the width that it asks for.
+/// A label whose text is shortened in the middle if it does not fit, and shown in full in its tool
+/// tip. The length of the text has no effect on the width that the label asks for.
 class ElidedLabel : public QLabel {
   Q_OBJECT
 
@@ -13,7 +13,7 @@ class ElidedLabel : public QLabel {
   explicit ElidedLabel(const QString& name);
 
   void SetText(const QString& text);
-  /// Asks for the room that so many characters need, whatever they are; for little by default.
+  /// Makes room for this many characters, whatever they are; the default is little.
   void AskForRoom(int characters);
   QSize minimumSizeHint() const override;
   QSize sizeHint() const override;

@@ -6,8 +6,8 @@ class QWidget;
 
 namespace rostermill {
 
-/// Offers files that are dragged over a window to the window itself, wherever they are on it: its
-/// text boxes, which would take the path as a text, let them through.
+/// Offers files that are dragged over a window to the window itself, wherever on it they are. Text
+/// boxes, which would insert the path as text, let them through.
 class FileDrops : public QObject {
  public:
   explicit FileDrops(QWidget* window);

@@ -6,17 +6,17 @@ namespace rostermill {
 
 /// A grid of texts to look at. Its first column is fixed: it stays in view while the others scroll
 /// under it. Rows and columns count from 0. Ctrl+A selects all; Ctrl+C copies what is selected, or
-/// all when nothing is, as tab-separated text. Rows and columns in which nothing is selected are
-/// left out; what isn't selected in the others is empty.
+/// all when nothing is, as tab-separated text. Rows and columns without a selected cell are
+/// left out; cells that are not selected in the others are copied as empty.
 class FlexGrid : public QTableWidget {
   Q_OBJECT
 
  public:
   FlexGrid(const QString& name, int rows, int columns);
 
-  /// `twips`: 1440 are an inch.
+  /// `twips`: 1440 are one inch.
   void SetColWidth(int column, int twips);
-  /// Widens a column to its widest text, at most to twice the width that it has.
+  /// Widens a column to its widest text, at most to twice its width.
   void WidenToText(int column);
   void SetTextMatrix(int row, int column, const QString& text, const QString& tool_tip = {});
   QString TextMatrix(int row, int column) const;

@@ -15,8 +15,8 @@ namespace rostermill {
 
 namespace {
 
-/// Ctrl+F4 alone closes the window of a form: Qt gives it Ctrl+W too, which is a command of the
-/// main menu, and two owners of a key leave it without effect.
+/// Only Ctrl+F4 closes the window of a form. Qt gives it Ctrl+W too, but that is a command of the
+/// main menu, and a key with two owners has no effect.
 void LeaveKeysToMenu(QMdiSubWindow& window) {
   for (QAction* action : window.systemMenu()->actions()) {
     if (action->shortcuts().contains(QKeySequence("Ctrl+W"))) {
@@ -25,7 +25,7 @@ void LeaveKeysToMenu(QMdiSubWindow& window) {
   }
 }
 
-/// Where the Tab key would come first; null for a form that takes the focus itself.
+/// The control that the Tab key reaches first; null for a form that takes the focus itself.
 QWidget* FirstControl(QWidget& form) {
   if (form.focusPolicy() != Qt::NoFocus || form.focusProxy() != nullptr) return nullptr;
   for (QWidget* next = form.nextInFocusChain(); next != &form; next = next->nextInFocusChain()) {
@@ -97,7 +97,7 @@ void ChildForm::keyPressEvent(QKeyEvent* event) {
 ChildArea::ChildArea() {
   LetHeldKeysActOnce();
   setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
-  // A small screen or a large font can leave a form outside; it can be scrolled to then.
+  // A small screen or a large font can leave a form outside; the area can then be scrolled to it.
   setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
 }

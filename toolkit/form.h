@@ -11,7 +11,7 @@ namespace rostermill {
 
 /// A modeless window inside the main window. It is created by showing it and closed by its
 /// buttons or its close box; Form_Unload runs once, whichever closes it. Enter presses the button
-/// that has the focus or else the default button, Esc the cancel button; held down they do so once.
+/// that has the focus or otherwise the default button, Esc the cancel button, once per press.
 class ChildForm : public QWidget {
   Q_OBJECT
 
@@ -43,7 +43,7 @@ class ChildForm : public QWidget {
   QPointer<QPushButton> cancel_button_;
 };
 
-/// The inside of the main window, where the child forms stand.
+/// The inside of the main window, which holds the child forms.
 class ChildArea : public QMdiArea {
   Q_OBJECT
 
@@ -51,15 +51,15 @@ class ChildArea : public QMdiArea {
   ChildArea();
 
   /// Brings the form to the front. One that is not shown yet gets a window of its own, as large as
-  /// its content asks where the area has the room. It lies inside of the area, or begins at the
-  /// area's corner where its least size is too large; the area scrolls to the rest then.
+  /// its content asks for if the area has the room. The window opens inside the area, or at its
+  /// corner if its minimum size is too large; the area then scrolls.
   void ShowForm(ChildForm* form);
 
-  /// Moves the window of a form that is shown to the middle of the area, or to its corner where it
-  /// doesn't fit.
+  /// Moves the window of a form that is shown to the middle of the area, or to its corner if it
+  /// does not fit.
   void CentreForm(ChildForm* form);
 
-  /// Shows the form that `slot` keeps; makes one first when none is open.
+  /// Shows the form in `slot`; makes one first if none is open.
   template <typename Form, typename Make>
   Form* OpenOrRaise(QPointer<Form>& slot, Make make) {
     if (!slot || !slot->IsOpen()) slot = make();
@@ -68,17 +68,17 @@ class ChildArea : public QMdiArea {
   }
 
  private:
-  /// Moves a window as near to `place` as keeps it inside.
+  /// Moves a window as close to `place` as possible while keeping it inside.
   void MoveInside(QWidget& window, QPoint place);
 };
 
-/// Closes the form that `slot` keeps, if one is open.
+/// Closes the form in `slot` if one is open.
 template <typename Form>
 void CloseIfOpen(const QPointer<Form>& slot) {
   if (slot && slot->IsOpen()) slot->CloseForm();
 }
 
-/// A modal window. Esc is its Cancel, and the close box where the dialog says nothing else.
+/// A modal window. Esc cancels it, and so does the close box unless the dialog says otherwise.
 class DialogForm : public QDialog {
   Q_OBJECT
 

@@ -83,7 +83,7 @@ QDialogButtonBox* ButtonRow(QPushButton* accept, QPushButton* reject,
   if (accept != nullptr) row->addButton(accept, QDialogButtonBox::AcceptRole);
   if (reject != nullptr) row->addButton(reject, QDialogButtonBox::RejectRole);
   for (QPushButton* action : actions) row->addButton(action, QDialogButtonBox::ActionRole);
-  // The platform chose the order of places; the tab key follows it.
+  // The platform decides the order of the buttons; the Tab key follows it.
   QWidget* previous = nullptr;
   for (int place = 0; place < row->layout()->count(); ++place) {
     QWidget* button = row->layout()->itemAt(place)->widget();

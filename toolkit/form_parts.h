@@ -11,12 +11,12 @@ class QGroupBox;
 
 namespace rostermill {
 
-/// The small parts that all forms are made of, so that they look alike.
+/// The small parts that all forms are built from, so that they look alike.
 
 /// The system's fixed-pitch font, for numbers and position labels.
 QFont FixedFont();
 
-/// The width of so many characters, whatever they are, in pixels.
+/// The width of this many characters, whatever they are, in pixels.
 int RoomFor(const QFontMetrics& metrics, int characters);
 
 /// A named label. Its text is plain, never markup.
@@ -30,15 +30,15 @@ QPushButton* NewButton(const QString& name, const QString& text);
 QPushButton* NewStepButton(const QString& text);
 QGroupBox* NewFrame(const QString& name, const QString& title = {});
 
-/// A row with the buttons at the right, in the platform's order. `accept` and `reject` may be
-/// null; `actions` are those that do neither.
+/// A row with the buttons at the right, in the platform's order. `accept` and `reject` may be null;
+/// `actions` are the buttons that do neither.
 QDialogButtonBox* ButtonRow(QPushButton* accept, QPushButton* reject,
                             std::initializer_list<QPushButton*> actions = {});
 
-/// The text as a tool tip that shows it as it stands, never as markup.
+/// The text as a tool tip that shows it literally, never as markup.
 QString PlainToolTip(const QString& text);
 
-/// Keeps the room of a control that comes and goes, so that the others don't move.
+/// Keeps the space of a control that is hidden at times, so that the others do not move.
 void KeepRoomWhenHidden(QWidget* widget);
 
 }  // namespace rostermill

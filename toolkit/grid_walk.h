@@ -11,28 +11,28 @@ class QWidget;
 namespace rostermill {
 
 /// Makes a grid of controls one stop of the Tab key, at the cell that had the focus last. From
-/// there the arrow keys walk the grid, and Home and End go to the ends of the row.
-/// A cell that comes to the focus so shows its tool tip.
+/// there the arrow keys move through the grid, and Home and End go to the ends of the row. A cell
+/// that gets the focus this way shows its tool tip.
 class GridWalk : public QObject {
   Q_OBJECT
 
  public:
-  /// `cells` row by row; they take the focus already and outlive this object.
+  /// `cells` row by row; they must accept the focus and outlive this object.
   GridWalk(std::vector<QWidget*> cells, int columns, QObject* parent);
 
-  /// Makes this cell, counted from 0, the one that Tab comes to.
+  /// Makes this cell, counted from 0, the one that Tab stops at.
   void SetCurrent(int cell);
 
-  /// Has Enter on the cell that is picked already press the button, and a double click as well,
+  /// Lets Enter on the cell that is already picked press the button, and a double click as well,
   /// whose first click picks the cell.
   void TakeBy(QAbstractButton* button, std::function<bool(int cell)> is_picked);
 
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
-  /// The cell that the key leads to; -1 when it doesn't walk.
+  /// The cell that the key leads to; -1 for a key that does not move.
   int Target(int key) const;
-  /// Walks to where the key leads; false when it doesn't walk.
+  /// Moves where the key leads; false for a key that does not move.
   bool Walk(int key);
   /// Presses the button if the cell is the one that is picked.
   bool Take();

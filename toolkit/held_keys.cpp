@@ -32,8 +32,8 @@ class HeldKeysFilter : public QObject {
     released_at_ = release.timestamp();
   }
 
-  /// X11 sends a repetition as a release and a press of one millisecond, and Qt sometimes reads the
-  /// one before the other has arrived and takes them for what they look like.
+  /// X11 sends a repetition as a release and a press within one millisecond, and Qt sometimes reads
+  /// the first before the second has arrived and reports a real release and press.
   bool IsRepetition(const QKeyEvent& press) const {
     const bool just_released = press.key() == released_key_ && press.timestamp() == released_at_;
     return press.isAutoRepeat() || (just_released && press.timestamp() != 0);

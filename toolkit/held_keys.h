@@ -2,9 +2,9 @@
 
 namespace rostermill {
 
-/// From the first call on, Enter and Esc act once for each press in every window of the program,
-/// message boxes included: held down they don't run on through what opens or comes to the front
-/// meanwhile. Enter goes on stepping a button that repeats while it is held.
+/// From the first call on, Enter and Esc act once per press in every window of the program,
+/// including message boxes. Held down, they do not continue into windows that open or come to the
+/// front meanwhile. Enter keeps stepping a button that repeats while it is held.
 void LetHeldKeysActOnce();
 
 }  // namespace rostermill

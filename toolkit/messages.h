@@ -11,8 +11,8 @@ namespace rostermill {
 void ShowMessageBox(QWidget* owner, QMessageBox::Icon icon, const QString& text,
                     const QString& title);
 
-/// A question with Yes and No; false when the answer is No, which closing the box is as well.
-/// Enter gives the answer `preset`.
+/// A question with Yes and No; false if the answer is No. Closing the box means No. Enter gives the
+/// answer `preset`.
 bool AskYesNo(QWidget* owner, const QString& text, const QString& title,
               QMessageBox::StandardButton preset);
 

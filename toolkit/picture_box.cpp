@@ -62,7 +62,7 @@ void PictureBox::paintEvent(QPaintEvent* event) {
     painter.drawImage(place, picture_);
   }
   if (hasFocus()) {
-    // The inner line keeps the mark apart from a picture of the same colour.
+    // The inner line keeps the mark apart from a picture of the same color.
     DrawRing(painter, inside, 3, palette().highlight());
     DrawRing(painter, inside.adjusted(3, 3, -3, -3), 1, palette().base());
   }

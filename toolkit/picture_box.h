@@ -12,16 +12,16 @@ class PictureBox : public QFrame {
   Q_OBJECT
 
  public:
-  /// `picture_size` is the room kept, in pixels of the picture, whether one is shown or not.
+  /// `picture_size` is the space reserved, in pixels of the picture, whether one is shown or not.
   PictureBox(const QString& name, QSize picture_size, int magnification = 1);
 
-  /// Loads a picture file. False when it can't be loaded; the picture shown stays then.
+  /// Loads a picture file. False if it cannot be loaded; the current picture stays.
   bool Load(const QString& path);
   void SetPicture(const QImage& picture);
   void ClearPicture() { SetPicture(QImage()); }
   const QImage& Picture() const { return picture_; }
 
-  /// Whether it can be pressed; `accessible_name` says what a press does.
+  /// Makes it clickable; `accessible_name` says what a press does.
   void SetClickable(const QString& accessible_name);
 
   QSize sizeHint() const override;

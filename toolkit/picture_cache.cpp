@@ -18,10 +18,10 @@ namespace rostermill {
 
 namespace {
 
-/// A picture larger than the program's own is not worth the memory.
+/// Pictures larger than the program's own are not worth the memory.
 constexpr qsizetype largest_kept = 1 << 20;
 
-/// What tells a changed file from a known one.
+/// What distinguishes a changed file from a known one.
 struct FileState {
   qint64 time = 0;  // nanoseconds or milliseconds, as the system gives them
   qint64 size = 0;
@@ -33,10 +33,10 @@ struct KeptPicture {
   QImage picture;
 };
 
-/// Empty for what is no regular file: a pipe could block the program.
+/// Empty if it is not a regular file: a pipe could block the program.
 std::optional<FileState> StateOf(const QString& path) {
 #ifdef Q_OS_UNIX
-  // One call of the system; QFileInfo would also look for the time zone.
+  // A single system call; QFileInfo would also look up the time zone.
   struct stat found {};
   if (::stat(QFile::encodeName(path).constData(), &found) != 0 || !S_ISREG(found.st_mode)) {
     return std::nullopt;
@@ -50,7 +50,7 @@ std::optional<FileState> StateOf(const QString& path) {
 #endif
 }
 
-/// Decodes the file from memory, in a format that is painted magnified without a detour.
+/// Decodes the file from memory, in a format that can be painted magnified without conversion.
 QImage Decoded(const QString& path) {
   QFile file(path);
   if (!file.open(QIODevice::ReadOnly | QIODevice::Unbuffered)) return {};

@@ -5,8 +5,8 @@
 
 namespace rostermill {
 
-/// The picture in a file; null where there is none. It is decoded once in the life of the program,
-/// and again when the file's time or size has changed.
+/// The picture in a file; null if there is none. It is decoded once, and again when the file's time
+/// or size has changed.
 QImage LoadPicture(const QString& path);
 
 }  // namespace rostermill

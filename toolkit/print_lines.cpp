@@ -21,7 +21,7 @@ QFont PrinterFont() {
   return font;
 }
 
-/// Characters that would break or bend a line become blanks.
+/// Characters that would break a line or move its columns become blanks.
 QString Printable(QString line) {
   for (QChar& c : line) {
     if (!c.isPrint()) c = ' ';
@@ -29,7 +29,7 @@ QString Printable(QString line) {
   return line;
 }
 
-/// The printer's font, small enough for the widest of the lines and the height of one.
+/// The printer's font, small enough for the widest line, and the height of a line.
 QFont FittingFont(QPagedPaintDevice& device, const QStringList& lines) {
   QFont font = PrinterFont();
   double size = font.pointSizeF() > 0 ? font.pointSizeF() : 10;
@@ -41,7 +41,7 @@ QFont FittingFont(QPagedPaintDevice& device, const QStringList& lines) {
     for (const QString& line : lines) widest = std::max(widest, metrics.horizontalAdvance(line));
     const double scale = std::min(device.width() / widest, device.height() / metrics.lineSpacing());
     if (scale >= 1 || size <= smallest) return font;
-    // Glyph widths are rounded, so a size that fits by the figures may be a little too wide.
+    // Glyph widths are rounded, so a size that should fit may be a little too wide.
     size = std::max(smallest, size * std::min(scale, 0.98));
   }
 }

@@ -8,16 +8,16 @@ class QPrinter;
 
 namespace rostermill {
 
-/// What to print on: either the printer's name or why there is none, as a sentence's end.
+/// The printer to use: either its name or the reason why there is none, as the end of a sentence.
 struct PrinterChoice {
   QString Name;
   QString Failure;
 };
 
-/// The default printer; where none is set (an empty name), the only one of the computer's printers.
+/// The default printer; if none is set (an empty name), the only one of the computer's printers.
 PrinterChoice ChoosePrinter(const QString& default_printer, const QStringList& printers);
 
-/// That printer of this computer; null, with the reason in `failure`, where there is none.
+/// Opens that printer of this computer; null, with the reason in `failure`, if there is none.
 std::unique_ptr<QPrinter> OpenPrinter(QString& failure);
 
 }  // namespace rostermill

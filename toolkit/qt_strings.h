@@ -7,11 +7,11 @@
 
 namespace rostermill {
 
-/// Texts of the cartridge are Latin-1, one byte a character; paths and messages are UTF-8.
+/// Texts of the cartridge are Latin-1, one byte per character; paths and messages are UTF-8.
 inline QString FromLatin1(std::string_view text) {
   return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
 }
-/// A character that Latin-1 doesn't have becomes "?"; text boxes don't let one in.
+/// A character that Latin-1 does not have becomes "?"; text boxes do not accept one.
 inline std::string ToLatin1(const QString& text) {
   return text.toLatin1().toStdString();
 }

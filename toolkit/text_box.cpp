@@ -16,7 +16,7 @@ bool IsControl(QChar c) {
   return c.unicode() < 0x20 || (c.unicode() >= 0x7F && c.unicode() <= 0x9F);
 }
 
-/// A letter and an accent that follows it count as the one character that Latin-1 has for them.
+/// A letter and an accent that follows it count as one character if Latin-1 has it.
 QString Latin1Only(const QString& text) {
   return text.normalized(QString::NormalizationForm_C).removeIf([](QChar c) {
     return c.unicode() > 0xFF;
@@ -47,7 +47,7 @@ TextBox::TextBox(const QString& name, int max_length, ControlCharacters controls
 
 void TextBox::SetText(const QString& text) {
   const int length = static_cast<int>(text.size());
-  // Qt cuts a text to the limit that it knows.
+  // Qt cuts a text to its limit.
   setMaxLength(std::max(maxLength(), length));
   setText(text);
   setMaxLength(std::max(max_length_, length));
@@ -111,7 +111,7 @@ void TextBox::contextMenuEvent(QContextMenuEvent* event) {
   QMenu* menu = createStandardContextMenu();
   menu->setAttribute(Qt::WA_DeleteOnClose);
   for (QAction* action : menu->actions()) {
-    // The one that was connected is "Paste".
+    // The connected one is "Paste".
     if (action->disconnect(SIGNAL(triggered()), this, SLOT(paste()))) {
       connect(action, &QAction::triggered, this, [this] { Paste(QClipboard::Clipboard); });
     }
@@ -141,7 +141,7 @@ void TextBox::Paste(QClipboard::Mode from) {
 }
 
 void TextBox::EndUndoStep() {
-  // A selection that is replaced begins a step anyway. Otherwise a move of the caret does.
+  // Replacing a selection begins a new undo step anyway. Otherwise moving the caret does.
   if (hasSelectedText() || text().isEmpty()) return;
   const int caret = cursorPosition();
   setCursorPosition(caret > 0 ? caret - 1 : 1);

@@ -15,13 +15,12 @@ enum class ControlCharacters {
   Kept,
 };
 
-/// A one-line text box for texts of the cartridge. Of a text that the user types, composes, pastes
-/// or drops it takes the characters that fit in one byte (Latin-1), until the box holds
-/// `max_length` of them; a text of which nothing remains changes nothing. Caret, selection and undo
-/// are those of any text box: isUndoAvailable() says whether the box has typing of its own to undo.
-/// A text set by the program stands as it is, with nothing to undo. One that is longer than
-/// `max_length` stands whole; it can be shortened and not be made longer.
-/// It works as the line edit of a combo box, too.
+/// A one-line text box for texts of the cartridge. From a text that the user types, composes,
+/// pastes or drops it accepts the characters that fit in one byte (Latin-1), up to `max_length` in
+/// the box; a text of which nothing remains changes nothing. Caret, selection and undo are those of
+/// any text box: isUndoAvailable() says whether the box has typing of its own to undo. A text set
+/// by the program is shown unchanged, with nothing to undo. One that is longer than `max_length` is
+/// shown in full; it can be shortened but not extended. Also works as the line edit of a combo box.
 class TextBox : public QLineEdit {
   Q_OBJECT
 
@@ -32,8 +31,8 @@ class TextBox : public QLineEdit {
   void SetText(const QString& text);
   QString Text() const { return text(); }
 
-  /// How an entered text is written, in capitals for example. The function gets Latin-1 only and
-  /// returns as many characters.
+  /// Sets how entered text is written, for example in capitals. The function gets Latin-1 only and
+  /// returns the same number of characters.
   void SetEnteredForm(std::function<QString(const QString&)> form);
 
  signals:
@@ -47,17 +46,17 @@ class TextBox : public QLineEdit {
   void dropEvent(QDropEvent* event) override;
 
  private:
-  /// What the box takes of a text that replaces that many of its characters.
+  /// The part of a text that the box accepts when it replaces that many of its characters.
   QString Admitted(const QString& entered, int replaced) const;
   void Paste(QClipboard::Mode from);
-  /// What is entered next is undone apart from what was entered before.
+  /// Separates what is entered next from what was entered before, for undo.
   void EndUndoStep();
 
   int max_length_;
   ControlCharacters controls_;
   std::function<QString(const QString&)> entered_form_;
-  /// The text beside a selection that a composition has replaced, which is given back when the
-  /// composition brings nothing.
+  /// The text with a selection that a composition has replaced, restored if the composition brings
+  /// nothing.
   std::optional<QString> beside_selection_;
 };
 

@@ -6,8 +6,8 @@ class QToolButton;
 
 namespace rostermill {
 
-/// A pair of step buttons, up over down, that repeat while they are held. It has the focus as one
-/// control, and the arrow keys up and down press the buttons.
+/// A pair of step buttons, up above down, that repeat while they are held. It takes the focus as
+/// one control, and the up and down arrow keys press the buttons.
 class UpDown : public QWidget {
   Q_OBJECT
 

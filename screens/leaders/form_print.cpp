@@ -74,7 +74,7 @@ void FormPrint::btnCancel_Click() {
 }
 
 std::string ExportPath(int group) {
-  // Qt takes the root for a current folder that has been removed.
+  // Qt reports the root if the current folder has been removed.
   std::error_code gone;
   const std::filesystem::path folder = std::filesystem::current_path(gone);
   if (gone || folder.empty()) return {};

@@ -8,13 +8,13 @@
 
 namespace rostermill {
 
-/// "Print...": asks whether the leaders go to the printer or to the file of their group. The
-/// answer is left in PrintCancelled (1 or 0) and PrintToPrinter (-1 the printer, 0 the file).
+/// "Print...": asks whether the leaders go to the printer or to the file of their group. The answer
+/// is left in PrintCancelled (1 or 0) and PrintToPrinter (-1 printer, 0 file).
 class FormPrint : public DialogForm {
   Q_OBJECT
 
  public:
-  /// `group` is that of the leaders table, counted from 0.
+  /// `group` is the group of the leaders table, counted from 0.
   FormPrint(QWidget* parent, LeagueSession& session, int group);
 
   /// Esc and the close box.
@@ -39,7 +39,7 @@ class FormPrint : public DialogForm {
   QPushButton* btnCancel = nullptr;
 };
 
-/// The export file of the group in the folder that is current now; UTF-8.
+/// The export file of the group in the current folder; UTF-8.
 std::string ExportPath(int group);
 
 }  // namespace rostermill

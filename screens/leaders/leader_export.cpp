@@ -11,12 +11,12 @@ constexpr std::size_t name_places = 21;
 constexpr std::size_t rank_places = 3;
 constexpr std::size_t rating_places = 2;
 
-/// Fills the line up to the next print zone, even from the start of one.
+/// Pads the line to the next print zone, even from the start of one.
 void AdvanceZone(std::string& line) {
   line.resize((line.size() / zone_width + 1) * zone_width, ' ');
 }
 
-/// Right-justified; a text with more characters than places keeps them all.
+/// Right-justified; a text longer than `places` is kept whole.
 std::string RightJustified(const std::string& text, std::size_t places) {
   return std::string(places - std::min(places, text.size()), ' ') + text;
 }

@@ -8,8 +8,8 @@
 
 namespace rostermill {
 
-/// What printer and file get: the heading of the group, then rows 1 to `row_count` in their order,
-/// Latin-1, without line ends. A name has 21 places; a longer one is cut.
+/// The lines for printer and file: the heading of the group, then rows 1 to `row_count` in order,
+/// Latin-1, without line ends. A name takes 21 characters; a longer one is cut.
 std::vector<std::string> LeaderLines(const LeaderTable& rows, int row_count, int group);
 
 /// The bytes of an export file: every line ends with CR LF.

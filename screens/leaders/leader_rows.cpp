@@ -10,7 +10,7 @@ namespace rostermill {
 
 namespace {
 
-/// The rating's place in each column. The first two are exchanged, as on the player screens.
+/// The rating's place in each column. The first two are swapped, as on the player screens.
 constexpr IndexedArray<int, 1, LeaderColumnLimit> places{{1, 0, 2, 3, 4, 5, 6, 7}};
 
 struct LeaderGroup {
@@ -18,7 +18,7 @@ struct LeaderGroup {
   std::string_view file_name;
   int first_slot;
   int last_slot;
-  /// What a slot of the group is called under its team's formation; empty where all slots count.
+  /// How labels of the group's slots begin under the team's formation; empty if all slots belong.
   std::string_view label;
 };
 
@@ -72,7 +72,7 @@ bool OutOfOrder(const LeaderRow& upper, const LeaderRow& lower, const SortFlagTa
 }
 
 /// Moves the row at `low` to its place among rows low to high, smaller ones before it and larger
-/// ones behind it. Returns its place.
+/// ones after it. Returns its place.
 int Partition(LeaderTable& rows, int low, int high, const SortFlagTable& flags) {
   bool from_above = true;
   while (high > low) {
@@ -140,8 +140,8 @@ void ToggleHeading(SortFlagTable& flags, int column) {
   }
 }
 
-// Rows alike in key and name must come out in one order everywhere, so that exports of the same
-// league are the same: no library sort promises that.
+// Rows that are equal in key and name must always come out in the same order, so that exports of a
+// league are identical; no library sort guarantees that.
 void SortLeaderRows(LeaderTable& rows, int row_count, const SortFlagTable& flags) {
   if (row_count < 2) return;
   IndexedArray<int, 1, 20> SortStack;

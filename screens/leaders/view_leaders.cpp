@@ -24,7 +24,7 @@ namespace {
 constexpr int rows_on_view = 5;
 constexpr int cell_margin = 5;
 constexpr const char* print_title = "Print...";
-/// Black and white are both readable on it, 4.5 to 1 and better.
+/// Black and white are both readable on it, at 4.5 to 1 or better.
 constexpr QColor heading_ground(0x54, 0x7A, 0x96);
 
 }  // namespace

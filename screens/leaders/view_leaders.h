@@ -25,12 +25,12 @@ class ViewLeaders : public ChildForm {
   Q_OBJECT
 
  public:
-  /// Gives the printer to print on, null and the reason where there is none. Called only to print.
+  /// Returns the printer to use, or null and the reason why there is none. Called only to print.
   using PrinterMaker = std::function<std::unique_ptr<QPrinter>(QString& failure)>;
 
   explicit ViewLeaders(LeagueSession& session);
 
-  /// Prints on another printer than the computer's.
+  /// Prints on this printer instead of the computer's.
   void SetPrinterMaker(PrinterMaker make) { make_printer_ = std::move(make); }
 
  protected:
@@ -52,7 +52,7 @@ class ViewLeaders : public ChildForm {
   void btnPrint_Click();
   void btnOK_Click();
 
-  /// Draws the rows from `top` on; those behind the last one are blank.
+  /// Draws the rows from `top` on; rows past the last one are blank.
   void ShowLeaderRows(int top);
   void ShowHeadings();
   void ShowSortFlags();
@@ -66,7 +66,7 @@ class ViewLeaders : public ChildForm {
   SortFlagTable SortFlags;
   int ColumnCount = 0;
   int RowCount = 0;
-  int wheel_turn_ = 0;  ///< what the wheel has turned short of a row, in eighths of a degree
+  int wheel_turn_ = 0;  ///< wheel movement that has not yet made up a row, in eighths of a degree
 
   DropDownList* cmbPosition = nullptr;
   ControlArray<ClickLabel> lblHead{"lblHead"};

@@ -17,7 +17,7 @@ constexpr std::array<int, 4> left_column{1, 0, 2, 3};
 constexpr std::array<int, 4> right_column{4, 5, 6, 7};
 constexpr int column_gap = 24;
 
-/// So that the columns keep their width whichever group is shown.
+/// Keeps the width of the columns, whichever group is shown.
 int WidestCaption(const QFontMetrics& metrics) {
   int widest = 0;
   for (const Rating& rating : AllRatings) {

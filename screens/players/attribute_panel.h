@@ -14,7 +14,7 @@ namespace rostermill {
 /// The frame "Attributes" of the two player screens: eight places, each a caption Label2(p + 1)
 /// and a value Label3(p), on the editor with the buttons btnMinus(p) and btnPlus(p). The left
 /// column shows places 1, 0, 2, 3 and the right one 4 to 7; a place that the player's group
-/// doesn't use is hidden.
+/// does not use is hidden.
 class AttributePanel : public QGroupBox {
   Q_OBJECT
 
@@ -27,7 +27,7 @@ class AttributePanel : public QGroupBox {
   /// Writes the captions and ratings of the player's places and hides the others.
   void ShowPlayer(const LeagueData& league, int team, int slot);
 
-  /// The rating on show in a place, 0 to 7, as decimal text.
+  /// The rating shown in a place, 0 to 7, as decimal text.
   QString Value(int place) const { return Label3[place]->text(); }
   void SetValue(int place, const QString& text) { Label3[place]->setText(text); }
 

@@ -6,7 +6,7 @@ namespace rostermill {
 
 namespace {
 
-/// The first character as it stands, the rest in lower case.
+/// The first character unchanged, the rest in lower case.
 std::string Capitalized(std::string_view text) {
   return std::string(text.substr(0, 1)) +
          LowerText(text.substr(std::min<std::size_t>(1, text.size())));

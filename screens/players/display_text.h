@@ -6,9 +6,9 @@
 
 namespace rostermill {
 
-/// Teams, players, numbers, ratings and formations as the screens spell them. All are Latin-1.
+/// How the screens spell teams, players, numbers, ratings and formations. All texts are Latin-1.
 
-/// What the editors allow at most, in characters.
+/// The longest texts that the editors allow, in characters.
 inline constexpr int LongestCity = 15;  // and nickname
 inline constexpr int LongestTeamText = LongestCity + 1 + LongestCity;
 inline constexpr int LongestPlayerText = 16;
@@ -16,17 +16,17 @@ inline constexpr int LongestPlayerListText = LongestPlayerText + 1;  // for the 
 
 /// "HARBORTON SPARROWS"
 std::string TeamListText(const LeagueData& league, int team);
-/// "PLOVER, sam", each part with its stored case
+/// "PLOVER, sam", each part in its stored case
 std::string PlayerListText(const LeagueData& league, int team, int slot);
-/// "sam PLOVER", each part with its stored case
+/// "sam PLOVER", each part in its stored case
 std::string PlayerFullText(const LeagueData& league, int team, int slot);
-/// "#07": the number as it stands
+/// "#07": the number as it is stored
 std::string NumberCaption(const LeagueData& league, int team, int slot);
 /// "56" for code 8
 std::string RatingText(int code);
 /// "Harborton Sparrows": one capital in each of city and nickname
 std::string TeamTitleText(const LeagueData& league, int team);
-/// "Sam Plover". Always holds its one blank, so that an empty part shows as " Plover" or "Sam ",
+/// "Sam Plover". Always contains a blank, so that an empty part shows as " Plover" or "Sam ",
 /// and splitting at the first blank gives the parts back.
 std::string PlayerEditText(const LeagueData& league, int team, int slot);
 

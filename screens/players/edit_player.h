@@ -21,11 +21,11 @@ class EditPlayer : public ChildForm {
  public:
   explicit EditPlayer(LeagueSession& session);
 
-  /// Fills the form for the current player; what was pending is dropped.
+  /// Fills the form for the current player and discards pending changes.
   void FillEditPlayer();
 
  signals:
-  /// The player has been stored; PendingTeamName and PendingPlayerName tell who he is now.
+  /// The player has been stored; PendingTeamName and PendingPlayerName now identify him.
   void PlayerSaved();
 
  private:

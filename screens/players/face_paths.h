@@ -8,7 +8,7 @@ namespace rostermill {
 std::string FaceFileName(int face);
 /// The picture of a face in the faces folder beside the program; UTF-8.
 std::string FacePath(const std::string& app_dir, int face);
-/// The picture of a face without one.
+/// The picture for a face that has none.
 std::string NoFacePath(const std::string& app_dir);
 
 }  // namespace rostermill

@@ -100,7 +100,7 @@ void PlayerPhotos::Form_Load() {
 void PlayerPhotos::SetFace(int face) {
   imgNew->Load(FromUtf8(FacePath(app_dir_, face)));
   SelectedFace = face;
-  // Enter at once keeps the face that he has, also one of the other page.
+  // Enter without another pick keeps the current face, even if it is on the other page.
   if (face < page_size) {
     imgFace[face]->setFocus();
   } else {

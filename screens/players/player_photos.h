@@ -19,7 +19,7 @@ class PlayerPhotos : public DialogForm {
   Q_OBJECT
 
  public:
-  /// `app_dir` is the folder that holds the faces folder, with a separator at its end.
+  /// `app_dir` is the parent of the faces folder, with a separator at its end.
   PlayerPhotos(QWidget* parent, std::string app_dir);
 
   /// Shows the player's own face, 0 to 255, as the one that btnOK would take.
@@ -41,7 +41,7 @@ class PlayerPhotos : public DialogForm {
 
   /// The face of a cell on the page that is shown.
   int FaceOfCell(int index) const;
-  /// Has the cells' tool tips and spoken names tell the faces of the page.
+  /// Sets the cells' tool tips and accessible names to the faces of the page.
   void NameCells();
 
   std::string app_dir_;

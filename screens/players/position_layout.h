@@ -9,7 +9,7 @@
 namespace rostermill {
 
 /// The caption of a place on the player screens, "Rushing Power:"; empty for a place that the group
-/// doesn't use.
+/// does not use.
 std::string PlaceCaption(PositionGroup group, int place);
 
 struct PositionLabel {

@@ -7,7 +7,7 @@
 namespace rostermill {
 
 /// "Choose Player": picks a player of a position group from the 14 teams of the side that
-/// RosterConference names. ChosenSlot brings in the group code, 1 to 10. OK leaves the player's
+/// RosterConference names. ChosenSlot passes in the group code, 1 to 10. OK leaves the player's
 /// team and slot in ChosenTeam and ChosenSlot; any other way out leaves 0 in both.
 class frmChoosePlayer : public DialogForm {
   Q_OBJECT

@@ -52,7 +52,7 @@ void PlaceLabel::mousePressEvent(QMouseEvent* event) {
 
 void PlaceLabel::keyPressEvent(QKeyEvent* event) {
   if (!IsPressKey(*event)) return ElidedLabel::keyPressEvent(event);
-  // A key held down on the chooser's OK doesn't open it again.
+  // A key held down on the chooser's OK must not open it again.
   if (event->isAutoRepeat()) return;
   emit MouseDown(Qt::LeftButton);
 }

@@ -10,7 +10,7 @@ class PlaceLabel : public ElidedLabel {
   Q_OBJECT
 
  public:
-  /// `place_name` says which place it is, before the player's name, to those who can't see.
+  /// `place_name` is read before the player's name by screen readers.
   explicit PlaceLabel(const QString& place_name);
 
   void ShowPlayer(const QString& player);

@@ -114,7 +114,7 @@ void frmRoster::RefreshRoster() {
 void frmRoster::lbl_MouseDown(int place, int code, Qt::MouseButtons Button) {
   if (!Button.testFlag(Qt::LeftButton)) return;
   session_.ChosenSlot = static_cast<std::int16_t>(code);
-  // The chooser goes with this form when the program ends under it.
+  // The chooser is destroyed with this form if the program ends while it is open.
   const QPointer<frmChoosePlayer> chooser = new frmChoosePlayer(this, session_);
   chooser->exec();
   if (!chooser) return;

@@ -11,15 +11,15 @@ namespace rostermill {
 class PlaceLabel;
 
 /// "Roster": the 30 places of the all-star side that RosterConference names. Pressing a place
-/// opens the chooser; each pick counts at once.
+/// opens the chooser; each pick takes effect at once.
 class frmRoster : public ChildForm {
   Q_OBJECT
 
  public:
   explicit frmRoster(LeagueSession& session);
 
-  /// Shows the names of the side that RosterConference names now, "(nobody)" for a place whose
-  /// team or slot doesn't exist.
+  /// Shows the names of the side that RosterConference names now, "(nobody)" for a place that
+  /// names no player.
   void RefreshRoster();
 
  private:

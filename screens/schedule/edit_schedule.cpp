@@ -17,7 +17,7 @@ constexpr int box_characters = 6;
 /// Lines that list 14 teams, as many as can play twice or against themselves.
 constexpr int lines_of_half = 2;
 
-/// A list of teams. It wraps, and has its room whatever it lists.
+/// A list of teams. It wraps, and its size does not depend on its text.
 QLabel* NewTeamList(const QString& name, int lines) {
   QLabel* label = NewLabel(name);
   label->setWordWrap(true);
@@ -229,7 +229,7 @@ void frmEditSchedule::upGames_DownClick() {
 void frmEditSchedule::cmbTeam_Click(int Index) {
   if (LoadingWeek) return;
   ComboBox* box = cmbTeam[Index];
-  // A typed text that begins an abbreviation selects it, which raises this event anew.
+  // A typed text that begins an abbreviation selects it, which raises this event again.
   if (box->ListIndex() < 0) return CompleteText(Index);
   const std::string picked = ToLatin1(box->Text());
   for (int side = 0; side < TeamCount; ++side) {
@@ -250,7 +250,7 @@ void frmEditSchedule::CompleteText(int Index) {
 }
 
 void frmEditSchedule::cmbTeam_LostFocus(int Index) {
-  // Of two teams with one abbreviation a mere visit would store the other one.
+  // With two teams of one abbreviation, merely visiting the box would store the other team.
   if (IsTyped(Index)) cmbTeam_Click(Index);
 }
 

@@ -18,9 +18,9 @@ class QPushButton;
 namespace rostermill {
 
 /// "RSM Schedule Editor": changes the season week by week, in a copy that OK puts back. Box 2g is
-/// the visitor of game g, box 2g + 1 its host. Under the games stands what is odd about the week;
-/// it forbids nothing. A text typed in a box is taken when the box is left or Enter is pressed; Esc
-/// shows the stored team again.
+/// the visitor of game g, box 2g + 1 its host. Below the games the form points out what is odd
+/// about the week; nothing is forbidden. A text typed in a box is taken when the box is left or
+/// Enter is pressed; Esc shows the stored team again.
 class frmEditSchedule : public ChildForm {
   Q_OBJECT
 
@@ -28,7 +28,7 @@ class frmEditSchedule : public ChildForm {
   explicit frmEditSchedule(LeagueSession& session);
 
  protected:
-  /// Enter and Esc answer a text that is not taken yet before they reach the buttons.
+  /// Enter and Esc apply to a text that is not taken yet before they reach the buttons.
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
@@ -51,17 +51,17 @@ class frmEditSchedule : public ChildForm {
 
   /// Fills the screen for a week, 0 to 16.
   void LoadWeek(std::uint8_t weekNum);
-  /// Shows the rows of the games in use, and how many they are.
+  /// Shows the rows of the games in use, and their number.
   void ShowGames();
 
-  /// Shows the stored team of a box. One that its list doesn't have shows as mere text.
+  /// Shows the stored team of a box, as plain text if the list does not have it.
   void FillBox(int Index);
-  /// Whether the box shows something else than the form has put there.
+  /// Whether the box shows something other than what the form put there.
   bool IsTyped(int Index) const;
-  /// Selects the first entry that begins with the typed text; wipes a text that begins none.
+  /// Selects the first entry that begins with the typed text; clears a text that begins none.
   void CompleteText(int Index);
   void ShowFacts();
-  /// The number behind a box of the week on view.
+  /// The stored team number of a box of the week on view.
   std::int16_t& SideOf(int Index);
 
   LeagueSession& session_;

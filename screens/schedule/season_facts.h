@@ -16,7 +16,7 @@ constexpr bool IsAllStarSide(int side) {
 
 /// "HAR." for a team, the league's text for an all-star side, nothing for any other number.
 std::string SideAbbreviation(const LeagueData& league, int side);
-/// "HARBORTON SPARROWS" for a team, the league's text for an all-star side, else nothing.
+/// "HARBORTON SPARROWS" for a team, the league's text for an all-star side, nothing otherwise.
 std::string SideName(const LeagueData& league, int side);
 
 /// What is odd about a week. Each list is in order of the numbers.
@@ -27,7 +27,7 @@ struct WeekFacts {
   bool operator==(const WeekFacts&) const = default;
 };
 
-/// Looks at the places in use. A number outside 0 to 29 belongs to no side.
+/// Looks at the places in use only. A number outside 0 to 29 belongs to no side.
 WeekFacts FactsOfWeek(const ScheduleWeek& week);
 
 using Season = decltype(LeagueData::ScheduleData);
@@ -38,7 +38,7 @@ int GamesOfSeason(const Season& season);
 /// "HAR., POR." or "none".
 std::string SideList(const LeagueData& league, const std::vector<int>& sides);
 
-/// "  1  2 ... 17  all", to stand over GamesByWeek in a fixed-pitch font.
+/// "  1  2 ... 17  all", the heading of GamesByWeek in a fixed-pitch font.
 std::string WeekColumns();
 /// The games of each week and of the season, in the columns of WeekColumns.
 std::string GamesByWeek(const Season& season);

@@ -6,8 +6,8 @@
 
 namespace rostermill {
 
-/// "NFL Schedule": the whole season in one grid, a row a week, a cell a game, as it stood when the
-/// window opened.
+/// "NFL Schedule": the whole season in one grid, a row per week and a cell per game, as it was when
+/// the window opened.
 class ViewSchedule : public ChildForm {
   Q_OBJECT
 

@@ -7,15 +7,15 @@
 
 namespace rostermill {
 
-/// "Team Schedule": the 17 weeks of the team SchedTeam, a line a week. A home game's opponent
-/// stands in lower case, an away game's in upper case. Ctrl+C copies the whole.
+/// "Team Schedule": the 17 weeks of the team SchedTeam, one line each. The opponent of a home game
+/// is in lower case, that of an away game in upper case. Ctrl+C copies everything.
 class ViewTeamSchedule : public ChildForm {
   Q_OBJECT
 
  public:
   explicit ViewTeamSchedule(const LeagueSession& session);
 
-  /// Shows the season of the team that SchedTeam is now.
+  /// Shows the season of the current SchedTeam.
   void ShowTeam();
 
  protected:

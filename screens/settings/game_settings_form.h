@@ -8,7 +8,7 @@
 namespace rostermill {
 
 /// "Game Settings": the roster year and the three league texts. OK stores all four, whatever they
-/// say, each filled with blanks to its fixed length.
+/// are, each padded with blanks to its fixed length.
 class frmEditGameSettings : public ChildForm {
   Q_OBJECT
 

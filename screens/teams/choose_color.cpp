@@ -85,7 +85,7 @@ void ChooseColor::Form_Load() {
     walk_->SetCurrent(CurrentColor);
     picColor[CurrentColor]->setFocus();
   } else {
-    // Enter at once keeps the color, which no box shows.
+    // Enter without another pick keeps the color, which no box shows.
     btnOK->setFocus();
   }
 }

@@ -10,15 +10,15 @@ namespace rostermill {
 class ElidedLabel;
 class GridWalk;
 
-/// "Choose Color": the 64 colours of the palette. ColorSlot tells who asks. The pick stands in
-/// ColorChoice, and NoColor after Cancel; OK puts a jersey colour into PreviewColors as well. The
-/// close box leaves ColorChoice at the last pick and stores nothing.
+/// "Choose Color": the 64 colors of the palette. ColorSlot says who asks. The pick is left in
+/// ColorChoice, NoColor after Cancel; OK also puts a jersey color into PreviewColors. The close box
+/// leaves ColorChoice at the last pick and stores nothing.
 class ChooseColor : public DialogForm {
   Q_OBJECT
 
  public:
-  /// `current_color` is the one picked at first when a champion colour is chosen; a jersey colour
-  /// is taken from PreviewColors.
+  /// `current_color` is the initial pick for a champion color; for a jersey color it is taken from
+  /// PreviewColors.
   ChooseColor(QWidget* parent, LeagueSession& session, int current_color = 0);
 
   /// Esc.

@@ -16,7 +16,7 @@ namespace {
 
 constexpr int choices = 8;
 constexpr int columns = 4;
-/// Room for the focus frame around a name.
+/// Space for the focus frame around a name.
 constexpr int name_margin = 5;
 
 }  // namespace
@@ -91,7 +91,7 @@ void ChoosePlay::Form_Load() {
     const bool pictured = ShowPlay(*picRun[choice], session_.AppDir, slot_, choice);
     QWidget* label = lblName[choice];
     cells.push_back(pictured ? picRun[choice] : label);
-    // Before the text: a label that takes the focus lays it out as a whole document.
+    // Before the text is set: a label that takes the focus lays it out as a whole document.
     lblName[choice]->setFocusPolicy(pictured ? Qt::NoFocus : Qt::StrongFocus);
     lblName[choice]->setText(name);
   }
@@ -102,7 +102,7 @@ void ChoosePlay::Form_Load() {
   if (stored < choices) {
     FocusPlay(stored);
   } else {
-    // Enter at once keeps the play, which no picture shows.
+    // Enter without another pick keeps the play, which no picture shows.
     btnOK->setFocus();
   }
 }

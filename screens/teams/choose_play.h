@@ -10,8 +10,8 @@ namespace rostermill {
 
 class ElidedLabel;
 
-/// "Choose Play": the eight plays of the slot PlaySlot, the stored one of the team on view picked
-/// at first. OK puts the pick into PreviewPlays.
+/// "Choose Play": the eight plays of the slot PlaySlot, starting with the stored one of the team on
+/// view. OK puts the pick into PreviewPlays.
 class ChoosePlay : public DialogForm {
   Q_OBJECT
 

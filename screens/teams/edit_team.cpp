@@ -28,9 +28,9 @@ QString UpperCase(const QString& text) {
   return FromLatin1(UpperText(ToLatin1(text)));
 }
 
-/// Has a box show its text in upper case with the caret at the end, and returns the text.
+/// Shows the box's text in upper case with the caret at the end, and returns the text.
 std::string UpperCaseBox(TextBox& box) {
-  // What the user enters is in upper case already, and could not be undone after a SetText.
+  // What the user enters is already in upper case, and could not be undone after a SetText.
   const QString text = UpperCase(box.Text());
   if (text != box.Text()) box.SetText(text);
   box.setCursorPosition(static_cast<int>(text.size()));

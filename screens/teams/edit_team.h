@@ -11,19 +11,19 @@
 
 namespace rostermill {
 
-/// "Edit Team": changes the team ViewTeam. What is pending lives in the working copies of the
-/// session, and btnSave moves it into the league; champion colours go there at once.
+/// "Edit Team": changes the team ViewTeam. Pending values are in the working copies of the session,
+/// and btnSave moves them into the league; champion colors go there at once.
 class EditTeam : public ChildForm {
   Q_OBJECT
 
  public:
   explicit EditTeam(LeagueSession& session);
 
-  /// Takes the team on view into the working copies and shows it; what was pending is dropped.
+  /// Copies the team on view into the working copies and shows it; pending changes are discarded.
   void LoadTeam();
 
  signals:
-  /// The team has been stored; `list_text` is what team lists call it now.
+  /// The team has been stored; `list_text` is its new text in team lists.
   void TeamSaved(const QString& list_text);
 
  private:
@@ -50,8 +50,8 @@ class EditTeam : public ChildForm {
   void btnSave_Click();
   void btnCancel_Click();
 
-  /// Shows the champion colours of the team on view and its working copies, but for the three
-  /// texts, which their boxes show already.
+  /// Shows the champion colors of the team on view and its working copies, except the three texts,
+  /// which their boxes already show.
   void FillEditTeam();
   void ShowJerseyColors();
   void ShowTextRoom();

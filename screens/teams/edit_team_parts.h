@@ -20,7 +20,7 @@ struct SkinOptions {
   ControlArray<QRadioButton> Option2{"Option2"};  ///< MediumSkin
   ControlArray<QRadioButton> Option3{"Option3"};  ///< DarkSkin
 
-  /// Sets the option of the skin; a palette index that is no skin changes nothing.
+  /// Sets the option of the skin; a palette index that is not a skin changes nothing.
   void Show(int index, int skin);
 };
 
@@ -28,8 +28,7 @@ struct SkinOptions {
 QGroupBox* NewPreviewFrame(const QString& name, ControlArray<PictureBox>& figures,
                            SkinOptions& options);
 
-/// A frame of champion colours: boxes behind "Jersey:" and "Helmet:", each named by its array
-/// index.
+/// A frame of champion colors: boxes after "Jersey:" and "Helmet:", given by their array indexes.
 struct ChampFrame {
   QString Name;
   QString Title;

@@ -15,7 +15,7 @@ namespace rostermill {
 namespace {
 
 constexpr int block_side = 3;
-/// Keeps black and white uniforms apart from the ground in every colour scheme.
+/// Makes black and white uniforms visible against the background in every color scheme.
 constexpr QRgb figure_ground = qRgb(0x90, 0x90, 0x90);
 
 }  // namespace

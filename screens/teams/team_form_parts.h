@@ -15,27 +15,27 @@ class PictureBox;
 
 /// Pixels of a play's picture.
 inline constexpr QSize PlayPictureSize(112, 84);
-/// How often it is magnified where one is chosen.
+/// Its magnification in the play chooser.
 inline constexpr int PlayMagnification = 1;
-/// Units of the ground on which a figure is painted, and how often it is magnified.
+/// The size of a figure in its own units, and its magnification.
 inline constexpr QSize FigureSize(33, 51);
 inline constexpr int FigureMagnification = 3;
-/// Logical pixels of a swatch's side.
+/// The side of a swatch in logical pixels.
 inline constexpr int SwatchSide = 16;
 
-/// The screen colour of a palette entry; empty for an index without one.
+/// The screen color of a palette entry; empty for an index that has none.
 std::optional<QColor> ScreenColor(const LeagueData& league, int index);
-/// "Brick Red"; "Unknown 4F" for an index without an entry.
+/// "Brick Red"; "Unknown 4F" for an index that has no entry.
 QString ColorName(const LeagueData& league, int index);
 /// "Brick Red, 22 ($16)"
 QString ColorNameAndNumber(const LeagueData& league, int index);
-/// Shows the colour, and its name and number as the tool tip.
+/// Shows the color, and its name and number as the tool tip.
 void ShowColor(ColorBox& box, const LeagueData& league, int index);
 
-/// Shows the picture of a play; hides the box, false, where it can't be loaded.
+/// Shows the picture of a play; hides the box and returns false if it cannot be loaded.
 bool ShowPlay(PictureBox& box, const std::string& app_dir, int slot, int choice);
 
-/// Paints the figure in the three colours of uniform 1 or 2 of the working copies.
+/// Paints the figure in the three colors of uniform 1 or 2 of the working copies.
 void PaintFigure(PictureBox& box, const LeagueSession& session, int uniform);
 
 }  // namespace rostermill

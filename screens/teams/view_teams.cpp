@@ -25,7 +25,7 @@ namespace {
 constexpr int info_count = 6;
 constexpr int play_slots = 8;
 constexpr int play_columns = 4;
-/// The team colours that have swatches, in their order.
+/// The team colors that have swatches, in their order.
 constexpr std::array<int, 4> jersey_colors{1, 3, 4, 6};
 
 QString Joined(const LeagueData& league, int first, int second) {

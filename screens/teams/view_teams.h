@@ -13,7 +13,7 @@ namespace rostermill {
 
 class EditTeam;
 
-/// "View Teams": one team at a time, with its texts, jersey colours, formation and the pictures of
+/// "View Teams": one team at a time, with its texts, jersey colors, formation and the pictures of
 /// its plays. Changes nothing. Owns the team editor, which follows the team on view.
 class ViewTeams : public ChildForm {
   Q_OBJECT
@@ -52,7 +52,7 @@ class ViewTeams : public ChildForm {
 
   DropDownList* cmbTeam = nullptr;
   ControlArray<ElidedLabel> lblInfo{"lblInfo"};
-  ControlArray<ColorBox> picSwatch{"picSwatch"};  ///< colours 1, 3, 4 and 6 of the team
+  ControlArray<ColorBox> picSwatch{"picSwatch"};  ///< colors 1, 3, 4 and 6 of the team
   ControlArray<PictureBox> picRun{"picRun"};
   QPushButton* btnEdit = nullptr;
   QPushButton* btnOK = nullptr;

@@ -9,7 +9,7 @@ namespace {
 
 constexpr int colors_per_uniform = 3;
 
-/// Calls `visit` with each working copy of a colour and the team colour that it stands for.
+/// Calls `visit` with each working copy of a color and the team color that it stands for.
 template <typename Session, typename Visit>
 void ForEachColor(Session& session, Visit visit) {
   auto& colors = session.League.TeamData[session.ViewTeam].TeamColors;

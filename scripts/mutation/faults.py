@@ -12,7 +12,7 @@ TURNED = {
     "==": "!=", "!=": "==", "<": "<=", "<=": "<", ">": ">=", ">=": ">", "&&": "||", "||": "&&",
     "+": "-", "-": "+", "*": "/", "/": "*", "%": "/", "&": "|", "|": "&", "+=": "-=", "-=": "+=",
     "<<": ">>", ">>": "<<",
-}  # fmt: skip
+}
 OPERATOR = re.compile(r"(?<=\s)(?:%s)(?=\s)" % "|".join(
     re.escape(operator) for operator in sorted(TURNED, key=len, reverse=True)))
 STEP = re.compile(r"\+\+|--")
@@ -23,11 +23,12 @@ NUMBER = re.compile(r"(?<![\w.'\"])(0[xX][\da-fA-F']+|\d[\d']*(?:\.\d+)?)([uUlLz
 # Comments, directives and texts. A quote after a digit parts its thousands.
 SILENT = re.compile(
     r"""//[^\n]*|/\*.*?\*/|^[ \t]*\#(?:[^\n]*\\\n)*[^\n]*"""
-    r"""|R"(?P<end>[^(\s]*)\(.*?\)(?P=end)"|"(?:\\.|[^"\\\n])*"|(?<![\da-fA-F])'(?:\\.|[^'\\\n])+'""",
+    r"""|R"(?P<end>[^(\s]*)\(.*?\)(?P=end)"|"(?:\\.|[^"\\\n])*\""""
+    r"""|(?<![\da-fA-F])'(?:\\.|[^'\\\n])+'""",
     re.DOTALL | re.MULTILINE)
 # Code that says what is, not what is done.
 DECLARATIVE = re.compile(
-    r"\[\[.*?\]\]|\bstatic_assert\s*\([^;]*;|^\s*template\s*<[^\n]*|^\s*(?:inline\s+)?namespace\b[^\n]*"
+    r"\[\[.*?\]\]|\bstatic_assert\s*\([^;]*;|^\s*template\s*<[^\n]*"
     r"|^\s*(?:using|typedef)\b[^;]*;| = (?:default|delete);|\)(?: const| noexcept| override)* = 0;",
     re.DOTALL | re.MULTILINE)
 
@@ -36,7 +37,8 @@ LABEL = re.compile(r"\s*(?:case\b.*|default|public|protected|private)", re.DOTAL
 NO_STATEMENT = re.compile(r"(?:else|do|try)\b\s*")
 JUMP = re.compile(r"(?:return|break|continue)\s*;|throw\b.*;", re.DOTALL)
 SCOPE = re.compile(r"\b(?:namespace|class|struct|enum|union)\b[^()]*$")
-OPENS_CODE = re.compile(r"(?:[)\]]|\b(?:const|override|noexcept|mutable|else|do|try)|->\s*[\w:<>&*]+)$")
+OPENS_CODE = re.compile(
+    r"(?:[)\]]|\b(?:const|override|noexcept|mutable|else|do|try)|->\s*[\w:<>&*]+)$")
 DECIDES = re.compile(r"\s(?:&&|\|\||==|!=|<|<=|>|>=)\s")
 JOINS = re.compile(r"\s(?:&&|\|\|)\s")
 
@@ -75,9 +77,11 @@ def _blank(match):
 
 def _silenced(source):
     """The source with comments and directives blank, and texts of quotes only."""
+
     def silence(match):
         filler = '"' if match.group()[0] in "R\"'" else " "
         return re.sub(r"[^\n]", filler, match.group())
+
     return SILENT.sub(silence, source)
 
 
@@ -87,21 +91,25 @@ def _changes_of_tokens(code):
         operator = match.group()
         left, right = code[: match.start()].rstrip()[-1:], code[match.end():].lstrip()[:1]
         # Texts are only ever joined, and a stream is only shifted one way.
-        if operator == "+" and '"' in left + right: continue
-        if operator in ("<<", ">>") and not right.isdigit(): continue
+        if operator == "+" and '"' in left + right:
+            continue
+        if operator in ("<<", ">>") and not right.isdigit():
+            continue
         yield "operator", match.start(), operator, TURNED[operator]
     for match in STEP.finditer(code):
         yield "operator", match.start(), match.group(), "--" if match.group() == "++" else "++"
     for match in NOT.finditer(code):
         yield "condition", match.start(), "!", ""
     for match in TRUTH.finditer(code):
-        yield "constant", match.start(), match.group(), "false" if match.group() == "true" else "true"
+        other = "false" if match.group() == "true" else "true"
+        yield "constant", match.start(), match.group(), other
     for match in NUMBER.finditer(code):
         for after in _neighbors(match.group(1)):
             yield "constant", match.start(), match.group(), after + match.group(2)
 
 
 def _neighbors(number):
+    """The numbers one above and one below, in the same notation."""
     digits = number.replace("'", "")
     if "." in digits:
         return [str(float(digits) + 1), str(float(digits) - 1)]
@@ -116,15 +124,19 @@ def _neighbors(number):
 
 def _opens_code(code, at, inside_code):
     """Whether the brace at this place opens statements, not a scope or a list of values."""
-    head = re.split(r"[;{}]", code[:at])[-1].rstrip()
-    if SCOPE.search(head): return False
-    if head.strip() == "": return inside_code
+    before = code[:at].rstrip()
+    head = re.split(r"[;{}]", before)[-1].strip()
+    if SCOPE.search(head):
+        return False
+    if head == "":
+        # Outside of code, a brace right after another is a constructor's: X() : x_{1} {
+        return inside_code or before.endswith("}")
     return OPENS_CODE.search(head) is not None or (inside_code and head.endswith(":"))
 
 
 def _statements(code):
-    """(start, end) of every statement that is no block, and (start, end) of what stands between the
-    parentheses of every if and while, as two lists."""
+    """(start, end) of every statement that is not a block, and (start, end) of what every if and
+    while has between its parentheses, as two lists."""
     statements, conditions = [], []
     outer = []
     is_code, depth, start, opened = False, 0, 0, 0
@@ -135,26 +147,31 @@ def _statements(code):
         elif letter == "}" and outer:
             was_block = is_code
             is_code, depth, start, opened = outer.pop()
-            if depth == 0 and (was_block or not is_code): start = at + 1
+            if depth == 0 and (was_block or not is_code):
+                start = at + 1
         elif letter in "([":
-            if depth == 0: opened = at + 1
+            if depth == 0:
+                opened = at + 1
             depth += 1
         elif letter in ")]":
             depth -= 1
             head = HEAD.match(code, start, at) if is_code and depth == 0 else None
             if head:
-                if head["word"] in ("if", "while"): conditions.append((opened, at))
+                if head["word"] in ("if", "while"):
+                    conditions.append((opened, at))
                 start = at + 1
         elif depth == 0 and letter == ";":
-            if is_code: statements.append((start, at + 1))
+            if is_code:
+                statements.append((start, at + 1))
             start = at + 1
         elif depth == 0 and letter == ":" and "::" not in code[at - 1: at + 2]:
-            if LABEL.fullmatch(code, start, at): start = at + 1
+            if LABEL.fullmatch(code, start, at):
+                start = at + 1
     return statements, conditions
 
 
 def _top_level(text):
-    """The text with all that stands in brackets blank."""
+    """The text with an underscore for every character in brackets."""
     kept, depth = [], 0
     for letter in text:
         depth -= letter in ")]}"
@@ -165,12 +182,15 @@ def _top_level(text):
 
 def _can_be_dropped(statement):
     """Calls, assignments, steps and jumps; no declarations, which others need, and no values."""
-    if JUMP.fullmatch(statement): return True
+    if JUMP.fullmatch(statement):
+        return True
     top = re.sub(r"^(?:emit|delete)\s+", "", _top_level(statement[:-1]))
     assigned = re.match(r"(.*?[^=!<>\s])\s(?:[-+*/%&|^]|<<|>>)?=\s", top, re.DOTALL)
-    if assigned: return re.search(r"\s", assigned[1]) is None
+    if assigned:
+        return re.search(r"\s", assigned[1]) is None
     shifted = re.match(r"(\S+)\s<<\s", top)
-    if shifted or top.startswith(("++", "--")) or top.endswith(("++", "--")): return True
+    if shifted or top.startswith(("++", "--")) or top.endswith(("++", "--")):
+        return True
     return re.fullmatch(r"[\w*:][^\s]*\)", re.sub(r"\s*\n\s*(?=[.-])", "", top)) is not None
 
 
@@ -184,25 +204,28 @@ def _changes_of_statements(code):
         while True:
             start += len(code[start:end]) - len(code[start:end].lstrip())
             skipped = NO_STATEMENT.match(code, start, end)
-            if not skipped: break
+            if not skipped:
+                break
             start = skipped.end()
         statement = code[start:end]
         value = re.match(r"return\s+(?=\S)", statement)
         if value and not re.search(r"\s\?\s", _top_level(statement)):
             yield from _negated(code, start + value.end(), end - 1, only_joined=True)
-        if _can_be_dropped(statement): yield "statement", start, statement, "{}"
+        if _can_be_dropped(statement):
+            yield "statement", start, statement, "{}"
     for match in re.finditer(r"\s\?\s", code):
         yield from _negated(code, _start_of_choice(code, match.start()), match.start())
 
 
 def _start_of_choice(code, end):
-    """Where the condition starts whose question mark stands at `end`."""
+    """Where the condition starts whose question mark is at `end`."""
     depth = 0
     for at in range(end - 1, -1, -1):
         letter = code[at]
         depth += letter in ")]}"
         depth -= letter in "([{"
-        if depth < 0 or (depth == 0 and letter in ",;{}"): return at + 1
+        if depth < 0 or (depth == 0 and letter in ",;{}"):
+            return at + 1
         if depth == 0 and re.match(r"\s(?:[-+*/%&|^]?=|\?|:|<<)\s|\breturn\s", code[at: end]):
             return at + re.match(r"\s?\S+", code[at:end]).end()
     return 0
@@ -212,10 +235,13 @@ def _negated(code, start, end, only_joined=False):
     start += len(code[start:end]) - len(code[start:end].lstrip())
     condition = code[start:end].rstrip()
     top = _top_level(condition)
-    if not condition or re.match(r"(?:const|auto)\b", condition): return
+    if not condition or re.match(r"(?:const|auto)\b", condition):
+        return
     # A lone comparison for equality and a lone `!` are turned as operators already.
-    if not JOINS.search(top) and (re.search(r"\s[!=]=\s", top) or top.startswith("!")): return
-    if only_joined and not DECIDES.search(top): return
+    if not JOINS.search(top) and (re.search(r"\s[!=]=\s", top) or top.startswith("!")):
+        return
+    if only_joined and not DECIDES.search(top):
+        return
     yield "condition", start, condition, f"!({condition})"
 
 
@@ -248,7 +274,8 @@ def in_drawn_order(faults, seed):
         same_kind[kind] += 1
         lines.setdefault((fault.file, fault.line), []).append(fault)
     for line in lines.values():
-        for rank, fault in enumerate(sorted(line, key=ranks.get)): ranks[fault] = rank
+        for rank, fault in enumerate(sorted(line, key=ranks.get)):
+            ranks[fault] = rank
     return sorted(drawn, key=ranks.get)
 
 
@@ -256,7 +283,8 @@ def found_again(faults, earlier):
     """For each fault of an earlier tree the same one in this tree, the nearest if its line is there
     more than once, or None where the line is gone."""
     places = {}
-    for fault in faults: places.setdefault(fault.identity(), []).append(fault)
+    for fault in faults:
+        places.setdefault(fault.identity(), []).append(fault)
     again = []
     for fault in earlier:
         same = places.get(fault.identity(), [])

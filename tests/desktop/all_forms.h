@@ -14,7 +14,7 @@
 
 namespace rostermill::test {
 
-/// The program's main window on the sample league, and a walk over every form that it can show.
+/// The main window with the sample league loaded, and a visit to every form that it can show.
 class AllForms : public testing::Test {
  protected:
   AllForms() : path_(folder_.Path("league.nes")) {
@@ -38,13 +38,13 @@ class AllForms : public testing::Test {
 
   using Look = std::function<void(QWidget& form)>;
 
-  /// Opens a child form and looks at it.
+  /// Calls `look` with an open child form.
   void LookAt(const QString& name, const Look& look) {
     SCOPED_TRACE(name.toStdString());
     QCoreApplication::processEvents();
     look(Form(name));
   }
-  /// Looks at the dialog that `open` brings up, and at where the focus is after its end.
+  /// Calls `look` with the dialog that `open` opens. A control has to have the focus afterward.
   void LookAtDialog(const QString& name, const Look& look, const std::function<void()>& open) {
     SCOPED_TRACE(name.toStdString());
     int looks = 0;
@@ -56,7 +56,7 @@ class AllForms : public testing::Test {
       dialog.reject();
     });
     open();
-    // A window manager does this.
+    // A window manager would do this.
     Activate(window_);
     EXPECT_EQ(looks, 1);
     EXPECT_NE(QApplication::focusWidget(), nullptr) << "the focus is lost after the dialog";

@@ -2,9 +2,9 @@
 # Installs into a fresh root, checks what was installed, starts the program there without a display,
 # and runs the build's tour, which loads, edits and saves with the installed files.
 #
-# The root is a tree with the build folder's files or, for a package, a Debian made by debootstrap
-# into which apt installs it. Where the machine does not allow that, the package is unpacked into a
-# tree, and the test says so.
+# Without a package, the root is a folder with the build's files. With one, it is a Debian made by
+# debootstrap, into which apt installs the package. If the machine does not allow that, the package
+# is unpacked into a folder, and the test says so.
 # usage: install_test.sh BUILD_FOLDER [PACKAGE.deb]
 set -euo pipefail
 
@@ -26,7 +26,7 @@ leave() {
 }
 trap leave EXIT
 
-# Runs a command where the package is installed, with nothing of this shell's surroundings.
+# Runs a command in the root; in a Debian, without this shell's environment.
 inside() {
   if $in_debian; then
     env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/tmp QT_QPA_PLATFORM=offscreen \
@@ -37,7 +37,7 @@ inside() {
   fi
 }
 
-# Makes $root a Debian of the same release as this one; says why where it can't.
+# Makes $root a Debian of the same release as this one, or says why it can't.
 make_debian() {
   local mirror said why
   # shellcheck disable=SC1091
@@ -45,7 +45,7 @@ make_debian() {
   if [ "$ID" != debian ]; then
     why="this is not Debian"
   elif [ "$(id -u)" -ne 0 ]; then
-    why="it takes root"
+    why="it needs root"
   elif ! command -v debootstrap >/dev/null; then
     why="debootstrap is not installed"
   else
@@ -61,7 +61,7 @@ make_debian() {
     rm -rf --one-file-system "$root"
     mkdir -m 755 "$root"
   fi
-  echo "skipped: a fresh Debian to install into: $why"
+  echo "skipped: installing into a fresh Debian: $why"
 }
 
 install_package() {
@@ -92,7 +92,7 @@ prefix=$root/usr
 home=$prefix/lib/rostermill
 for file in rostermill colors.txt sample.nes faces/00.bmp faces/FF.bmp faces/na.bmp \
   r1-0.bmp p4-7.bmp; do
-  [ -s "$home/$file" ] || fail "$file is not beside the program"
+  [ -s "$home/$file" ] || fail "$file is not in the program's folder"
 done
 [ "$(find "$home/faces" -name '*.bmp' | wc -l)" -eq 257 ] || fail "a portrait is missing"
 [ "$(find "$home" -maxdepth 1 -name '[rp][1-4]-[0-7].bmp' | wc -l)" -eq 64 ] ||
@@ -139,7 +139,7 @@ changelog=$(gzip -dc "$prefix/share/doc/rostermill/changelog.gz")
 dated=$(date -d "$(sed -n 's/^ -- .*>  //p' <<<"$changelog" | head -1)" +%F)
 [ "$(sed -n '1s/.*(\(.*\)).*/\1/p' <<<"$changelog") $dated" = "$release" ] ||
   fail "the package's changelog differs from CHANGELOG.md: $release"
-# Runs a checker of this machine on a file or the package; it should print nothing.
+# Runs a checker on a file or the package; it should print nothing.
 check() {
   if ! command -v "$1" >/dev/null; then
     echo "skipped: $1, which is not installed"
@@ -154,13 +154,13 @@ check desktop-file-validate "$prefix/share/applications/$app.desktop"
 check appstreamcli validate --no-net "$prefix/share/metainfo/$app.metainfo.xml"
 if [ -n "$package" ]; then check lintian -I --pedantic --allow-root "$package"; fi
 
-# The same folder by its name inside and outside.
+# The root as a command inside it sees it.
 if $in_debian; then seen=; else seen=$root; fi
 
-# By the link, as from a menu; it is still running after a second and a half.
+# Started by its link, as from a menu, it has to be still running after a second and a half.
 status=0
 inside timeout 1.5 "$seen/usr/bin/rostermill" 2>"$root/tmp/said" || status=$?
-[ "$status" -eq 124 ] || fail "the program ended with $status: $(cat "$root/tmp/said")"
+[ "$status" -eq 124 ] || fail "the program exited with $status: $(cat "$root/tmp/said")"
 
 if $in_debian; then
   cp "$build/bin/tour" "$root/tmp/tour"
@@ -168,8 +168,8 @@ if $in_debian; then
 else
   tour=$build/bin/tour
 fi
-inside "$tour" --beside "$seen/usr/lib/rostermill" "$seen/tmp/pictures" >/dev/null \
+inside "$tour" --program-folder "$seen/usr/lib/rostermill" "$seen/tmp/pictures" >/dev/null \
   2>"$root/tmp/said" || fail "the tour failed: $(cat "$root/tmp/said")"
-[ "$(find "$root/tmp/pictures" -name '*.png' | wc -l)" -gt 20 ] || fail "the tour saw too little"
-if $in_debian; then where="into a fresh Debian"; else where="into a tree"; fi
-echo "installed $where, started, loaded, saved and looked"
+[ "$(find "$root/tmp/pictures" -name '*.png' | wc -l)" -gt 20 ] || fail "too few pictures of the tour"
+if $in_debian; then where="into a fresh Debian"; else where="into a folder"; fi
+echo "installed $where, started, loaded and saved"

@@ -16,7 +16,7 @@ std::string NameOf(const QWidget* widget) {
              : widget->objectName().toStdString() + " (" + widget->metaObject()->className() + ")";
 }
 
-/// The controls that take the focus in the way asked for, those inside other controls left out.
+/// The usable controls with a focus policy that is wanted, except those inside other controls.
 QList<QWidget*> Controls(QWidget& form, const std::function<bool(Qt::FocusPolicy)>& wanted) {
   QList<QWidget*> controls;
   for (QWidget* widget : form.findChildren<QWidget*>()) {
@@ -42,7 +42,7 @@ void Key(int key) {
   }
 }
 
-/// All that the Tab key comes to, from the first control to where it meets a known one.
+/// The controls that Tab visits, beginning with `first`, until it leaves the form or one repeats.
 QList<QWidget*> TabWalk(QWidget& form, QWidget* first) {
   QList<QWidget*> walk;
   first->setFocus(Qt::TabFocusReason);
@@ -54,20 +54,20 @@ QList<QWidget*> TabWalk(QWidget& form, QWidget* first) {
   return walk;
 }
 
-/// The two ancestors, or widgets themselves, that stand side by side in one container.
+/// The places of the two widgets, or of their ancestors, within the same parent.
 std::pair<QRect, QRect> PlacesSideBySide(QWidget* a, QWidget* b) {
   while (!a->parentWidget()->isAncestorOf(b)) a = a->parentWidget();
   while (b->parentWidget() != a->parentWidget()) b = b->parentWidget();
   return {a->geometry(), b->geometry()};
 }
 
-/// Reading goes down or to the right, which a new column does too.
+/// Whether reading comes to `after` later: down or to the right, as in the next column.
 bool IsRead(QWidget* before, QWidget* after) {
   const auto [a, b] = PlacesSideBySide(before, after);
   return b.left() > a.right() || b.top() > a.bottom();
 }
 
-/// Walks a grid by the arrow keys from its upper left cell.
+/// The cells of a grid that the arrow keys visit from its upper left cell.
 QSet<QWidget*> ArrowWalk(QWidget* stop) {
   constexpr int enough = 100;
   QSet<QWidget*> met;
@@ -87,17 +87,17 @@ QSet<QWidget*> ArrowWalk(QWidget* stop) {
   return met;
 }
 
-// Catches a control that only the mouse reaches, and a tab order of the order of making.
+// Catches a control that only the mouse reaches, and a tab order that is the order of creation.
 TEST_F(AllForms, TabReachesEverythingInReadingOrder) {
   VisitAll([](QWidget& form) {
     const QList<QWidget*> stops = Controls(form, ByTab);
-    // Forms that only show texts have no control.
+    // Forms that only show texts have no controls.
     if (form.focusPolicy() != Qt::NoFocus || form.objectName() == "Loading") return;
     ASSERT_FALSE(stops.isEmpty());
     QList<QWidget*> walk = TabWalk(form, stops.constFirst());
     const auto reached = [&](QWidget* stop) {
       if (qobject_cast<QRadioButton*>(stop) == nullptr) return walk.contains(stop);
-      // One button stands for its group, and the arrow keys walk within.
+      // Tab reaches one button of a group, and the arrow keys the others.
       return std::any_of(walk.begin(), walk.end(), [stop](QWidget* other) {
         return qobject_cast<QRadioButton*>(other) && other->parent() == stop->parent();
       });
@@ -113,8 +113,8 @@ TEST_F(AllForms, TabReachesEverythingInReadingOrder) {
   });
 }
 
-// Catches cells that belong to one tab stop and that no arrow key leads to.
-TEST_F(AllForms, ArrowKeysReachTheCellsBehindATabStop) {
+// Catches cells that share a tab stop and that no arrow key leads to.
+TEST_F(AllForms, ArrowKeysReachTheCellsOfATabStop) {
   VisitAll([](QWidget& form) {
     QList<QWidget*> cells = Controls(form, ByClickOnly);
     QSet<QWidget*> met;
@@ -131,7 +131,7 @@ TEST_F(AllForms, ArrowKeysReachTheCellsBehindATabStop) {
   });
 }
 
-TEST_F(AllForms, WhatHasNoCaptionHasANameForAssistiveTechnology) {
+TEST_F(AllForms, EveryControlHasANameForAssistiveTechnology) {
   VisitAll([](QWidget& form) {
     QList<QWidget*> controls = Controls(form, [](auto policy) { return policy != Qt::NoFocus; });
     for (PictureBox* picture : form.findChildren<PictureBox*>()) controls << picture;
@@ -143,7 +143,7 @@ TEST_F(AllForms, WhatHasNoCaptionHasANameForAssistiveTechnology) {
   });
 }
 
-TEST_F(AllForms, TheWheelChangesNoListWithoutTheFocus) {
+TEST_F(AllForms, TheWheelLeavesAListWithoutFocusAlone) {
   VisitAll([](QWidget& form) {
     for (QComboBox* list : form.findChildren<QComboBox*>()) {
       for (QWidget* other : Controls(form, ByTab)) {
@@ -162,7 +162,7 @@ TEST_F(AllForms, TheWheelChangesNoListWithoutTheFocus) {
 }
 
 // A busy window is disabled, which takes the focus from its controls.
-TEST_F(AllForms, TheFocusOutlivesASaveAndALoad) {
+TEST_F(AllForms, TheFocusSurvivesASaveAndALoad) {
   Pick("mViePlayerData");
   auto& teams = Find<QComboBox>(Form("ViewPlayer"), "cmbTeam");
   teams.setFocus();
@@ -175,7 +175,7 @@ TEST_F(AllForms, TheFocusOutlivesASaveAndALoad) {
   EXPECT_EQ(QApplication::focusWidget(), &teams) << NameOf(QApplication::focusWidget());
 }
 
-TEST_F(AllForms, TheKeysOfChildWindowsWork) {
+TEST_F(AllForms, ChildWindowShortcutsWork) {
   Pick("mVieTeamData");
   Pick("mViePlayerData");
   const auto active = [this] {
@@ -196,7 +196,7 @@ TEST_F(AllForms, TheKeysOfChildWindowsWork) {
   EXPECT_EQ(Area().subWindowList().size(), 1);
 }
 
-/// Drags a file over the main window or a control in it and lets it go; whether it was taken.
+/// Drops a file on the main window or on a control in it; returns whether it was accepted.
 bool Drop(QWidget& window, const QString& path) {
   QMimeData file;
   file.setUrls({QUrl::fromLocalFile(path)});
@@ -212,7 +212,7 @@ bool Drop(QWidget& window, const QString& path) {
   return drop.isAccepted();
 }
 
-TEST_F(AllForms, ADroppedImageIsLoadedAsByTheCommand) {
+TEST_F(AllForms, ADroppedImageIsLoadedLikeOneFromTheMenu) {
   const std::string other = folder_.Path("OTHER.NES");
   WriteFile(other, SampleBytes());
   EXPECT_FALSE(Drop(window_, QString::fromStdString(BinFolder() + "colors.txt")));

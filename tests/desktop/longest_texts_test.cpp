@@ -21,7 +21,7 @@ class LongestTexts : public AllForms {
       session_.League.TeamData[team].Abbreviation = "WWWW";
       for (NameRec& name : session_.League.NameData[team]) name = {"ww", widest.substr(2), "88"};
     }
-    // Half of the teams play twice in the first week, and one of them against itself.
+    // Half of the teams play against themselves in the first week.
     ScheduleWeek& week = session_.League.ScheduleData[0];
     week.GameCount = 14;
     for (int game = 0; game < 14; ++game) {
@@ -31,7 +31,7 @@ class LongestTexts : public AllForms {
   }
 };
 
-/// The pixels that a control has for its text.
+/// The width in pixels that a control has for its text.
 int RoomIn(const QWidget& control) {
   if (auto* list = qobject_cast<const QComboBox*>(&control)) {
     QStyleOptionComboBox option;
@@ -62,7 +62,7 @@ QString LongestEntry(const QComboBox& list) {
   return longest;
 }
 
-/// Checks the texts of a form that is shown, and counts those that have its longest ones.
+/// Checks the texts of a visible form, and returns how many of them are among the longest.
 int ExpectNothingCut(QWidget& form) {
   int long_texts = 0;
   const auto expect_room = [&](const QWidget& control, const QString& text) {
@@ -95,11 +95,11 @@ int ExpectNothingCut(QWidget& form) {
   return long_texts;
 }
 
-// Catches a text that an editor allows and another form cuts at its opening size.
-TEST_F(LongestTexts, NothingIsCutWhereverItIsShown) {
+// Catches a text that an editor allows and that another form cuts off at its opening size.
+TEST_F(LongestTexts, NoTextIsCutOff) {
   int long_texts = 0;
   VisitAll([&](QWidget& form) { long_texts += ExpectNothingCut(form); });
-  EXPECT_GT(long_texts, 100) << "the longest texts were not on view";
+  EXPECT_GT(long_texts, 100) << "the longest texts were not shown";
 }
 
 }  // namespace

@@ -30,7 +30,7 @@ double Contrast(QRgb a, QRgb b) {
   return (light + 0.05) / (dark + 0.05);
 }
 
-/// The contrast of the strongest ink in a part of a control to the colour that most of it has.
+/// The highest contrast between a color in a part of a control and the part's most common color.
 double InkContrast(QWidget& control, const QRect& part) {
   const QImage shown = control.grab().toImage().convertToFormat(QImage::Format_RGB32);
   const QRect inside = part & shown.rect();
@@ -38,14 +38,15 @@ double InkContrast(QWidget& control, const QRect& part) {
   for (int y = inside.top(); y <= inside.bottom(); ++y) {
     for (int x = inside.left(); x <= inside.right(); ++x) ++counts[shown.pixel(x, y)];
   }
-  const auto ground = std::max_element(counts.begin(), counts.end(),
-                                       [](auto& a, auto& b) { return a.second < b.second; });
+  const auto background = std::max_element(counts.begin(), counts.end(),
+                                           [](auto& a, auto& b) { return a.second < b.second; });
   double best = 1;
-  for (const auto& [color, count] : counts) best = std::max(best, Contrast(color, ground->first));
+  for (const auto& [color, count] : counts)
+    best = std::max(best, Contrast(color, background->first));
   return best;
 }
 
-/// The text that a control shows; empty for one that shows none.
+/// The text that a control shows; empty if it shows none.
 QString TextOf(const QWidget* control) {
   if (auto* label = qobject_cast<const QLabel*>(control)) return label->text();
   if (auto* button = qobject_cast<const QAbstractButton*>(control)) return button->text();
@@ -55,7 +56,7 @@ QString TextOf(const QWidget* control) {
   return qobject_cast<const QAbstractItemView*>(control) ? "cells" : QString();
 }
 
-/// Where a control has its text: all of it but the frame at its edge, for a group box the title.
+/// Where a control shows its text: everything inside its frame, or the title of a group box.
 QRect TextPart(const QWidget* control) {
   if (auto* box = qobject_cast<const QGroupBox*>(control)) {
     QStyleOptionGroupBox option;
@@ -84,7 +85,7 @@ void ExpectReadable(QWidget& form) {
   }
 }
 
-/// The items of a menu, of the menus in it and of theirs, as they are and under the pointer.
+/// Checks the items of a menu and of all menus in it, highlighted and not. Returns their number.
 int ExpectReadableItems(QMenu& menu) {
   int looked = 0;
   menu.popup({0, 0});
@@ -94,7 +95,7 @@ int ExpectReadableItems(QMenu& menu) {
     menu.setActiveAction(nullptr);
     EXPECT_GE(InkContrast(menu, menu.actionGeometry(item)), 4.5) << caption;
     menu.setActiveAction(item);
-    EXPECT_GE(InkContrast(menu, menu.actionGeometry(item)), 4.5) << caption << " picked";
+    EXPECT_GE(InkContrast(menu, menu.actionGeometry(item)), 4.5) << caption << " highlighted";
     ++looked;
     if (item->menu() != nullptr) looked += ExpectReadableItems(*item->menu());
   }
@@ -102,7 +103,7 @@ int ExpectReadableItems(QMenu& menu) {
   return looked;
 }
 
-/// Set before there is a window, as a system does it.
+/// Sets the palette before there is a window, as a desktop does.
 class Scheme : public testing::WithParamInterface<bool> {
  protected:
   Scheme() {
@@ -129,13 +130,13 @@ class InAScheme : public Scheme, public AllForms {
 INSTANTIATE_TEST_SUITE_P(LightAndDark, InAScheme, testing::Bool(),
                          [](const auto& scheme) { return scheme.param ? "Dark" : "Light"; });
 
-// Catches text in a fixed colour on a ground of the scheme, and the other way round.
-TEST_P(InAScheme, EveryTextStandsOutFromItsGround) {
+// Catches text in a fixed color on a background from the scheme, and the other way around.
+TEST_P(InAScheme, EveryTextIsReadable) {
   ExpectReadable(window_);
   VisitAll([](QWidget& form) { ExpectReadable(form); });
 }
 
-TEST_P(InAScheme, MenusStandOut) {
+TEST_P(InAScheme, MenusAreReadable) {
   QMenuBar& bar = *window_.menuBar();
   int looked = 0;
   for (QAction* item : bar.actions()) {
@@ -145,7 +146,7 @@ TEST_P(InAScheme, MenusStandOut) {
   EXPECT_GT(looked, 28) << "each team has an item";
 }
 
-TEST_P(InAScheme, ThePickedRowOfAListStandsOut) {
+TEST_P(InAScheme, RowsOfAListAreReadable) {
   Pick("mViePlayerData");
   auto& list = Find<QComboBox>(Form("ViewPlayer"), "cmbTeam");
   list.showPopup();
@@ -157,7 +158,7 @@ TEST_P(InAScheme, ThePickedRowOfAListStandsOut) {
   list.hidePopup();
 }
 
-TEST_P(InAScheme, HeadingsStandOutWhetherTheySortOrNot) {
+TEST_P(InAScheme, HeadingsAreReadableWhetherTheySortOrNot) {
   Pick("mVieLeaders");
   QWidget& leaders = Form("ViewLeaders");
   for (const char* name : {"lblHead(1)", "lblHead(3)"}) {
@@ -169,7 +170,7 @@ TEST_P(InAScheme, HeadingsStandOutWhetherTheySortOrNot) {
   }
 }
 
-/// Texts half as large again stand for a user's large font; the window keeps its size.
+/// Sets the font's size, where 1.5 is a user's large font; the window keeps its size.
 class WithAFont : public AllForms, public testing::WithParamInterface<double> {
  protected:
   WithAFont() {
@@ -187,7 +188,7 @@ class WithAFont : public AllForms, public testing::WithParamInterface<double> {
 INSTANTIATE_TEST_SUITE_P(Sizes, WithAFont, testing::Values(1.0, 1.5),
                          [](const auto& size) { return size.param > 1 ? "Large" : "Standard"; });
 
-// Catches a form whose lower edge, with the buttons, lies outside of the main window.
+// Catches a form whose lower edge, with the buttons, is outside the main window.
 TEST_P(WithAFont, FormsOpenAtTheSizeOfTheirContentInsideTheWindow) {
   window_.resize(1120, 800);
   VisitAll([this](QWidget& form) {
@@ -207,14 +208,14 @@ TEST_P(WithAFont, FormsOpenAtTheSizeOfTheirContentInsideTheWindow) {
   });
 }
 
-TEST_P(WithAFont, CascadeAndTileCrushNothing) {
+TEST_P(WithAFont, CascadeAndTileShrinkNoFormTooFar) {
   for (const char* item : {"mViePlayerData", "mVieTeamData", "mVieLeaders", "mDatProbowl"}) {
     Pick(item);
   }
   const auto expect_whole = [this](const char* order) {
     QCoreApplication::processEvents();
     for (QMdiSubWindow* frame : Area().subWindowList()) {
-      // Qt counts the frame of a window that is not active a pixel thicker.
+      // Qt counts the frame of an inactive window as one pixel thicker.
       const QSize least = frame->widget()->minimumSizeHint() - QSize(1, 1);
       EXPECT_EQ(frame->widget()->size().expandedTo(least), frame->widget()->size())
           << order << ' ' << frame->widget()->objectName().toStdString();

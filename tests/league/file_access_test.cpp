@@ -14,7 +14,7 @@ namespace {
 using Bytes = std::vector<std::uint8_t>;
 namespace fs = std::filesystem;
 
-TEST(FileAccess, AFileIsMadeAtTheEndOfDanglingLinks) {
+TEST(FileAccess, AFileIsCreatedAtTheEndOfDanglingLinks) {
   const TempFolder folder;
   fs::create_directories(folder.Path("shelf/deep"));
   fs::create_symlink("shelf/second", folder.Path("first"));
@@ -31,7 +31,7 @@ TEST(FileAccess, AFileIsMadeAtTheEndOfDanglingLinks) {
   fs::create_symlink("ring", folder.Path("other"));
   try {
     ReplaceFile(folder.Path("ring"), Bytes{1});
-    ADD_FAILURE() << "a ring of links has no end";
+    ADD_FAILURE() << "a loop of links has no end";
   } catch (const FileError& error) {
     EXPECT_EQ(error.Number(), ELOOP);
   }
@@ -60,7 +60,7 @@ TEST(FileAccess, FoldersDevicesAndPipesAreNotRegularFiles) {
   EXPECT_EQ(KindOf(folder.Path("file") + '\0' + ".nes"), PathKind::Missing);
 }
 
-TEST(FileAccess, ANewFileHasTheRightsThatTheMaskLeaves) {
+TEST(FileAccess, ANewFileHasThePermissionsThatTheMaskAllows) {
   const TempFolder folder;
   const mode_t mask = umask(027);
   ReplaceFile(folder.Path("new"), Bytes{1});

@@ -30,7 +30,7 @@ constexpr std::uint8_t digit_tiles[10][4] = {{0x90, 0x91, 0x92, 0x93}, {0xAE, 0x
                                              {0xB0, 0xB1, 0xB2, 0xB3}, {0xC0, 0xAC, 0x9F, 0xCF},
                                              {0xD0, 0x9D, 0xD2, 0xCF}, {0xD4, 0xD5, 0xDA, 0xDB},
                                              {0xCC, 0xCD, 0xCE, 0xCF}, {0xCC, 0xD1, 0x9E, 0xD3}};
-/// Where tiles 1 to 4 of the year's first, second, third and fourth digit lie.
+/// The offsets of tiles 1 to 4 of the year's first, second, third and fourth digit.
 constexpr std::size_t tile_offsets[4][4] = {{0x16DA6, 0x16DA7, 0x16DAA, 0x16DAB},
                                             {0x16DA8, 0x16DB6, 0x16DAC, 0x16DBA},
                                             {0x16DB7, 0x16DB8, 0x16DBB, 0x16DBC},
@@ -65,7 +65,7 @@ Bytes Part(const Bytes& bytes, std::size_t offset, std::size_t length) {
   return {start, start + static_cast<std::ptrdiff_t>(length)};
 }
 
-// Would catch a place left out, one with another text, and a stray byte anywhere in the image.
+// Catches a missing place, a place with the wrong text, and a stray byte anywhere in the image.
 TEST(GameSettings, AllTextsAreWrittenToAllTheirPlacesAndNowhereElse) {
   Bytes expected = BlankImage();
   for (const Place& place : places) {
@@ -82,7 +82,7 @@ TEST(GameSettings, AllTextsAreWrittenToAllTheirPlacesAndNowhereElse) {
   EXPECT_TRUE(Written(League("1991", "XFGH", "N", "ZB\xE9")) == expected);
 }
 
-// Would catch a tile of one digit in another digit's table row or place.
+// Catches a tile in the table row or the place of another digit.
 TEST(GameSettings, EveryDigitIsDrawnInEveryPlaceOfTheYear) {
   for (int place = 0; place < 4; ++place) {
     for (int digit = 0; digit <= 9; ++digit) {
@@ -99,8 +99,8 @@ TEST(GameSettings, EveryDigitIsDrawnInEveryPlaceOfTheYear) {
   }
 }
 
-// Would catch an index outside the digit table, and a letter that the text loses.
-TEST(GameSettings, ACharacterThatIsNoDigitIsDrawnAsZeroAndKeptAsText) {
+// Catches an index outside the digit table, and a letter that is lost from the text.
+TEST(GameSettings, ANonDigitIsDrawnAsZeroAndKeptAsText) {
   for (const char odd : {'A', ' ', '/', ':', '\x00', '\xFF'}) {
     const std::string year = {'1', '9', odd, '1'};
     const Bytes bytes = Written(League(year, "", "", ""));
@@ -112,7 +112,7 @@ TEST(GameSettings, ACharacterThatIsNoDigitIsDrawnAsZeroAndKeptAsText) {
   }
 }
 
-// Would catch a load that takes another of the many places.
+// Catches a load that reads another of the many places.
 TEST(GameSettings, ALoadReadsOnePlaceOfEachText) {
   Bytes bytes = BlankImage();
   for (const Place& place : places) Put(bytes, place.Offset, place.Text == 'Y' ? "0000" : "???");

@@ -29,7 +29,7 @@ class LoadImageTest : public testing::Test {
   FakeHost host_;
 };
 
-TEST(ImageHeader, OnlyTheOneLayoutPasses) {
+TEST(ImageHeader, OnlyTheSupportedLayoutPasses) {
   const Bytes good{0x4E, 0x45, 0x53, 0x1A, 0x10, 0x10, 0x40, 0, 0, 0, 0, 0, 0, 0, 0, 0};
   EXPECT_TRUE(IsImageHeader(good));
   Bytes battery = good;
@@ -73,7 +73,7 @@ TEST_F(LoadImageTest, ALongerFileLoadsAndASecondLoadLeavesNothingOfTheFirst) {
   EXPECT_EQ(session_.League, fresh);
 }
 
-TEST_F(LoadImageTest, WhatIsNoImageIsTurnedAwayAndTheLeagueStays) {
+TEST_F(LoadImageTest, OtherFilesAreRejectedAndTheLeagueStays) {
   ASSERT_EQ(Load(SampleBytes()), LoadOutcome::Loaded);
   const LeagueData before = session_.League;
   Bytes bad = SampleBytes();
@@ -103,9 +103,9 @@ TEST_F(LoadImageTest, WhatIsNoImageIsTurnedAwayAndTheLeagueStays) {
                                        "393,232 bytes.");
 }
 
-TEST_F(LoadImageTest, APathThatNamesNoRegularFileIsTurnedAwayAndNoFileIsLeft) {
+TEST_F(LoadImageTest, PathsWithoutARegularFileAreRejectedAndNoFileIsCreated) {
   const std::string missing = folder_.Path("missing.nes");
-  const std::string pipe = folder_.Path("pipe.nes");  // it would never answer
+  const std::string pipe = folder_.Path("pipe.nes");  // reading it would block
   ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
   for (const std::string& path : {missing, folder_.Path(), pipe, std::string("/dev/null")}) {
     session_.ImagePath = path;
@@ -118,11 +118,11 @@ TEST_F(LoadImageTest, APathThatNamesNoRegularFileIsTurnedAwayAndNoFileIsLeft) {
   EXPECT_FALSE(std::filesystem::exists(missing));
 }
 
-TEST_F(LoadImageTest, TheProgramsFolderIsAskedForUntilThePaletteIsThere) {
+TEST_F(LoadImageTest, TheProgramsFolderIsAskedForUntilThePaletteIsFound) {
   session_.AppDir = folder_.Path("nowhere/");
   host_.folder_answers = {folder_.Path("elsewhere"), BinFolder().substr(0, BinFolder().size() - 1)};
   EXPECT_EQ(Load(SampleBytes()), LoadOutcome::Loaded);
-  EXPECT_EQ(session_.AppDir, BinFolder()) << "a separator is added where it was left out";
+  EXPECT_EQ(session_.AppDir, BinFolder()) << "a missing separator is added";
   ASSERT_EQ(host_.prompts.size(), 2u);
   EXPECT_EQ(host_.prompts[0],
             "File Not Found: Please Enter Path of Rostermill. (Example: C:\\RSML\\). Leave blank "
@@ -164,7 +164,7 @@ TEST_F(LoadImageTest, AnExceptionAmidTheStepsFreesTheWindow) {
   EXPECT_EQ(host_.messages.size(), 1u);
 }
 
-TEST_F(LoadImageTest, NoDamageOfThePointersLeadsOutsideTheImage) {
+TEST_F(LoadImageTest, DamagedPointersNeverLeadOutsideTheImage) {
   for (const int word : {0x0000, 0x7FEF, 0x7FF0, 0x86CA, 0xFFFF}) {
     Bytes bytes = SampleBytes();
     const auto fill = [&](int first, int end) {

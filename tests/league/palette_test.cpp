@@ -19,8 +19,8 @@ std::string Records(int count, const std::string& line_end = "\n") {
   return text;
 }
 
-/// The error that a palette text is refused with; no error where it is taken.
-std::error_code Refusal(const std::string& text) {
+/// The error that a palette text is rejected with; no error if it is accepted.
+std::error_code Rejection(const std::string& text) {
   try {
     ParsePalette(text);
     return {};
@@ -29,8 +29,8 @@ std::error_code Refusal(const std::string& text) {
   }
 }
 
-/// Line ends of one system only, quotes kept in names, a comma in a name that shifts the fields.
-TEST(PaletteFile, TakesEitherLineEndQuotedNamesAndFieldsOnTheirOwnLines) {
+// Catches line ends of one system only, quotes kept in names, and fields shifted by quoted commas.
+TEST(PaletteFile, AcceptsAllLineEndsQuotedNamesAndFieldsOnSeparateLines) {
   for (const std::string line_end : {"\n", "\r\n", "\r"}) {
     const Palette palette = ParsePalette(Records(64, line_end));
     EXPECT_EQ(palette[0], (PaletteRec{"Shade 0", 0, 0, 255}));
@@ -50,7 +50,7 @@ TEST(PaletteFile, TakesEitherLineEndQuotedNamesAndFieldsOnTheirOwnLines) {
   EXPECT_EQ(palette[63].Name, "Shade 59");
 }
 
-/// A blank left at the end of a name that is cut, which no file could hold but in quotes.
+// Catches a blank left at the end of a shortened name, which a file could hold only in quotes.
 TEST(PaletteFile, ALongNameIsCutAt64Characters) {
   const std::string letters(63, 'n');
   for (const std::string& name : {letters + " \"of old\"", "\"" + letters + " of old\""}) {
@@ -62,8 +62,8 @@ TEST(PaletteFile, ALongNameIsCutAt64Characters) {
             letters + "\xE8\x89\xB2");
 }
 
-/// Names read in the other encoding: "BlÃ¥", or nothing where a Latin-1 letter is.
-TEST(PaletteFile, ANameIsUtf8WhereItCanBeAndElseLatin1) {
+// Catches names read in the wrong encoding, as in "BlÃ¥", and Latin-1 letters that are lost.
+TEST(PaletteFile, ANameIsUtf8IfValidAndLatin1Otherwise) {
   const auto names = [](const std::string& mark) {
     const Palette palette = ParsePalette(mark +
                                          "Bl\xC3\xA5,0,0,0\n"
@@ -81,22 +81,22 @@ TEST(PaletteFile, ANameIsUtf8WhereItCanBeAndElseLatin1) {
   EXPECT_EQ(names("\xEF\xBB\xBF"), read);
 }
 
-/// A short or garbled file that is taken half, or a value cut to its low byte without a word.
-TEST(PaletteFile, IsRefusedWithTheReasonsOwnError) {
-  EXPECT_EQ(Refusal(Records(63)), std::errc::no_message_available);
-  EXPECT_EQ(Refusal(""), std::errc::no_message_available);
-  EXPECT_EQ(Refusal("Grey,66,xx,66\n" + Records(63)), std::errc::invalid_argument);
-  EXPECT_EQ(Refusal("Grey,66,,66\n" + Records(63)), std::errc::invalid_argument);
-  EXPECT_EQ(Refusal("Grey,66,-1,66\n" + Records(63)), std::errc::invalid_argument);
-  EXPECT_EQ(Refusal("Grey,66,0x6,66\n" + Records(63)), std::errc::invalid_argument);
-  EXPECT_EQ(Refusal("Grey,66,100,66\n" + Records(63)), std::errc::result_out_of_range);
-  EXPECT_EQ(Refusal("Grey,66,FFFFFFFFFF,66\n" + Records(63)), std::errc::result_out_of_range);
-  EXPECT_EQ(Refusal("\"never closed" + Records(64)), std::errc::invalid_argument);
-  EXPECT_EQ(Refusal(Records(64)), std::error_code{});
+// Catches a short or garbled file accepted in part, and a value silently cut to its low byte.
+TEST(PaletteFile, EveryFaultHasItsError) {
+  EXPECT_EQ(Rejection(Records(63)), std::errc::no_message_available);
+  EXPECT_EQ(Rejection(""), std::errc::no_message_available);
+  EXPECT_EQ(Rejection("Gray,66,xx,66\n" + Records(63)), std::errc::invalid_argument);
+  EXPECT_EQ(Rejection("Gray,66,,66\n" + Records(63)), std::errc::invalid_argument);
+  EXPECT_EQ(Rejection("Gray,66,-1,66\n" + Records(63)), std::errc::invalid_argument);
+  EXPECT_EQ(Rejection("Gray,66,0x6,66\n" + Records(63)), std::errc::invalid_argument);
+  EXPECT_EQ(Rejection("Gray,66,100,66\n" + Records(63)), std::errc::result_out_of_range);
+  EXPECT_EQ(Rejection("Gray,66,FFFFFFFFFF,66\n" + Records(63)), std::errc::result_out_of_range);
+  EXPECT_EQ(Rejection("\"never closed" + Records(64)), std::errc::invalid_argument);
+  EXPECT_EQ(Rejection(Records(64)), std::error_code{});
 }
 
-/// A number printed by its low digits only, or an index past the table.
-TEST(PaletteFile, AnIndexWithoutEntryHasANameAndNoColor) {
+// Catches a number printed without its high digit, and an index past the table.
+TEST(PaletteFile, AnIndexOutsideTheTableHasANameButNoColor) {
   const Palette palette = ParsePalette(Records(64));
   EXPECT_EQ(PaletteName(palette, 63), "Shade 63");
   EXPECT_EQ(PaletteColor(palette, 63), (RgbColor{63, 0, 255}));
@@ -106,8 +106,8 @@ TEST(PaletteFile, AnIndexWithoutEntryHasANameAndNoColor) {
   EXPECT_EQ(PaletteColor(palette, -1), std::nullopt);
 }
 
-/// The file that comes with the program: two colours of one name can't be told apart in a list.
-TEST(PaletteFile, OurOwnHas64ColorsWithNamesThatDiffer) {
+// Catches two colors of the same name, which look alike in a list, in the file that we ship.
+TEST(PaletteFile, OursHas64ColorsWithDifferentNames) {
   const Palette palette = ReadPalette(BinFolder());
   std::set<std::string> names;
   for (const PaletteRec& color : palette) {

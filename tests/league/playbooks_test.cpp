@@ -7,8 +7,8 @@
 namespace rostermill::test {
 namespace {
 
-/// Nibbles swapped, rows shifted, or bytes touched outside 0x1D310 to 0x1D37F.
-TEST(Playbooks, TwoSlotsAByteFourBytesATeam) {
+// Catches swapped nibbles, shifted rows, and changed bytes outside 0x1D310 to 0x1D37F.
+TEST(Playbooks, TwoSlotsPerByteAndFourBytesPerTeam) {
   std::vector<std::uint8_t> bytes(OpenImage::WholeSize, 0x55);
   const std::vector<std::uint8_t> first{0x12, 0x34, 0x56, 0x70};
   const std::vector<std::uint8_t> last{0x01, 0x23, 0x45, 0x67};
@@ -30,7 +30,7 @@ TEST(Playbooks, TwoSlotsAByteFourBytesATeam) {
   EXPECT_TRUE(std::equal(bytes.begin(), bytes.end(), image.Bytes().begin()));
 }
 
-/// A damaged byte read as a choice above 9, or a choice without a name that is lost on the way.
+// Catches a damaged byte read as a choice above 9, and a nameless choice that gets lost.
 TEST(Playbooks, NibblesAbove9AreReadAs0And8And9AreKept) {
   std::vector<std::uint8_t> bytes(OpenImage::WholeSize, 0);
   bytes[0x1D310] = 0xC3;

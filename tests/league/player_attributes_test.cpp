@@ -13,7 +13,7 @@ TEST(PlayerAttributes, EveryGroupIsReadFromItsPlaceInTheBlock) {
     bytes[0x3019] = 0xC7;
     bytes[0x301A] = 0x12;  // first back
     bytes[0x301D] = 0x34;
-    bytes[0x3042] = 0x9F;  // centre
+    bytes[0x3042] = 0x9F;  // center
     bytes[0x3051] = 0x81;  // right end
     bytes[0x3054] = 0x6E;
     bytes[0x307D] = 0x2B;  // kicker
@@ -41,7 +41,7 @@ TEST(PlayerAttributes, EveryGroupIsReadFromItsPlaceInTheBlock) {
   EXPECT_EQ(league.QBData[28][1].RushingPower, 7);
 }
 
-TEST(PlayerAttributes, ASaveWritesTheSameBytesAndTheFillerBehindThem) {
+TEST(PlayerAttributes, ASaveWritesTheSameBytesAndTheFillerAfterThem) {
   LeagueData league = SampleLeague();
   const auto before = SampleBytes();
   auto after = SavedBytes(league);
@@ -55,7 +55,7 @@ TEST(PlayerAttributes, ASaveWritesTheSameBytesAndTheFillerBehindThem) {
 
 TEST(PlayerAttributes, ReturnersAreReadFromTheFirstCopyAndWrittenToBoth) {
   const LeagueData league = LeagueOfChanged([](auto& bytes) {
-    bytes[0x239D3] = 0xB2;  // "TE 2" kicks, "RB 1" punts
+    bytes[0x239D3] = 0xB2;  // "TE 2" returns kicks, "RB 1" returns punts
     bytes[0x328D3] = 0x33;
     bytes[0x239EE] = 0x47;
   });
@@ -70,7 +70,7 @@ TEST(PlayerAttributes, ReturnersAreReadFromTheFirstCopyAndWrittenToBoth) {
   EXPECT_EQ(saved[0x328EE], 0x47);
 }
 
-TEST(PlayerAttributes, ReturnerNibblesThatNameNobodyFlagNobody) {
+TEST(PlayerAttributes, ReturnerNibblesOutOfRangeFlagNobody) {
   for (const int byte : {0x00, 0x11, 0xCC, 0xFF, 0x1F}) {
     const LeagueData league =
         LeagueOfChanged([byte](auto& bytes) { bytes[0x239D3] = static_cast<std::uint8_t>(byte); });
@@ -78,7 +78,7 @@ TEST(PlayerAttributes, ReturnerNibblesThatNameNobodyFlagNobody) {
       EXPECT_EQ(rec.KickReturner, 0) << byte;
       EXPECT_EQ(rec.PuntReturner, 0) << byte;
     }
-    EXPECT_EQ(SavedBytes(league)[0x239D3], 0x22) << "the first back stands in";
+    EXPECT_EQ(SavedBytes(league)[0x239D3], 0x22) << "the first back is the default";
   }
 }
 

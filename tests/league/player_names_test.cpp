@@ -19,8 +19,8 @@ int WordAt(const Bytes& bytes, std::size_t offset) {
   return bytes[offset] | bytes[offset + 1] << 8;
 }
 
-/// Gives player 1 an entry of these bytes in free space at 0x7000 (address 0xEFF0), by a pointer
-/// pair of its own; the second player's entry then starts behind it and runs on as junk.
+/// Reads player 1 from an entry of these bytes at 0x7000 (address 0xEFF0), which is free space. The
+/// second player's entry then starts after it and contains junk.
 NameRec FirstNameOf(const std::string& entry) {
   return LeagueOfChanged([&](Bytes& bytes) {
            std::copy(entry.begin(), entry.end(), bytes.begin() + 0x7000);
@@ -80,7 +80,7 @@ TEST(PlayerNames, NumberTextsBecomeTheirHexadecimalByte) {
   }
 }
 
-TEST(PlayerNames, ALetterMoreMovesEveryLaterEntryByOne) {
+TEST(PlayerNames, OneMoreLetterMovesEveryLaterEntryByOne) {
   LeagueData league = SampleLeague();
   const Bytes before = SavedBytes(league);
   league.NameData[14][30].LastName += "S";
@@ -102,7 +102,7 @@ TEST(PlayerNames, FilledToTheLastByteIsSavedAndOneMoreIsRefused) {
   EXPECT_FALSE(TextOverflow(league).has_value());
   const Bytes saved = SavedBytes(league);
   EXPECT_EQ(WordAt(saved, 0x6D8), 0x3010 + 0x7FF0);
-  EXPECT_EQ(saved[0x3010], SampleBytes()[0x3010]) << "a filler fell on the attributes";
+  EXPECT_EQ(saved[0x3010], SampleBytes()[0x3010]) << "a filler overwrote the attributes";
 
   league.NameData[5][5].LastName += "XX";
   const auto overflow = TextOverflow(league);

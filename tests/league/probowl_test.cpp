@@ -27,7 +27,7 @@ LeagueData Read(std::vector<std::uint8_t> bytes) {
   return league;
 }
 
-// Would catch a count from 1 in the image, sides or bytes swapped, and a step other than 2.
+// Catches numbers counted from 1 in the image, swapped sides or bytes, and a step other than 2.
 TEST(Probowl, EntriesAreReadInSlotOrderFirstSideFirst) {
   auto bytes = BlankImage();
   bytes[0x32853] = 0x00, bytes[0x32854] = 0x00;
@@ -44,7 +44,7 @@ TEST(Probowl, EntriesAreReadInSlotOrderFirstSideFirst) {
   EXPECT_EQ(league.ProbowlData[2][30], (ProbowlRec{27, 29}));
 }
 
-// Would catch a place that lands in another entry, and a byte written outside the 120.
+// Catches a place written to another's entry, and a byte written outside the 120.
 TEST(Probowl, APlaceIsWrittenToItsOwnTwoBytesOnly) {
   struct Case {
     int Conference, Place;
@@ -61,7 +61,7 @@ TEST(Probowl, APlaceIsWrittenToItsOwnTwoBytesOnly) {
   }
 }
 
-// Would catch a value that is checked, clamped or cut to 7 bits on its way through memory.
+// Catches a value that is checked, clamped or cut to 7 bits on its way through memory.
 TEST(Probowl, AnyBytesSurviveALoadAndASave) {
   auto bytes = BlankImage();
   for (std::size_t at = first_byte; at <= last_byte; ++at) {

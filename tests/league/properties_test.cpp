@@ -42,7 +42,7 @@ TEST(Properties, WhateverADamagedImageHoldsSurvivesASave) {
   EXPECT_GE(saved, total / 2);
 }
 
-/// A change of one field and the bytes that may differ for it.
+/// A change of one field and the bytes that it may change.
 struct FieldChange {
   const char* name;
   void (*change)(LeagueData&, int team, unsigned value);
@@ -71,7 +71,7 @@ const std::vector<FieldChange> field_changes{
     {"rushing power of RT",
      [](LeagueData& l, int t, unsigned v) { l.LineData[t][5].RushingPower = Code(v); },
      [](int t) { return Run(0x3010 + 117 * (t - 1) + 62, 1); }},
-    {"quickness of the last of the defense",
+    {"quickness of the last defender",
      [](LeagueData& l, int t, unsigned v) { l.DefenseData[t][11].Quickness = Code(v); },
      [](int t) { return Run(0x3010 + 117 * (t - 1) + 108, 1); }},
     {"kicking ability of P",
@@ -105,7 +105,7 @@ const std::vector<FieldChange> field_changes{
        l.ScheduleData[t % WeekCount].Games[0].HomeTeam = static_cast<std::int16_t>(v % 30);
      },
      [](int) { return Run(0x329DB, 2 * 14 * 17); }},
-    {"first jersey colour",
+    {"first jersey color",
      [](LeagueData& l, int t, unsigned v) {
        l.TeamData[t].TeamColors[1] = static_cast<std::int16_t>(v % 64);
      },
@@ -147,7 +147,7 @@ const std::vector<FieldChange> field_changes{
      }},
 };
 
-TEST(Properties, AChangeOfOneFieldMovesItsOwnBytesOnly) {
+TEST(Properties, AChangeOfOneFieldChangesItsOwnBytesOnly) {
   const int total = LeagueTotal(1000);
   int changed = 0;
   for (int seed = 1; seed <= total; ++seed) {
@@ -162,11 +162,11 @@ TEST(Properties, AChangeOfOneFieldMovesItsOwnBytesOnly) {
     if (!moved.empty()) ++changed;
     for (const int offset : moved) {
       ASSERT_NE(std::find(allowed.begin(), allowed.end(), offset), allowed.end())
-          << field.name << " of team " << team << " has moved byte " << std::hex << offset
-          << std::dec << ", seed " << seed;
+          << field.name << " of team " << team << " changes byte " << std::hex << offset << std::dec
+          << ", seed " << seed;
     }
   }
-  // A value drawn may be the one that is there.
+  // The random value may be the old one.
   EXPECT_GE(changed, total * 3 / 4);
 }
 

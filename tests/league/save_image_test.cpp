@@ -31,7 +31,7 @@ class SaveImageTest : public testing::Test {
 
   SaveOutcome Save() { return SaveImage(*session_, host_); }
 
-  /// Runs a save as a user without rights, in a process of its own; true when it was refused with
+  /// Saves as an unprivileged user, in a child process; returns whether the save was refused with
   /// this text in its message.
   bool RefusedAsUser(const std::string& text, int file_size_limit = 0) {
     const pid_t child = fork();
@@ -54,7 +54,7 @@ class SaveImageTest : public testing::Test {
     return WIFEXITED(status) && WEXITSTATUS(status) == 0;
   }
 
-  /// Every name in the folder.
+  /// The names of the files in the folder.
   std::set<std::string> Names() const {
     std::set<std::string> names;
     for (const auto& entry : fs::directory_iterator(folder_.Path())) {
@@ -69,7 +69,7 @@ class SaveImageTest : public testing::Test {
   FakeHost host_;
 };
 
-TEST_F(SaveImageTest, NoLeavesTheFileUnopened) {
+TEST_F(SaveImageTest, AnsweringNoLeavesTheFileAlone) {
   host_.answer_yes = false;
   const auto written = fs::last_write_time(path_);
   EXPECT_EQ(Save(), SaveOutcome::Declined);
@@ -81,7 +81,7 @@ TEST_F(SaveImageTest, NoLeavesTheFileUnopened) {
             "Save Confirmation: Are you sure you want to save to " + path_ + "?");
 }
 
-TEST_F(SaveImageTest, AnUnchangedSaveChangesOnlyWhatASaveAdds) {
+TEST_F(SaveImageTest, SavingAnUnchangedLeagueOnlyAddsWhatEverySaveAdds) {
   EXPECT_EQ(Save(), SaveOutcome::Saved);
   EXPECT_EQ(host_.beeps, 1);
   EXPECT_FALSE(host_.busy);
@@ -109,10 +109,10 @@ TEST_F(SaveImageTest, AnUnchangedSaveChangesOnlyWhatASaveAdds) {
   EXPECT_EQ(again.League, session_->League);
 }
 
-TEST_F(SaveImageTest, WhatLiesOutsideTheSectionsAndBehindTheImageIsKept) {
+TEST_F(SaveImageTest, BytesOutsideTheSectionsAndAfterTheImageAreKept) {
   Bytes changed = SampleBytes();
   changed[0x5000] = static_cast<std::uint8_t>(~changed[0x5000]);
-  changed[0] = 0x00;  // the header isn't looked at again
+  changed[0] = 0x00;  // the header isn't checked again
   changed.insert(changed.end(), {1, 2, 3});
   WriteFile(path_, changed);
   EXPECT_EQ(Save(), SaveOutcome::Saved);
@@ -123,9 +123,9 @@ TEST_F(SaveImageTest, WhatLiesOutsideTheSectionsAndBehindTheImageIsKept) {
   EXPECT_EQ((Bytes{saved.end() - 3, saved.end()}), (Bytes{1, 2, 3}));
 }
 
-TEST_F(SaveImageTest, AHugeFileIsCopiedWithTheWindowAlive) {
+TEST_F(SaveImageTest, TheWindowStaysAliveWhileAHugeFileIsCopied) {
   EXPECT_EQ(Save(), SaveOutcome::Saved);
-  const int usual = host_.yields;
+  const int yields_before = host_.yields;
   constexpr int megabytes = 8;
   fs::resize_file(path_, megabytes << 20);
   std::fstream file(path_, std::ios::in | std::ios::out | std::ios::binary);
@@ -133,7 +133,7 @@ TEST_F(SaveImageTest, AHugeFileIsCopiedWithTheWindowAlive) {
   file.close();
   host_.yields = 0;
   EXPECT_EQ(Save(), SaveOutcome::Saved);
-  EXPECT_GT(host_.yields, usual + megabytes);
+  EXPECT_GT(host_.yields, yields_before + megabytes);
   const Bytes saved = FileBytes(path_);
   ASSERT_EQ(saved.size(), std::size_t{megabytes} << 20);
   EXPECT_EQ((Bytes{saved.end() - 4, saved.end()}), (Bytes{0, 'e', 'n', 'd'}));
@@ -162,7 +162,7 @@ TEST_F(SaveImageTest, TextsThatDontFitAreRefusedBeforeTheFileIsTouched) {
   EXPECT_FALSE(host_.busy);
 }
 
-TEST_F(SaveImageTest, AMissingShortOrOddTargetIsRefusedAndNotMade) {
+TEST_F(SaveImageTest, AMissingShortOrOddTargetIsRefusedAndNotCreated) {
   WriteFile(path_, Bytes(100));
   EXPECT_EQ(Save(), SaveOutcome::Refused);
   EXPECT_NE(host_.messages.back().find("it is 100 bytes long"), std::string::npos);
@@ -180,7 +180,7 @@ TEST_F(SaveImageTest, AMissingShortOrOddTargetIsRefusedAndNotMade) {
             std::string::npos);
 }
 
-TEST_F(SaveImageTest, FilesAndFoldersThatCannotBeWrittenKeepTheOldImage) {
+TEST_F(SaveImageTest, UnwritableFilesAndFoldersKeepTheOldImage) {
   fs::permissions(folder_.Path(), fs::perms(0777));
   fs::permissions(path_, fs::perms(0444));
   EXPECT_TRUE(RefusedAsUser("Permission denied")) << "a read-only file";
@@ -194,14 +194,14 @@ TEST_F(SaveImageTest, FilesAndFoldersThatCannotBeWrittenKeepTheOldImage) {
   EXPECT_EQ(Names(), std::set<std::string>{"league.nes"});
 }
 
-TEST_F(SaveImageTest, ADiskThatFillsUpKeepsTheOldImageAndLeavesNothingBehind) {
+TEST_F(SaveImageTest, AFullDiskKeepsTheOldImageAndLeavesNothingBehind) {
   EXPECT_TRUE(RefusedAsUser("File too large", 200'000));
   EXPECT_EQ(FileBytes(path_), SampleBytes());
   EXPECT_EQ(Names(), std::set<std::string>{"league.nes"});
-  EXPECT_EQ(Save(), SaveOutcome::Saved) << "and it can be tried again";
+  EXPECT_EQ(Save(), SaveOutcome::Saved) << "a second try works";
 }
 
-TEST_F(SaveImageTest, WhatAKilledSaveLeftGoesAndTheUsersFilesStay) {
+TEST_F(SaveImageTest, LeftoversOfAKilledSaveAreRemovedAndTheUsersFilesStay) {
   WriteFile(folder_.Path(".league.nes.rostermill-aB3xYz"), Bytes(10));
   WriteFile(folder_.Path("league.nes.backup"), Bytes(10));
   WriteFile(folder_.Path(".league.nes.rostermill-notes"), Bytes(10));

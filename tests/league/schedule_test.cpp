@@ -42,8 +42,8 @@ GamePlace Game(int away, int home) {
   return {.HomeTeam = static_cast<std::int16_t>(home), .AwayTeam = static_cast<std::int16_t>(away)};
 }
 
-// Would catch host and visitor swapped, pointers taken as packed or as signed, and a week read
-// from another week's place.
+// Catches swapped hosts and visitors, pointers assumed to be packed or signed, and a week read from
+// another week's place.
 TEST(ReadSchedule, FollowsPointersWhereverTheyLead) {
   Bytes bytes = EmptySeason();
   bytes[counts] = 2;      // week 1 at its own place
@@ -52,7 +52,7 @@ TEST(ReadSchedule, FollowsPointersWhereverTheyLead) {
   bytes[counts + 2] = 1;  // week 3 before the whole section
   bytes[pointers + 4] = 0x00;
   bytes[pointers + 5] = 0x00;
-  bytes[counts + 16] = 1;  // week 17 as far as a pointer reaches
+  bytes[counts + 16] = 1;  // week 17 at the highest address
   bytes[pointers + 32] = 0xFF;
   bytes[pointers + 33] = 0xFF;
   const Bytes four{3, 27, 14, 5};
@@ -71,7 +71,7 @@ TEST(ReadSchedule, FollowsPointersWhereverTheyLead) {
   EXPECT_EQ(season[3].GameCount, 0);
 }
 
-// Would catch a count or team number that later indexes past its table.
+// Catches a count or a team number that would index past its table later.
 TEST(ReadSchedule, BringsCountsAndTeamNumbersIntoRange) {
   Bytes bytes = EmptySeason();
   bytes[counts] = 15;
@@ -90,9 +90,9 @@ TEST(ReadSchedule, BringsCountsAndTeamNumbersIntoRange) {
   EXPECT_EQ(Written(league, bytes)[counts], 14);
 }
 
-// Would catch pointers that don't follow the counts, a missing end of the counts, stale places
-// that reach the image, and a byte written outside the section.
-TEST(WriteSchedule, PacksTheWeeksFromTheFixedPlace) {
+// Catches pointers that don't follow the counts, a missing byte after the counts, stale games that
+// get into the image, and a byte written outside the section.
+TEST(WriteSchedule, PacksTheWeeksFromTheFixedOffset) {
   LeagueData league;
   const Bytes sizes{12, 14, 13, 0, 1};
   for (int week = 0; week < 5; ++week) {
@@ -110,7 +110,7 @@ TEST(WriteSchedule, PacksTheWeeksFromTheFixedPlace) {
   EXPECT_EQ(Bytes(bytes.begin() + counts, bytes.begin() + games), counts_and_end);
   EXPECT_EQ(bytes[games], 10);
   EXPECT_EQ(bytes[games + 1], 20);
-  EXPECT_EQ(bytes[games + 24], 11);  // right behind the 12 games of week 1
+  EXPECT_EQ(bytes[games + 24], 11);  // right after the 12 games of week 1
   EXPECT_EQ(bytes[games + 78], 28);
   EXPECT_EQ(bytes[games + 79], 29);
   const auto untouched = [](std::uint8_t byte) { return byte == 0xEE; };
@@ -118,7 +118,7 @@ TEST(WriteSchedule, PacksTheWeeksFromTheFixedPlace) {
   EXPECT_TRUE(std::all_of(bytes.begin() + games + 80, bytes.end(), untouched));
 }
 
-// Would catch a full season that stops short or runs past its 476 bytes.
+// Catches a full season that stops short of its 476 bytes or runs past them.
 TEST(WriteSchedule, AFullSeasonEndsAtItsLimit) {
   LeagueData league;
   for (ScheduleWeek& week : league.ScheduleData) {
@@ -130,7 +130,7 @@ TEST(WriteSchedule, AFullSeasonEndsAtItsLimit) {
   EXPECT_EQ(bytes[0x32BB7], 0xEE);
 }
 
-// Would catch a save that loses the order of the weeks when the image held them out of order.
+// Catches a save that loses the order of the weeks if the image had them out of order.
 TEST(WriteSchedule, KeepsTheGamesOfAScatteredImage) {
   Bytes bytes = EmptySeason();
   for (std::size_t week = 0; week < 17; ++week) {
@@ -145,7 +145,7 @@ TEST(WriteSchedule, KeepsTheGamesOfAScatteredImage) {
   const Bytes saved = Written(league, bytes);
   EXPECT_EQ(saved[games], 0);
   EXPECT_EQ(saved[games + 1], 27);
-  EXPECT_EQ(saved[games + 2], 1);  // week 2 right behind the one game of week 1
+  EXPECT_EQ(saved[games + 2], 1);  // week 2, right after the one game of week 1
   EXPECT_EQ(saved[games + 3], 26);
   EXPECT_EQ(Read(saved).ScheduleData, league.ScheduleData);
   EXPECT_EQ(Written(Read(saved), saved), saved);

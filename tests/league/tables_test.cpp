@@ -23,7 +23,7 @@ TEST(Tables, JerseyPatternEndsInEmptyRows) {
   }
 }
 
-TEST(Tables, IndexOutsideATableIsNeverFollowed) {
+TEST(Tables, AnIndexOutsideATableThrows) {
   IndexedArray<int, 1, 3> table;
   EXPECT_THROW(table[0], std::out_of_range);
   EXPECT_THROW(table[4], std::out_of_range);

@@ -13,7 +13,7 @@ std::vector<std::uint8_t> Bytes(const OpenImage& image) {
   return {image.Bytes().begin(), image.Bytes().end()};
 }
 
-/// An image whose every byte tells its offset, so that no two neighbouring rows are alike.
+/// An image whose bytes depend on their offsets, so that no two neighboring rows are alike.
 std::vector<std::uint8_t> Pattern() {
   std::vector<std::uint8_t> bytes(OpenImage::WholeSize);
   for (std::size_t i = 0; i < bytes.size(); ++i)
@@ -21,7 +21,7 @@ std::vector<std::uint8_t> Pattern() {
   return bytes;
 }
 
-/// A reader that takes team 11 from its regular place, shifts a neighbour, or reads the copy.
+// Catches a reader that takes team 11 from its regular place, shifts a neighbor, or reads the copy.
 TEST(TeamColors, AreReadFromTheFirstTableWithTeam11Apart) {
   std::vector<std::uint8_t> bytes = Pattern();
   const auto put = [&](std::size_t offset, std::uint8_t start) {
@@ -47,8 +47,8 @@ TEST(TeamColors, AreReadFromTheFirstTableWithTeam11Apart) {
   expect_from(28, 0xF8);  // above 63, and above 127: kept, and not negative
 }
 
-/// Champion rows of the wrong length or order.
-TEST(TeamColors, ChampionColorsAreReadFiveAndFourATeam) {
+// Catches champion rows of the wrong length or order.
+TEST(TeamColors, FiveDivisionAndFourConferenceChampionColorsAreReadPerTeam) {
   std::vector<std::uint8_t> bytes = Pattern();
   for (std::uint8_t i = 0; i < 5; ++i) bytes[0x343E8 + i] = static_cast<std::uint8_t>(0x05 + i);
   for (std::uint8_t i = 0; i < 5; ++i) bytes[0x3446F + i] = static_cast<std::uint8_t>(0xF5 + i);
@@ -65,8 +65,8 @@ TEST(TeamColors, ChampionColorsAreReadFiveAndFourATeam) {
   EXPECT_EQ(league.TeamData[28].ConfChampColors, (Conference{{0xFC, 0xFD, 0xFE, 0xFF}}));
 }
 
-/// A writer that touches bytes beside the colours, misplaces team 11 in either table, or puts a
-/// skin into the second table.
+// Catches a writer that changes bytes next to the colors, misplaces team 11 in either table, or
+// puts a skin color into the second table.
 TEST(TeamColors, AWriteChangesExactlyTheColorBytes) {
   OpenImage image(Pattern());
   LeagueData league;

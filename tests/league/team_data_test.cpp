@@ -30,7 +30,7 @@ TEST(TeamData, TextsAreFoundThroughTheirPointers) {
     bytes[0x1FD00] = '<';
   });
   EXPECT_EQ(league.TeamData[3].City, "Delta");
-  EXPECT_EQ(league.TeamData[2].City, "") << "its end lies before its start now";
+  EXPECT_EQ(league.TeamData[2].City, "") << "its end is before its start now";
   EXPECT_EQ(league.TeamData[1].City, "HARBORTON");
   EXPECT_EQ(league.TeamData[28].City, "PEACHFORD");
   EXPECT_EQ(league.TeamData[28].Nickname, "BEES");
@@ -38,7 +38,7 @@ TEST(TeamData, TextsAreFoundThroughTheirPointers) {
   EXPECT_EQ(TextAt(SavedBytes(league), 0x1FD7C + 9, 5), "DELTA");
 }
 
-TEST(TeamData, ASaveLaysTheTextBlockOutAnew) {
+TEST(TeamData, ASaveRepacksTheTextBlock) {
   LeagueData league = SampleLeague();
   for (TeamRec& team : league.TeamData) {
     team.City = "Ab";
@@ -57,7 +57,7 @@ TEST(TeamData, ASaveLaysTheTextBlockOutAnew) {
   EXPECT_EQ(WordAt(saved, 0x1FC8E), 0xBD6C + 56);
   EXPECT_EQ(WordAt(saved, 0x1FC90), 0xBD6C + 56);
   EXPECT_EQ(WordAt(saved, 0x1FCC8), 0xBD6C + 84);
-  EXPECT_EQ(WordAt(saved, 0x1FCD0), 0xBD6C + 90) << "1ST, behind two texts and two of no length";
+  EXPECT_EQ(WordAt(saved, 0x1FCD0), 0xBD6C + 90) << "1ST, after two texts and two empty ones";
   EXPECT_EQ(WordAt(saved, 0x1FCE2), 0xBD6C + 121) << "DEFENSE";
   EXPECT_EQ(WordAt(saved, 0x1FCF6), 0xBD6C + 161) << "SKP";
   EXPECT_EQ(WordAt(saved, 0x1FCF8), 0xBD6C + 164);
@@ -100,7 +100,7 @@ TEST(TeamData, FormationsComeFromTheMarkAndTheFirstTable) {
   EXPECT_EQ(patched.TeamData[1].Formation, 0);
   EXPECT_EQ(patched.TeamData[2].Formation, 1);
   EXPECT_EQ(patched.TeamData[3].Formation, 2);
-  EXPECT_EQ(patched.TeamData[4].Formation, 0) << "3 means nothing";
+  EXPECT_EQ(patched.TeamData[4].Formation, 0) << "3 is not a formation";
   const LeagueData unknown = LeagueOfChanged([](Bytes& bytes) { bytes[0x21642] = 0x55; });
   EXPECT_EQ(unknown.TeamData[13].Formation, 0);
 }

@@ -15,7 +15,7 @@ std::string Text(const LeaderTable& rows, int count, int group) {
   return {bytes.begin(), bytes.end()};
 }
 
-TEST(LeaderExport, QuarterbacksStandOnPrintZones) {
+TEST(LeaderExport, QuarterbacksAreInPrintZones) {
   LeaderTable rows;
   rows[1] = {"Miller, J.T.", {{15, 0, 8, 1, 2, 3, 4, 5}}};
   rows[2] = {"Exactly Twenty-One, A", {{0, 0, 0, 0, 0, 0, 0, 0}}};
@@ -27,7 +27,7 @@ TEST(LeaderExport, QuarterbacksStandOnPrintZones) {
             "  3. A Name Of Twenty-Two,  94  88  81  75  69  63  50  44  \r\n");
 }
 
-TEST(LeaderExport, LinemenHaveFourColumnsAndThreePlacesOfRank) {
+TEST(LeaderExport, LinemenHaveFourColumnsAndThreeDigitRanks) {
   LeaderTable rows;
   for (int k = 1; k <= 140; ++k) rows[k] = {"Dot, Al", {{2, 3, 4, 5, 15, 15, 15, 15}}};
   const auto lines = LeaderLines(rows, 140, offensive_lineman);

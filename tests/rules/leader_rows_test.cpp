@@ -15,7 +15,7 @@ using testing::ElementsAre;
 
 enum Group { QB, RB, WR, TE, OL, DL, LB, Secondary, Kicker, Punter };
 
-/// Every player is called "T<team>S<slot>".
+/// Every player is named "T<team>S<slot>".
 std::unique_ptr<LeagueSession> NumberedLeague() {
   auto session = std::make_unique<LeagueSession>();
   for (int team = 1; team <= TeamCount; ++team) {
@@ -99,7 +99,7 @@ TEST(LeaderFill, ColumnsStartWithRunningSpeedAndKeepTheGroupsOrder) {
   EXPECT_THAT(Codes(session->LeaderRows[2]), ElementsAre(1, 2, 3, 4, 5, 6, 7, 8));
 }
 
-TEST(LeaderFill, CapitalsFollowBlanksAndPointsOnly) {
+TEST(LeaderFill, CapitalsFollowBlanksAndPeriodsOnly) {
   auto session = NumberedLeague();
   struct Expected {
     const char* last;
@@ -179,7 +179,7 @@ TEST(LeaderSort, RanksByTheTotalOfTheCodesThenByNameBytes) {
   EXPECT_EQ(rows[5].Name, "Not in use");
 }
 
-// Two readers of one league must get the same file, so the order of equals is part of the rule.
+// The order of equal rows is part of the rule: exports of the same league have to be the same.
 TEST(LeaderSort, EqualRowsComeOutInOneFixedOrder) {
   LeaderTable rows;
   rows[1] = {"B", {{0, 0, 0, 0, 0, 0, 0, 1}}};
@@ -190,7 +190,7 @@ TEST(LeaderSort, EqualRowsComeOutInOneFixedOrder) {
               ElementsAre(3, 2, 1));
 }
 
-// The work stack is small; no input may run over it or lose a row.
+// The work stack is small: no input may overflow it or lose a row.
 TEST(LeaderSort, SortsEveryLengthAndPattern) {
   std::mt19937 random(5);
   SortFlagTable by_speed;

@@ -15,9 +15,9 @@ ScheduleWeek Week(std::initializer_list<std::pair<int, int>> games) {
   return week;
 }
 
-// Would catch stale places counted as games, a team against itself taken for one that plays
-// twice, all-star sides among the teams without a game, and a number that names nobody.
-TEST(FactsOfWeek, FindsWhatALeagueKeeperWouldFix) {
+// Catches stale places counted as games, a team against itself reported as playing twice, all-star
+// sides among the teams without a game, and a number that is not a side's.
+TEST(FactsOfWeek, FindsWhatAUserWouldFix) {
   ScheduleWeek week = Week({{0, 1}, {2, 0}, {3, 3}, {28, 29}, {29, 4}, {-5, 300}, {6, 7}, {7, 7}});
   week.GameCount = 7;
   WeekFacts facts = FactsOfWeek(week);
@@ -44,7 +44,7 @@ TEST(FactsOfWeek, AWholeWeekAndAnEmptyOne) {
   EXPECT_EQ(FactsOfWeek(whole), WeekFacts{});
 }
 
-// Would catch a team found at its neighbour's row, and the all-star texts the wrong way round.
+// Catches a team in its neighbor's row, and swapped all-star texts.
 TEST(SideTexts, NameTeamsAndAllStarSides) {
   LeagueData league;
   league.TeamData[1].City = "HARBORTON";
@@ -61,7 +61,7 @@ TEST(SideTexts, NameTeamsAndAllStarSides) {
   EXPECT_EQ(SideAbbreviation(league, 30) + SideName(league, -1), "");
 }
 
-TEST(GamesByWeek, CountsStandUnderTheirWeeks) {
+TEST(GamesByWeek, CountsAreUnderTheirWeeks) {
   LeagueData league;
   league.ScheduleData[0].GameCount = 14;
   league.ScheduleData[8].GameCount = 9;

@@ -7,7 +7,7 @@
 namespace rostermill::test {
 namespace {
 
-/// Run and pass slots mixed up, or the slot's number taken from 0.
+// Catches run and pass slots mixed up, and slots numbered from 0.
 TEST(PlayNames, FilesAndNamesFollowSlotAndChoice) {
   EXPECT_EQ(PlayPath("/there/", 1, 0), "/there/r1-0.bmp");
   EXPECT_EQ(PlayFileName(4, 7), "r4-7.bmp");
@@ -18,7 +18,7 @@ TEST(PlayNames, FilesAndNamesFollowSlotAndChoice) {
   EXPECT_EQ(PlayName(8, 9), "Unknown play 9");
 }
 
-/// The room counted without the two blanks and the fixed 80 bytes, or without what is pending.
+// Catches the room counted without the two blanks and the fixed 80 bytes, or without pending texts.
 TEST(TeamForms, TheRoomForTextsCountsWhatIsPending) {
   LeagueSession session;
   EXPECT_EQ(TeamTextBytesFree(session), 660 - 82);
@@ -35,7 +35,7 @@ TEST(TeamForms, TheRoomForTextsCountsWhatIsPending) {
   EXPECT_EQ(TeamTextRoom(-27), "Team texts: 27 bytes too many");
 }
 
-/// Colours of the second uniform stored over the first, or a short abbreviation that shifts others.
+// Catches colors of the second uniform stored over the first, and a shift by a short abbreviation.
 TEST(TeamForms, WorkingCopiesGoToTheirPlacesAndBack) {
   LeagueSession session;
   session.ViewTeam = 28;

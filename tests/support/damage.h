@@ -9,14 +9,14 @@
 
 namespace rostermill::test {
 
-/// The offsets at which two images of one length differ.
+/// The offsets at which two images differ.
 std::vector<int> DifferingOffsets(const std::vector<std::uint8_t>& a,
                                   const std::vector<std::uint8_t>& b);
 
-/// The league that a sample image gives after `change` has worked on its bytes.
+/// The league in the sample image after `change` has modified its bytes.
 LeagueData LeagueOfChanged(const std::function<void(std::vector<std::uint8_t>&)>& change);
 
-/// The bytes that a save of the league over the sample image gives.
+/// The bytes of the sample image after the league is saved to it.
 std::vector<std::uint8_t> SavedBytes(const LeagueData& league);
 
 /// The sample league as loaded.

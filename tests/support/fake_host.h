@@ -9,7 +9,7 @@
 
 namespace rostermill::test {
 
-/// Records what a load or a save tells, and answers what it asks.
+/// Records what a load or a save reports, and answers its questions.
 class FakeHost : public PipelineHost {
  public:
   bool answer_yes = true;

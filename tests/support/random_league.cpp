@@ -18,7 +18,7 @@ int Between(Random& random, int low, int high) {
   return low + static_cast<int>(random() % static_cast<unsigned>(high - low + 1));
 }
 
-/// `length` characters of any value but the letters from `first` to `last`.
+/// `length` random characters other than those from `first` to `last`.
 std::string TextWithout(Random& random, int length, char first, char last) {
   std::string text;
   while (static_cast<int>(text.size()) < length) {
@@ -76,7 +76,7 @@ void FillNames(Random& random, LeagueData& league) {
                       TextWithout(random, length - first - 1, 'a', 'z');
     }
   }
-  // One league in four fills the room to its last byte.
+  // One league in four uses the room to the last byte.
   NameRec& last = league.NameData[TeamCount][SlotCount];
   if (random() % 4 == 0 && !last.LastName.empty())
     last.LastName.append(static_cast<std::size_t>(room), 'Z');

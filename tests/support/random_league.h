@@ -6,11 +6,12 @@
 
 namespace rostermill::test {
 
-/// A league with any value in every field, as an image could hold it: its texts fit, now and then
-/// to the last byte, and stand in the form that a load gives.
+/// A league with a random value in every field, as an image could hold it. Its texts fit, sometimes
+/// to the last byte, and look as they do after a load.
 LeagueData RandomLeague(std::mt19937& random);
 
-/// Leagues a test; ROSTERMILL_LEAGUES sets another number.
+/// The number of leagues per test: ROSTERMILL_LEAGUES, or `usual` if it isn't set. Fails the test
+/// if it is less than 1.
 int LeagueTotal(int usual);
 
 }  // namespace rostermill::test

@@ -20,7 +20,7 @@ struct Range {
   int size;
 };
 
-/// Where a save writes, but for the two packed texts, whose lengths are the league's.
+/// The ranges that every save writes, except those that ForEachSavedRange computes.
 constexpr std::array fixed_ranges{
     Range{0x00048, 1682}, Range{0x03010, 3277}, Range{0x16DA6, 7},   Range{0x16DB6, 8},
     Range{0x16DC7, 1},    Range{0x16DCB, 1},    Range{0x1D310, 112}, Range{0x1FC50, 176},
@@ -35,8 +35,8 @@ constexpr std::array text_places{
     0x1E744, 0x1E8EA, 0x1E91C, 0x1EFE6, 0x1F2E0, 0x1F304, 0x0D891, 0x0E204, 0x0EFF6, 0x1E27E,
     0x1E57C, 0x1E603, 0x1E636, 0x1E7EF, 0x1E815, 0x1E8F3, 0x1E936, 0x1EFEF, 0x1F2E9, 0x1F30D};
 
-/// What a save changes by design: letters take the case of their place, a number that was none
-/// becomes "00", and a returner that nobody was flagged as is the first back.
+/// The league with the changes that a save makes by design: letters take the case of their field,
+/// an empty number becomes "00", and a team without a returner gets its first back.
 LeagueData AsSaved(LeagueData league) {
   for (auto& team : league.NameData) {
     for (NameRec& name : team) {
@@ -86,7 +86,7 @@ void ForEachSavedRange(const LeagueData& league, Each each) {
   for (const int place : year_places) each(place, 4);
   for (const int place : text_places) each(place, 3);
   for (int team = 0; team < TeamCount; ++team) {
-    // The eleventh team's row of the first colour table lies apart.
+    // The eleventh team's row of the first color table is elsewhere.
     if (team != 10) each(0x2C2E4 + 10 * team, 6);
     each(0x342D8 + 8 * team, 4);
   }
@@ -105,7 +105,7 @@ std::optional<std::string> SaveFault(const Bytes& image, const LeagueData& leagu
   const LeagueData again = ReadLeague(open);
   const LeagueData expected = AsSaved(league);
   if (again != expected) {
-    return "the saved image loads to another league: " + DifferingTable(again, expected);
+    return "the saved image loads to a different league: " + DifferingTable(again, expected);
   }
   if (Written(saved, again) != saved) return "a second save changes a byte";
   Bytes outside = saved;

@@ -9,17 +9,17 @@
 
 namespace rostermill::test {
 
-/// What every image and every league must stand, free of any test library so that the fuzz
-/// targets can use it.
+// Checks that hold for every image and every league. They need no test library, so that the fuzz
+// targets can use them.
 
-/// Lays the league over a copy of the image. Tells what is wrong when the saved image doesn't load
-/// to the same league, when a second save changes a byte, or when a byte outside the sections
-/// has changed. The league's texts must fit.
+/// Saves the league to a copy of the image. Returns what is wrong if the saved image doesn't load
+/// as the same league, if a second save changes a byte, or if a byte outside the sections has
+/// changed. The league's texts have to fit.
 std::optional<std::string> SaveFault(const std::vector<std::uint8_t>& image,
                                      const LeagueData& league);
 
-/// The same for the league that the image itself holds, whatever its bytes are; nothing is wrong
-/// with one whose texts a save would refuse.
+/// The same for the league in the image itself, whatever its bytes are. Nothing is wrong if a save
+/// would refuse the league because of its texts.
 std::optional<std::string> RoundTripFault(const std::vector<std::uint8_t>& image);
 
 }  // namespace rostermill::test

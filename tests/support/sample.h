@@ -11,7 +11,7 @@
 
 namespace rostermill::test {
 
-/// The folder that holds the program and all that lies beside it, with a separator at its end.
+/// The folder of the program and its data files, with a separator at its end.
 std::string BinFolder();
 
 /// The bytes of the sample league, as the build made it.
@@ -21,7 +21,7 @@ std::vector<std::uint8_t> FileBytes(const std::string& path);
 void WriteFile(const std::string& path, const std::vector<std::uint8_t>& bytes);
 void WriteFile(const std::string& path, const std::string& text);
 
-/// A fresh folder that goes with the object.
+/// A new folder, which is removed with the object.
 class TempFolder {
  public:
   TempFolder();

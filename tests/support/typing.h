@@ -8,7 +8,7 @@
 
 namespace rostermill::test {
 
-/// What a user does in a text box.
+// What a user does in a text box.
 inline void Undo(QLineEdit& box) {
   QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
 }
@@ -20,8 +20,8 @@ inline void Paste(QLineEdit& box, const QString& text) {
   QTest::keyClick(&box, Qt::Key_V, Qt::ControlModifier);
 }
 
-/// Sends what a key that is held sends: repeated presses, and one that looks like a press of its
-/// own but for its time, which is that of a release.
+/// Sends the events of a key that is held down: a repeated press, and a press that only its time,
+/// that of the release before it, marks as a repetition.
 inline void Hold(QWidget& widget, Qt::Key key) {
   QKeyEvent repeated(QEvent::KeyPress, key, Qt::NoModifier, {}, true);
   QApplication::sendEvent(&widget, &repeated);

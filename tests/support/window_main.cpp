@@ -7,8 +7,8 @@
 
 namespace {
 
-/// A missing font gives wrong widths without a word.
-TEST(TestSetUp, ARealFontIsThere) {
+// Without a font, text widths are wrong and nothing reports it.
+TEST(TestSetUp, AFontIsInstalled) {
   EXPECT_FALSE(QFontInfo(QApplication::font()).family().isEmpty());
   EXPECT_GT(QFontMetrics(QApplication::font()).horizontalAdvance("Rostermill"), 20);
 }
@@ -22,6 +22,6 @@ int main(int argc, char** argv) {
   QApplication::setApplicationName("RostermillTest");
   QApplication::setOrganizationName("RostermillTest");
   QStandardPaths::setTestModeEnabled(true);
-  rostermill::driver::on_complaint = [](const std::string& text) { ADD_FAILURE() << text; };
+  rostermill::driver::on_error = [](const std::string& text) { ADD_FAILURE() << text; };
   return RUN_ALL_TESTS();
 }

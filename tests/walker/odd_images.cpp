@@ -19,7 +19,7 @@ std::uint8_t AnyByte(std::mt19937& random) {
   return static_cast<std::uint8_t>(random());
 }
 
-/// Overwrites bytes among those that a load reads.
+/// Overwrites some of the bytes that a load reads.
 void Damage(Bytes& image, std::mt19937& random) {
   struct Section {
     int first;

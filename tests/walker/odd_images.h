@@ -6,8 +6,8 @@
 
 namespace rostermill::test {
 
-/// An image as it may come from anywhere: good, damaged in its sections, free behind its header,
-/// of a wrong length, or none at all.
+/// A file that a user might load: a valid image, one damaged in its sections, one that is random
+/// after its header, one of a wrong length, or one with a bad header.
 std::vector<std::uint8_t> OddImage(std::mt19937& random);
 
 }  // namespace rostermill::test

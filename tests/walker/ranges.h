@@ -7,7 +7,7 @@
 
 namespace rostermill::test {
 
-/// The first table or word of the session that holds a value no load, save or screen can stand.
+/// The first table or variable of the session with a value that should never occur; empty if none.
 std::optional<std::string> OutOfRange(const LeagueSession& session);
 
 }  // namespace rostermill::test

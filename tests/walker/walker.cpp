@@ -31,8 +31,8 @@ constexpr int notes_kept = 25;
 constexpr int steps_in_a_dialog = 12;
 constexpr const char* steps_taken = "walker_steps";
 
-/// The named controls of a form that a user can reach; plain labels, on which nothing happens,
-/// only where `labels_too`.
+/// The named controls of a form that a user can reach; with `labels_too`, also the plain labels, on
+/// which nothing happens.
 QList<QWidget*> Usable(const QWidget& form, bool labels_too) {
   QList<QWidget*> found;
   for (QWidget* control : form.findChildren<QWidget*>()) {
@@ -44,7 +44,7 @@ QList<QWidget*> Usable(const QWidget& form, bool labels_too) {
   return found;
 }
 
-/// Whether a user can pick it: an item of a menu that is shut can't be.
+/// Whether a user can pick the item, which is not possible in a disabled menu.
 bool InReach(const QAction& item) {
   if (!item.isEnabled() || !item.isVisible() || item.isSeparator()) return false;
   for (QObject* holder : item.associatedObjects()) {
@@ -54,7 +54,7 @@ bool InReach(const QAction& item) {
   return true;
 }
 
-const QRegularExpression& LeavingButtons() {
+const QRegularExpression& ClosingButtons() {
   static const QRegularExpression buttons("^(btn|cmd)(OK|Ok|Cancel|Close|Exit)$");
   return buttons;
 }
@@ -89,8 +89,8 @@ void Walker::Run(int steps) {
   if (!failure_.empty()) throw std::runtime_error(failure_);
 }
 
-// Every step sets the timer of the one that follows before it acts: a dialog that it opens has an
-// event loop of its own, in which that next step answers it.
+// Every step schedules the next one before it acts: if it opens a dialog, the next step runs in the
+// dialog's event loop and answers it.
 void Walker::Next() {
   QTimer::singleShot(0, this, [this] {
     walking_ = !over_ || QApplication::activeModalWidget() != nullptr;
@@ -118,9 +118,9 @@ void Walker::Take() {
 
 void Walker::CheckAtRest() {
   if (const auto table = OutOfRange(session_)) Fail("out of range: " + *table);
-  if (!window_.isEnabled()) Fail("the window stays shut");
+  if (!window_.isEnabled()) Fail("the window stays disabled");
   if (QApplication::overrideCursor() != nullptr) Fail("the pointer stays busy");
-  if (OpenForms(window_).size() > 12) Fail("forms pile up");
+  if (OpenForms(window_).size() > 12) Fail("too many forms are open");
 }
 
 void Walker::StepInWindow() {
@@ -143,7 +143,7 @@ void Walker::StepInDialog(QWidget& dialog) {
   const int taken = dialog.property(steps_taken).toInt() + 1;
   dialog.setProperty(steps_taken, taken);
   if (taken > steps_in_a_dialog || over_) {
-    Note("leave " + dialog.objectName());
+    Note("dismiss " + dialog.objectName());
     dialog.close();
     if (auto* form = qobject_cast<QDialog*>(&dialog); form != nullptr && form->isVisible()) {
       form->reject();
@@ -187,7 +187,7 @@ void Walker::LoadAnImage() {
 QString Walker::AnyImagePath() {
   if (OneIn(20)) return QString::fromStdString(folder_ + "missing.nes");
   const std::string path = folder_ + "image" + std::to_string(Below(6)) + ".nes";
-  // Otherwise what an earlier save left there.
+  // Otherwise it is what an earlier save wrote.
   if (!std::filesystem::exists(path) || OneIn(2)) WriteFile(path, OddImage(random_));
   return QString::fromStdString(path);
 }
@@ -215,9 +215,9 @@ void Walker::UseControl(QWidget& form) {
     return;
   }
   QWidget* control = controls[Below(static_cast<int>(controls.size()))];
-  // Else most forms would be gone before anything happened in them.
-  const bool leaves = LeavingButtons().match(control->objectName()).hasMatch();
-  if (leaves && !OneIn(4)) return;
+  // Seldom, or most forms would close before anything happened in them.
+  const bool closes = ClosingButtons().match(control->objectName()).hasMatch();
+  if (closes && !OneIn(4)) return;
   Note("use " + form.objectName() + "/" + control->objectName());
   Use(*control);
 }

@@ -10,16 +10,15 @@
 
 namespace rostermill::test {
 
-/// Uses the program as nobody would: picks menu items, finds the controls of every open form by
-/// their names, clicks, picks, types and presses keys in them, closes forms and answers dialogs,
-/// all at random and all from one seed.
+/// Uses the program at random, from one seed: picks menu items, finds the controls of every open
+/// form by name, clicks, selects, types and presses keys in them, closes forms and answers dialogs.
 class Walker : public QObject {
  public:
-  /// `folder` holds the images to load; the walker writes odd ones there.
+  /// `folder` is for the images to load, which the walker writes.
   Walker(FRSMform& window, LeagueSession& session, const std::string& folder, unsigned seed);
 
-  /// Takes the steps in the program's own event loop, one after another, and closes all forms at
-  /// the end. Throws std::runtime_error with the last steps when one goes wrong.
+  /// Takes the steps in the program's event loop, one after another, and closes all forms at the
+  /// end. Throws std::runtime_error with the last steps if one fails.
   void Run(int steps);
 
   int StepsTaken() const { return step_; }

@@ -10,7 +10,7 @@
 #include "tests/support/sample.h"
 
 #ifdef __SANITIZE_ADDRESS__
-// Debian's gcc brings the function, not its header.
+// Debian's gcc comes with the function, but not its header.
 extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 #else
 #include <malloc.h>
@@ -19,8 +19,8 @@ extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 namespace rostermill::test {
 namespace {
 
-int Number(const char* variable, int fallback) {
-  return qEnvironmentVariableIsSet(variable) ? qEnvironmentVariableIntValue(variable) : fallback;
+int Number(const char* variable, int standard) {
+  return qEnvironmentVariableIsSet(variable) ? qEnvironmentVariableIntValue(variable) : standard;
 }
 
 constexpr std::size_t kilobyte = 1024;
@@ -35,8 +35,8 @@ std::size_t HeapInUse() {
 #endif
 }
 
-/// What the program holds with the plain sample league loaded and nothing left over of the leagues
-/// before, whose names may be kilobytes long.
+/// The heap in use with the plain sample league loaded, and without the leaders' names of earlier
+/// leagues, which may be kilobytes long.
 std::size_t HeapAtRest(FRSMform& window, LeagueSession& session, const std::string& plain_image) {
   EXPECT_TRUE(window.OpenImageFile(plain_image));
   for (LeaderRow& row : session.LeaderRows) std::string().swap(row.Name);
@@ -44,9 +44,9 @@ std::size_t HeapAtRest(FRSMform& window, LeagueSession& session, const std::stri
 }
 
 TEST(Walker, NoOrderOfStepsBreaksTheProgram) {
-  // Pixmaps that Qt keeps for later would hide what the program leaves behind.
+  // Pixmaps that Qt caches would hide what the program leaks.
   QPixmapCache::setCacheLimit(0);
-  // Nothing is ever printed.
+  // Prevents printing.
   qputenv("CUPS_SERVER", "localhost:1");
   TempFolder folder;
   QDir::setCurrent(QString::fromStdString(folder.Path()));
@@ -75,8 +75,8 @@ TEST(Walker, NoOrderOfStepsBreaksTheProgram) {
       objects_at_first = objects();
       heap_at_first = heap;
     }
-    EXPECT_LE(objects(), objects_at_first + 200) << "closed forms stay behind";
-    EXPECT_LE(heap, heap_at_first + 2 * kilobyte) << "kilobytes; memory stays behind";
+    EXPECT_LE(objects(), objects_at_first + 200) << "closed forms are not deleted";
+    EXPECT_LE(heap, heap_at_first + 2 * kilobyte) << "kilobytes; memory leaks";
     if (seconds > 0) printf("%d steps, %zu KB of heap\n", walker.StepsTaken(), heap);
   }
   EXPECT_GE(walker.StepsTaken(), 2 * steps);

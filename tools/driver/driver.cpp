@@ -12,14 +12,14 @@
 
 namespace rostermill::driver {
 
-std::function<void(const std::string&)> on_complaint = [](const std::string& text) {
+std::function<void(const std::string&)> on_error = [](const std::string& text) {
   std::fprintf(stderr, "%s\n", text.c_str());
   std::exit(1);
 };
 
 namespace {
 
-/// Watches for modal dialogs while any is expected, and hands each to the first in line.
+/// Watches for modal dialogs while any are expected, and passes each to the first action in line.
 class DialogWatch : public QObject {
  public:
   static DialogWatch& Instance() {
@@ -59,13 +59,13 @@ class DialogWatch : public QObject {
   std::deque<std::function<void(QDialog&)>> expected_;
 };
 
-/// Complains about a dialog of another kind than the one expected, and closes it.
+/// Casts a dialog to the expected type; reports and closes one of another type and returns null.
 template <typename Dialog>
 Dialog* Expected(QDialog& dialog) {
   auto* found = qobject_cast<Dialog*>(&dialog);
   if (found == nullptr) {
-    on_complaint("another dialog than expected: " + dialog.objectName().toStdString() + " \"" +
-                 dialog.windowTitle().toStdString() + "\"");
+    on_error("unexpected dialog: " + dialog.objectName().toStdString() + " \"" +
+             dialog.windowTitle().toStdString() + "\"");
     dialog.reject();
   }
   return found;
@@ -85,7 +85,7 @@ void ClickButton(QDialog& dialog, const QString& text) {
   for (QAbstractButton* button : dialog.findChildren<QAbstractButton*>()) {
     if (button->text().remove('&') == text) return button->click();
   }
-  on_complaint("no button " + text.toStdString());
+  on_error("no button named " + text.toStdString());
   dialog.reject();
 }
 

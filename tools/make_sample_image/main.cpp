@@ -1,5 +1,5 @@
-// Writes the sample league: a whole image in the state of one that has never been saved. Bytes
-// that no section covers are noise, so that a stray write shows.
+// Writes the sample league as a whole image that has never been saved. The bytes outside its
+// sections are noise, so that a stray write is noticed.
 
 #include <array>
 #include <cstdio>

@@ -34,7 +34,7 @@ constexpr IndexedArray<TeamRow, 1, TeamCount> team_rows{{{
     {"BAYOU VERDE", "NEWTS", "BAYO", 0x29, 0x0F},   {"PEACHFORD", "BEES", "PEAC", 0x36, 0x0F},
 }}};
 
-/// The palette indices that the editor knows as light, medium and dark skin.
+/// The palette indices that the editor calls light, medium and dark skin.
 constexpr std::array<std::int16_t, 3> skins{22, 6, 15};
 
 int StrengthOf(const LeagueData& league, int team, int slot) {

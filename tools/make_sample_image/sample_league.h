@@ -5,16 +5,16 @@
 
 namespace rostermill {
 
-/// An invented league, whole and valid, the same at every call. The palette stays empty.
+/// An invented league, complete and valid, the same on every call. The palette stays empty.
 LeagueData BuildSampleLeague();
 
-// Its pieces.
+// The parts of BuildSampleLeague.
 void FillTeams(LeagueData& league, NumberStream& numbers);
 /// Names, numbers, photos, ratings and returners of all 840 players.
 void FillPlayers(LeagueData& league, NumberStream& numbers);
-/// 17 weeks: every team plays 16 games, 8 or so at home, and has one week off.
+/// 17 weeks: every team plays 16 games, about 8 of them at home, and has one week off.
 void FillSeason(LeagueData& league);
-/// The best player of each slot on each side.
+/// The best player at each slot for each of the two all-star rosters.
 void FillProbowl(LeagueData& league);
 
 }  // namespace rostermill

@@ -40,33 +40,33 @@ constexpr std::array<std::string_view, 140> last_names{
     "EVERGREEN", "FULMAR",    "GARGANEY",  "HARRIER",   "IXIA",      "JARRAH",    "KNOTT",
     "LOBELIA",   "MUDLARK",   "NIGELLA",   "OXLIP",     "PUFFIN",    "ROBINIA",   "SAGE"};
 
-/// What is usual at a position: uniform numbers, and rating codes of places 0 to 7 (rushing
+/// What is typical of a position: jersey numbers, and the rating codes of places 0 to 7 (rushing
 /// power, running speed, maximum speed, hitting power, then the group's own).
-struct Usual {
+struct Typical {
   int last_slot;
   int low_number;
   int high_number;
   std::array<int, 8> codes;
 };
-constexpr std::array usual{
-    Usual{2, 1, 19, {10, 4, 3, 2, 8, 8, 8, 7}},  // quarterbacks
-    Usual{6, 20, 49, {11, 6, 8, 4, 8, 6}},       // running backs
-    Usual{10, 80, 89, {11, 6, 10, 2, 8, 10}},    // wide receivers
-    Usual{12, 80, 99, {10, 4, 5, 8, 7, 8}},      // tight ends
-    Usual{17, 50, 79, {11, 4, 3, 9}},            // offensive line
-    Usual{20, 60, 99, {6, 6, 6, 9, 3, 6}},       // defensive line
-    Usual{24, 50, 99, {6, 6, 7, 8, 5, 7}},       // linebackers
-    Usual{28, 20, 49, {6, 7, 9, 5, 9, 8}},       // defensive backs
-    Usual{30, 1, 19, {8, 3, 3, 2, 9, 9}},        // kickers
+constexpr std::array typical{
+    Typical{2, 1, 19, {10, 4, 3, 2, 8, 8, 8, 7}},  // quarterbacks
+    Typical{6, 20, 49, {11, 6, 8, 4, 8, 6}},       // running backs
+    Typical{10, 80, 89, {11, 6, 10, 2, 8, 10}},    // wide receivers
+    Typical{12, 80, 99, {10, 4, 5, 8, 7, 8}},      // tight ends
+    Typical{17, 50, 79, {11, 4, 3, 9}},            // offensive line
+    Typical{20, 60, 99, {6, 6, 6, 9, 3, 6}},       // defensive line
+    Typical{24, 50, 99, {6, 6, 7, 8, 5, 7}},       // linebackers
+    Typical{28, 20, 49, {6, 7, 9, 5, 9, 8}},       // defensive backs
+    Typical{30, 1, 19, {8, 3, 3, 2, 9, 9}},        // kickers
 };
 
-const Usual& UsualAt(int slot) {
-  return *std::find_if(usual.begin(), usual.end(),
-                       [slot](const Usual& row) { return slot <= row.last_slot; });
+const Typical& TypicalAt(int slot) {
+  return *std::find_if(typical.begin(), typical.end(),
+                       [slot](const Typical& row) { return slot <= row.last_slot; });
 }
 
-/// Every last name stands six times in the league, each with another first name, and on no team
-/// twice: 37 and 140 have no common factor.
+/// Each last name appears six times in the league, each time with a different first name, and never
+/// twice on a team, since 37 and 140 have no common factor.
 void FillName(NameRec& name, int player) {
   const int count = static_cast<int>(last_names.size());
   const int round = player / count;
@@ -76,7 +76,7 @@ void FillName(NameRec& name, int player) {
 }
 
 std::string FreeNumber(int slot, std::set<int>& taken, NumberStream& numbers) {
-  const Usual& row = UsualAt(slot);
+  const Typical& row = TypicalAt(slot);
   int number = numbers.Between(row.low_number, row.high_number);
   while (!taken.insert(number).second) {
     number = number == row.high_number ? row.low_number : number + 1;
@@ -85,7 +85,7 @@ std::string FreeNumber(int slot, std::set<int>& taken, NumberStream& numbers) {
 }
 
 void FillRatings(LeagueData& league, int team, int slot, int team_strength, NumberStream& numbers) {
-  const Usual& row = UsualAt(slot);
+  const Typical& row = TypicalAt(slot);
   for (int place = 0; place < PlacesInUse(GroupOfSlot(slot)); ++place) {
     const int code = row.codes[static_cast<std::size_t>(place)] + team_strength +
                      numbers.Between(-2, 2) + numbers.Between(-1, 1);

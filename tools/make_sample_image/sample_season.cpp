@@ -7,11 +7,10 @@ namespace rostermill {
 
 namespace {
 
-/// A tournament of 27 rounds in which everybody meets everybody once: team 27 stands still and the
-/// others move round it.
+/// A round robin of 27 rounds, in which team 27 keeps its place and the others rotate around it.
 constexpr int moving = TeamCount - 1;
 
-/// The round in which two teams meet, `low` being below `high`.
+/// The round in which two teams meet, where `low` is less than `high`.
 int RoundOf(int low, int high) {
   constexpr int half = (moving + 1) / 2;  // halves a sum modulo 27
   return high == moving ? low : (low + high) * half % moving;
@@ -22,10 +21,10 @@ int OpponentIn(int round, int team) {
   return team == round ? moving : (2 * round - team + moving) % moving;
 }
 
-/// The teams that rest together, by the round from which their game is taken: -1 for none.
+/// For each round, the lower of the two teams that rest instead of playing each other; -1 for none.
 using Rests = std::array<int, moving>;
 
-/// Pairs all teams so that no two pairs meet in the same round; everybody then rests once.
+/// Pairs all teams so that no two pairs meet in the same round; every team then rests once.
 bool PairRests(int team, std::array<bool, TeamCount>& paired, Rests& rests) {
   while (team < TeamCount && paired[static_cast<std::size_t>(team)]) ++team;
   if (team == TeamCount) return true;
@@ -41,8 +40,7 @@ bool PairRests(int team, std::array<bool, TeamCount>& paired, Rests& rests) {
   return false;
 }
 
-/// The rounds in the order of the weeks: two in which everybody plays, those with rests, and one
-/// more in which everybody plays.
+/// The rounds in the order of the weeks: two without rests, those with rests, and one without.
 std::vector<int> RoundsOfSeason(const Rests& rests) {
   std::vector<int> full;
   std::vector<int> season;

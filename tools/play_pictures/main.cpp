@@ -14,7 +14,7 @@ bool WritePictures(const std::vector<rostermill::Play>& plays, const std::string
   for (const rostermill::Play& play : plays) {
     const std::string file_name = folder + "/" + play.key + ".bmp";
     if (!rostermill::DrawPlay(play).save(QString::fromLocal8Bit(file_name.c_str()), "BMP")) {
-      std::fprintf(stderr, "%s: cannot be written\n", file_name.c_str());
+      std::fprintf(stderr, "%s: can't be written\n", file_name.c_str());
       return false;
     }
   }

@@ -6,7 +6,7 @@
 
 namespace rostermill {
 
-// A place on the field in grid units: x to the right of the centre, y beyond the line of scrimmage.
+// A place on the field in grid units: x to the right of the center, y beyond the line of scrimmage.
 struct GridPoint {
   int x = 0;
   int y = 0;
@@ -18,28 +18,28 @@ inline constexpr int GridRight = 27;
 inline constexpr int GridBottom = -17;
 inline constexpr int GridTop = 23;
 
-// How far behind the line of scrimmage a man stands who is on the line.
+// The y of the men on the line, who are behind the line of scrimmage.
 inline constexpr int OnTheLine = -2;
 
 struct PathPoint {
   GridPoint at;
-  bool bends = false;  // The path curves towards this point instead of passing through it.
+  bool bends = false;  // The path curves toward this point instead of passing through it.
 };
 
 enum class StepKind {
   Block,
   Route,
   Fake,
-  Drop,   // The quarterback, or another man on his way to give the ball on, with the ball.
+  Drop,   // A man with the ball, usually the quarterback, before he throws or hands it off.
   Carry,  // The man who ends up with the ball: his run, or the route on which he catches it.
   Throw,
   Pitch,
-  Give,  // A hand-off: only the spot where the ball changes hands.
+  Give,  // A handoff: only the spot where the ball changes hands.
 };
 
 struct Step {
   StepKind kind = StepKind::Block;
-  std::string man;  // Empty for the steps of the ball alone.
+  std::string man;  // Empty for steps of the ball alone.
   std::vector<PathPoint> path;
 };
 

@@ -43,8 +43,8 @@ std::vector<QPoint> TracePixels(const std::vector<QPoint>& points) {
   return pixels;
 }
 
-// Where a line points at its end, as one of the eight directions that whole pixels draw cleanly. It
-// is taken over the last few pixels, as in a curve the very last ones say little.
+// The direction of a line at its end, as one of the eight that whole pixels draw cleanly. It is
+// taken from the last few pixels, since the very last ones say little about a curve.
 QPoint EndDirection(const std::vector<QPoint>& points) {
   constexpr std::size_t pixels_looked_at = 5;
   constexpr double half_octant = 0.3827;  // The sine of 22.5 degrees.
@@ -62,7 +62,7 @@ QPoint EndDirection(const std::vector<QPoint>& points) {
 }  // namespace
 
 PlayCanvas::PlayCanvas() : image_(PictureWidth, PictureHeight, QImage::Format_Indexed8) {
-  // A full table, as a short one would make the file four bits deep.
+  // A full table, since with a short one the file would have four bits per pixel.
   QList<QRgb> table(inks.begin(), inks.end());
   table.resize(256, qRgb(0, 0, 0));
   image_.setColorTable(table);
@@ -90,7 +90,7 @@ void PlayCanvas::DrawArrowHead(const std::vector<QPoint>& points, int length,
                                const Stroke& stroke) {
   const QPoint direction = EndDirection(points);
   const bool is_diagonal = direction.x() != 0 && direction.y() != 0;
-  // Counted in half pixels, the middle of a line of even thickness is a whole number, too.
+  // Counted in half pixels, so that the middle of a line of even thickness is a whole number too.
   const int middle = stroke.thickness - 1;
   for (int y = -length; y <= length; ++y)
     for (int x = -length; x <= length; ++x) {
@@ -110,10 +110,10 @@ void PlayCanvas::DrawBar(const std::vector<QPoint>& points, const Stroke& stroke
   DrawLine({points.back() - half, points.back() + half}, stroke);
 }
 
-void PlayCanvas::DrawStamp(QPoint centre, const std::vector<std::string_view>& rows, Ink ink,
+void PlayCanvas::DrawStamp(QPoint center, const std::vector<std::string_view>& rows, Ink ink,
                            Ink filling) {
   const QPoint corner =
-      centre - QPoint(static_cast<int>(rows.front().size()), static_cast<int>(rows.size())) / 2;
+      center - QPoint(static_cast<int>(rows.front().size()), static_cast<int>(rows.size())) / 2;
   for (std::size_t y = 0; y < rows.size(); ++y)
     for (std::size_t x = 0; x < rows[y].size(); ++x) {
       const QPoint at = corner + QPoint(static_cast<int>(x), static_cast<int>(y));

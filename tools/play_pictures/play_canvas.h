@@ -16,7 +16,7 @@ enum class Ink : unsigned char {
   Grass,
   YardLine,
   ScrimmageLine,
-  Shade,  // Around the men, so that lines end clear of them.
+  Shade,  // Around the men, so that the lines don't touch them.
   Block,
   Fake,
   Route,
@@ -32,12 +32,12 @@ enum class Ink : unsigned char {
 struct Stroke {
   Ink ink = Ink::Route;
   int thickness = 1;
-  int dash = 0;  // Pixels drawn and pixels left out in turn; 0 for a solid line.
-  int gap = 0;
+  int dash = 0;  // Pixels of a dash; 0 for a solid line.
+  int gap = 0;   // Pixels between two dashes.
 };
 
-// A picture that is drawn pixel by pixel: every line has whole pixels of one ink and looks the same
-// whatever the version of the graphics library.
+// A picture drawn pixel by pixel, without antialiasing, so that it looks the same with any version
+// of the graphics library.
 class PlayCanvas {
  public:
   PlayCanvas();
@@ -47,9 +47,9 @@ class PlayCanvas {
   void DrawLine(const std::vector<QPoint>& points, const Stroke& stroke);
   void DrawArrowHead(const std::vector<QPoint>& points, int length, const Stroke& stroke);
   void DrawBar(const std::vector<QPoint>& points, const Stroke& stroke);
-  // In the rows of a stamp '#' is drawn in the ink and '.' in the filling; a space leaves the
-  // picture as it is. The stamp lies centred on the point.
-  void DrawStamp(QPoint centre, const std::vector<std::string_view>& rows, Ink ink, Ink filling);
+  // In the rows of a stamp, '#' is drawn in the ink and '.' in the filling; a space draws nothing.
+  // The stamp is centered on the point.
+  void DrawStamp(QPoint center, const std::vector<std::string_view>& rows, Ink ink, Ink filling);
 
   const QImage& image() const { return image_; }
 

@@ -22,7 +22,7 @@ QPoint Middle(QPoint a, QPoint b) {
   return (a + b) / 2;
 }
 
-// One bend: a quadratic curve from the last point so far that leans towards the bend.
+// Appends a quadratic curve from the last point to `end`, with the bend as its control point.
 void AppendCurve(std::vector<QPoint>& points, QPoint bend, QPoint end) {
   constexpr int pieces = 10;
   const QPoint start = points.back();
@@ -46,7 +46,7 @@ std::vector<QPoint> PathPixels(const Play& play, const Step& step) {
       points.push_back(at);
       continue;
     }
-    // Two bends in a row meet halfway; a single one ends at the next point, which is then reached.
+    // A curve ends halfway to another bend, but at the next point if the path passes through it.
     const PathPoint& next = path[i + 1];
     const QPoint next_at = ToPixel(next.at);
     AppendCurve(points, at, next.bends ? Middle(at, next_at) : next_at);
@@ -110,11 +110,11 @@ void DrawSteps(PlayCanvas& canvas, const Play& play, StepKind kind) {
 
 void DrawBall(PlayCanvas& canvas, QPoint at) {
   const Stamp ball = {"  ..  ", " .##. ", ".####.", ".####.", " .##. ", "  ..  "};
-  // Its four pixels lie evenly over the two of a carrier's line.
+  // Centers its four pixels on the two of a carrier's line.
   canvas.DrawStamp(at + QPoint(1, 1), ball, Ink::Ball, Ink::Shade);
 }
 
-// The ball where it changes hands or is caught.
+// Draws the ball where it changes hands or is caught.
 void DrawBalls(PlayCanvas& canvas, const Play& play) {
   for (const Step& step : play.steps)
     if (step.kind == StepKind::Give || step.kind == StepKind::Throw || step.kind == StepKind::Pitch)
@@ -147,7 +147,7 @@ const Stamp disc = {"  .....  ", " ..###.. ", "..#####..", ".#######.", ".######
 const Stamp ring = {" ### ", "#...#", "#...#", "#...#", " ### "};
 const Stamp square = {"#####", "#...#", "#...#", "#...#", "#####"};
 
-bool HasTheBallAtLast(const Play& play, const std::string& man) {
+bool EndsUpWithTheBall(const Play& play, const std::string& man) {
   for (const Step& step : play.steps)
     if (step.kind == StepKind::Carry && step.man == man) return true;
   return false;
@@ -161,7 +161,7 @@ void DrawMan(PlayCanvas& canvas, const Play& play, const std::string& man) {
     return;
   }
   const Ink own_ink = man == "QB" ? Ink::Quarterback : Ink::Player;
-  const Ink ink = HasTheBallAtLast(play, man) ? Ink::Carry : own_ink;
+  const Ink ink = EndsUpWithTheBall(play, man) ? Ink::Carry : own_ink;
   canvas.DrawStamp(at, disc, ink, Ink::Shade);
   if (has_letter) canvas.DrawStamp(at, LetterStamp(man.front()), Ink::Letter, ink);
 }

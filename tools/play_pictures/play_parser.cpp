@@ -59,12 +59,12 @@ class PlayTextReader {
 
   std::vector<Play> Read() {
     std::ifstream file(file_name_);
-    if (!file) throw PlayTextError(file_name_ + ": cannot be opened");
+    if (!file) throw PlayTextError(file_name_ + ": can't be opened");
     for (std::string line; std::getline(file, line);) {
       ++line_number_;
       if (const Words words = SplitWords(line); !words.empty()) ReadLine(words);
     }
-    if (file.bad()) throw PlayTextError(file_name_ + ": cannot be read");
+    if (file.bad()) throw PlayTextError(file_name_ + ": can't be read");
     EndSection();
     if (!missing_keys_.empty()) Fail("play " + *missing_keys_.begin() + " is missing");
     return std::move(plays_);
@@ -91,14 +91,14 @@ class PlayTextReader {
   void BeginFormation(const Words& words) {
     EndSection();
     if (words.size() != 2) Fail("a formation needs one word as its name");
-    if (formations_.count(words[1])) Fail("formation " + words[1] + " comes twice");
+    if (formations_.count(words[1])) Fail("formation " + words[1] + " appears twice");
     formation_ = &formations_[words[1]];
   }
 
   void BeginScheme(const Words& words) {
     EndSection();
     if (words.size() != 2) Fail("a scheme needs one word as its name");
-    if (schemes_.count(words[1])) Fail("scheme " + words[1] + " comes twice");
+    if (schemes_.count(words[1])) Fail("scheme " + words[1] + " appears twice");
     steps_ = &schemes_[words[1]];
   }
 
@@ -106,7 +106,7 @@ class PlayTextReader {
     EndSection();
     if (words.size() < 3) Fail("a play needs its key and its name");
     if (!missing_keys_.erase(words[1]))
-      Fail("play key " + words[1] + " comes twice or is not one of r1-0 to r4-7, p1-0 to p4-7");
+      Fail("play key " + words[1] + " appears twice or is not one of r1-0 to r4-7, p1-0 to p4-7");
     plays_.push_back({words[1], JoinWords(words, 2), {}, {}});
     in_play_ = true;
     steps_ = &plays_.back().steps;
@@ -148,7 +148,7 @@ class PlayTextReader {
     for (std::size_t i = 0; i < words.size(); i += 2) {
       CheckMan(words[i]);
       const PathPoint place = ParsePoint(words[i + 1]);
-      if (place.bends) Fail("a man's place cannot bend");
+      if (place.bends) Fail("a man's place can't be a bend");
       if (!formation_->emplace(words[i], place.at).second) Fail(words[i] + " is placed twice");
     }
   }
@@ -162,7 +162,7 @@ class PlayTextReader {
   void UseScheme(const Words& words) {
     if (!in_play_) Fail("'with' belongs in a play");
     if (words.size() != 2 || !schemes_.count(words[1])) Fail("no such scheme");
-    if (!steps_->empty()) Fail("'with' comes once and before the steps");
+    if (!steps_->empty()) Fail("'with' may appear only once, before the steps");
     *steps_ = schemes_[words[1]];
   }
 
@@ -183,7 +183,7 @@ class PlayTextReader {
     PutStep(std::move(step));
   }
 
-  // A man's own step in a play replaces the one that he has from the play's scheme.
+  // A man's step in a play replaces the one that the play's scheme has for him.
   void PutStep(Step step) {
     if (step.man.empty()) return steps_->push_back(std::move(step));
     if (!men_moved_.insert(step.man).second) Fail(step.man + " moves twice");
@@ -198,7 +198,7 @@ class PlayTextReader {
 
   void CheckPath(const std::vector<PathPoint>& path, std::size_t fewest_points) const {
     if (path.size() < fewest_points) Fail("too few points");
-    if (path.back().bends) Fail("a path cannot end in a bend");
+    if (path.back().bends) Fail("a path can't end in a bend");
   }
 
   PathPoint ParsePoint(const std::string& word) const {
@@ -209,7 +209,7 @@ class PlayTextReader {
     const GridPoint at{ParseNumber(text.substr(bends, comma - bends)),
                        ParseNumber(text.substr(comma + 1))};
     if (at.x < GridLeft || at.x > GridRight || at.y < GridBottom || at.y > GridTop)
-      Fail("point " + word + " is outside of the picture");
+      Fail("point " + word + " is outside the picture");
     return {at, bends};
   }
 
@@ -228,7 +228,7 @@ class PlayTextReader {
   std::map<std::string, std::vector<Step>> schemes_;
   std::vector<Play> plays_;
   std::set<std::string> missing_keys_ = AllKeys();
-  // The section that is being read: a formation, or the steps of a scheme or a play.
+  // The section being read: a formation, or the steps of a scheme or a play.
   Formation* formation_ = nullptr;
   std::vector<Step>* steps_ = nullptr;
   std::set<std::string> men_moved_;

@@ -18,22 +18,23 @@ int main(int argc, char** argv) {
 
   QCommandLineParser options;
   options.setApplicationDescription(
-      "Walks through the program over a copy of the sample league and takes pictures.");
+      "Walks through the program with a copy of the sample league and takes pictures.");
   options.addHelpOption();
-  options.addOption({"dark", "In a dark scheme."});
+  options.addOption({"dark", "Uses a dark color scheme."});
   const QString own_folder = QApplication::applicationDirPath();
   options.addOption(
-      {"beside", "The program's folder, where it isn't the tour's.", "folder", own_folder});
-  options.addPositionalArgument("folder", "Where the pictures go.", "[folder]");
+      {"program-folder", "The program's folder, if it isn't the tour's.", "folder", own_folder});
+  options.addPositionalArgument("folder", "Where to write the pictures.", "[folder]");
   options.process(app);
   if (options.isSet("dark")) QApplication::setPalette(rostermill::driver::DarkPalette());
   const QString folder = options.positionalArguments().isEmpty()
                              ? own_folder + "/../tour"
                              : options.positionalArguments().constFirst();
   try {
-    const QString program_folder = options.value("beside");
-    // The sample beside a build's own program is the user's to change.
-    const QString sample = options.isSet("beside") ? program_folder + "/sample.nes" : SAMPLE_IMAGE;
+    const QString program_folder = options.value("program-folder");
+    // In a build, the user may have edited the sample in the program's folder.
+    const QString sample =
+        options.isSet("program-folder") ? program_folder + "/sample.nes" : SAMPLE_IMAGE;
     rostermill::Tour tour(program_folder, sample, folder);
     const int pictures = tour.Run();
     std::printf("%d pictures are in %s\n", pictures,

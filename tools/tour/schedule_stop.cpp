@@ -17,7 +17,7 @@ void VisitSchedule(Tour& tour) {
   tour.Pick("mAFCe1");
   QWidget& weeks = tour.Form("ViewTeamSchedule");
   tour.Require(Find<QLabel>(weeks, "lblTeamName").text() == "HARBORTON SPARROWS",
-               "the season of the chosen team");
+               "the season is that of the chosen team");
   tour.Picture(weeks, "team-season");
   weeks.parentWidget()->close();
 

@@ -15,17 +15,17 @@ namespace rostermill {
 
 Tour::Tour(const QString& program_folder, const QString& sample, const QString& pictures)
     : pictures_(pictures), image_(pictures_.absoluteFilePath("tour-league.nes")) {
-  if (!pictures_.mkpath(".")) throw std::runtime_error("cannot make the folder of the pictures");
+  if (!pictures_.mkpath(".")) throw std::runtime_error("can't create the folder for the pictures");
   QFile::remove(image_);
-  Require(QFile::copy(sample, image_), "copy of the sample league");
+  Require(QFile::copy(sample, image_), "the sample league is copied");
   session_ = std::make_unique<LeagueSession>();
   session_->AppDir = ToUtf8(program_folder + "/");
-  // The user's own recent files are none of the tour's business.
+  // The user's own recent files stay out of the tour.
   const QString ini = pictures_.absoluteFilePath("tour-settings.ini");
   QFile::remove(ini);
   settings_ = std::make_unique<QSettings>(ini, QSettings::IniFormat);
   window_ = std::make_unique<FRSMform>(*session_, settings_.get());
-  // As large as on a screen of our days, whatever the platform without a display has.
+  // A common size today, whatever screen the platform without a display has.
   window_->resize(1120, 800);
   window_->show();
 }
@@ -67,7 +67,7 @@ void Tour::StartAndLoad() {
     message.accept();
   });
   Pick("mFilLoadROM");
-  Require(session_->ImageLoaded == 0, "a palette file was taken for an image");
+  Require(session_->ImageLoaded == 0, "a palette file isn't loaded as an image");
 
   driver::AnswerNextFileDialog(image_);
   Pick("mFilLoadROM");
@@ -89,8 +89,8 @@ void Tour::SaveAndReload() {
   Require(session_->ImageLoaded == 0, "the image is unloaded");
   driver::AnswerNextFileDialog(image_);
   Pick("mFilLoadROM");
-  Require(session_->League == changed, "the saved file gives the changed league back");
-  Require(driver::DialogsStillExpected() == 0, "every dialog came");
+  Require(session_->League == changed, "the saved file holds the changed league");
+  Require(driver::DialogsStillExpected() == 0, "every expected dialog opened");
 }
 
 QWidget& Tour::Form(const QString& name) {
@@ -115,7 +115,7 @@ void Tour::Click(const QString& form, const QString& button) {
 
 void Tour::Choose(QComboBox& list, const QString& beginning) {
   const int index = list.findText(beginning, Qt::MatchStartsWith | Qt::MatchCaseSensitive);
-  Require(index >= 0, "a list holds " + beginning);
+  Require(index >= 0, "a list has " + beginning);
   list.setCurrentIndex(index);
 }
 
@@ -128,7 +128,7 @@ void Tour::Picture(QWidget& what, const QString& name) {
 }
 
 void Tour::Require(bool holds, const QString& what) {
-  if (!holds) throw std::runtime_error("not so: " + what.toStdString());
+  if (!holds) throw std::runtime_error("check failed: " + what.toStdString());
 }
 
 }  // namespace rostermill

@@ -15,26 +15,25 @@ namespace rostermill {
 
 class FRSMform;
 
-/// A walk through the program as a user makes it, in the real main window, over a copy of the
-/// sample league. Takes a picture at every stop and throws std::runtime_error when something is
-/// not as it must be.
+/// Walks through the program as a user would, in the real main window and with a copy of the sample
+/// league. Takes a picture at every stop, and throws std::runtime_error if a check fails.
 class Tour {
  public:
-  /// `sample` is the sample league's image, which is copied. `pictures` is made where it doesn't
-  /// exist; what a former tour left there is written over.
+  /// `sample` is the sample league's image, which is copied. The folder `pictures` is created if it
+  /// doesn't exist; the pictures of an earlier tour in it are overwritten.
   Tour(const QString& program_folder, const QString& sample, const QString& pictures);
   ~Tour();
 
-  /// Makes all stops; returns how many pictures were taken.
+  /// Makes all stops and returns the number of pictures taken.
   int Run();
 
-  // What the stops are made of.
+  // For the stops.
 
   LeagueSession& Session() { return *session_; }
   FRSMform& Window() { return *window_; }
   /// The open child form of this name.
   QWidget& Form(const QString& name);
-  /// Picks a menu item by its name; throws when it is disabled.
+  /// Picks a menu item by name; throws if it is disabled.
   void Pick(const QString& item);
   /// Clicks the button of this name on an open form.
   void Click(const QString& form, const QString& button);
@@ -56,7 +55,7 @@ class Tour {
   std::unique_ptr<FRSMform> window_;
 };
 
-// The stops, one file a folder of screens. Each leaves its forms closed.
+// The stops, one file per folder of screens. Each closes its forms.
 void VisitPlayers(Tour& tour);
 void VisitTeams(Tour& tour);
 void VisitSchedule(Tour& tour);
