@@ -7,6 +7,10 @@ namespace rostermill {
 
 NotRegularFile::NotRegularFile() : FileError(EINVAL, "it is not a regular file") {}
 
+std::string NotSyncedText(const std::string& path, const FileNotSynced& error) {
+  return path + " was written, but the system could not confirm that it is safe: " + error.what();
+}
+
 void FailWith(int number) {
   const std::string reason = std::generic_category().message(number);
   if (number == ENOENT) throw FileMissing(number, reason);

@@ -33,6 +33,10 @@ class FileNotSynced : public FileError {
   using FileError::FileError;
 };
 
+/// What a user is told then: "league.nes was written, but the system could not confirm that it is
+/// safe: Input/output error", without a period.
+std::string NotSyncedText(const std::string& path, const FileNotSynced& error);
+
 /// Throws the system's reason: FileMissing for ENOENT, else FileError.
 [[noreturn]] void FailWith(int number);
 

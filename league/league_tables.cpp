@@ -13,6 +13,9 @@ const BySlot<std::string_view> SlotLabels{
      "TE 1", "TE 2", "C",    "LG",   "RG",   "LT",   "RT",   "RE",   "NT",   "LE",
      "ROLB", "RILB", "LILB", "LOLB", "RCB",  "LCB",  "FS",   "SS",   "K",    "P"}};
 
+const IndexedArray<std::string_view, 0, 2> FormationNames{
+    {"2RB 2WR 1TE", "1RB 4WR", "1RB 3WR 1TE"}};
+
 const IndexedArray<IndexedArray<std::string_view, 0, 7>, 1, 8> PlayNames{{{
     {{"T Fake Sweep Right", "T Power Sweep Right", "WTE Offtackle Right", "One Setback Left",
       "Run and Shoot Sweep Left", "FB Offtackle Right", "FB Open Left", "Toss Sweep Right"}},

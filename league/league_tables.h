@@ -14,6 +14,9 @@ extern const IndexedArray<int, 0, 15> RatingValues;
 /// The label of each roster slot, "QB 1" to "P".
 extern const BySlot<std::string_view> SlotLabels;
 
+/// The name of each formation, 0 to 2.
+extern const IndexedArray<std::string_view, 0, 2> FormationNames;
+
 /// The name of choice 0 to 7 of playbook slot 1 to 8.
 extern const IndexedArray<IndexedArray<std::string_view, 0, 7>, 1, 8> PlayNames;
 

@@ -20,6 +20,7 @@
 #include "league/schedule.h"
 #include "league/team_colors.h"
 #include "league/team_data.h"
+#include "league/text.h"
 
 namespace rostermill {
 
@@ -69,7 +70,7 @@ bool FindPalette(LeagueSession& session, PipelineHost& host) {
     const std::string answer = host.AskForText(
         "Please Enter Path of Rostermill. (Example: C:\\RSML\\). Leave blank to end program.",
         "File Not Found", session.AppDir);
-    if (answer.find_first_not_of(" \t") == std::string::npos) return false;
+    if (TrimmedText(answer).empty()) return false;
     session.AppDir = WithSeparator(answer);
   }
   return true;

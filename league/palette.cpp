@@ -18,13 +18,6 @@ constexpr std::size_t longest_name = 64;  // characters
                           "record " + std::to_string(record + 1) + ": " + what);
 }
 
-std::string_view Trimmed(std::string_view text) {
-  constexpr std::string_view blanks = " \t";
-  const std::size_t first = text.find_first_not_of(blanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
-
 /// How many bytes the first `count` characters of the text take in UTF-8; fewer where a byte comes
 /// first that isn't UTF-8.
 std::size_t Utf8Length(std::string_view text, std::size_t count) {
@@ -51,16 +44,13 @@ std::string InUtf8(std::string_view name) {
 /// A name that is too long is cut, and no blank stays at the cut.
 std::string ShortName(const std::string& name) {
   const std::size_t length = Utf8Length(name, longest_name);
-  return length < name.size() ? std::string(Trimmed(name.substr(0, length))) : name;
+  return length < name.size() ? std::string(TrimmedText(name.substr(0, length))) : name;
 }
 
 /// Takes fields off the front of the file's text.
 class FieldReader {
  public:
-  explicit FieldReader(std::string_view text) : rest_(text) {
-    constexpr std::string_view utf8_mark = "\xEF\xBB\xBF";
-    if (rest_.starts_with(utf8_mark)) rest_.remove_prefix(utf8_mark.size());
-  }
+  explicit FieldReader(std::string_view text) : rest_(WithoutByteOrderMark(text)) {}
 
   /// Passes over blank lines; false at the end of the text.
   bool SkipToRecord() {
@@ -76,7 +66,7 @@ class FieldReader {
  private:
   std::string_view NextPlain() {
     const std::size_t end = std::min(rest_.find_first_of(",\r\n"), rest_.size());
-    const std::string_view field = Trimmed(rest_.substr(0, end));
+    const std::string_view field = TrimmedText(rest_.substr(0, end));
     Drop(end);
     return field;
   }

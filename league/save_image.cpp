@@ -81,8 +81,7 @@ SaveOutcome SaveImage(const LeagueSession& session, PipelineHost& host) {
   } catch (const std::length_error& error) {
     return Refuse(host, error.what() + std::string("\n\nNothing was written."));
   } catch (const FileNotSynced& error) {
-    return Refuse(host, path + " was written, but the system could not confirm that it is safe: " +
-                            error.what() + ".\n\nPlease save again.");
+    return Refuse(host, NotSyncedText(path, error) + ".\n\nPlease save again.");
   } catch (const FileMissing& error) {
     return Refuse(host, path + " could not be saved: " + error.what() +
                             ".\n\nA save needs the image there, and your changes are still here. "

@@ -22,6 +22,18 @@ std::string PaddedText(std::string_view text, std::size_t length) {
   return result;
 }
 
+std::string_view TrimmedText(std::string_view text) {
+  constexpr std::string_view blanks = " \t";
+  const std::size_t first = text.find_first_not_of(blanks);
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+std::string_view WithoutByteOrderMark(std::string_view text) {
+  constexpr std::string_view mark = "\xEF\xBB\xBF";
+  return text.starts_with(mark) ? text.substr(mark.size()) : text;
+}
+
 std::string OneLine(std::string text) {
   for (std::size_t at = 0; (at = text.find("\n\n", at)) != std::string::npos;) {
     text.replace(at, 2, " ");

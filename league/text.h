@@ -20,6 +20,12 @@ std::string LowerText(std::string_view text);
 /// `text` cut to `length` characters, or padded to it with blanks on the right.
 std::string PaddedText(std::string_view text, std::size_t length);
 
+/// The text without blanks and tabs at its ends.
+std::string_view TrimmedText(std::string_view text);
+
+/// The text of a file without the mark that some programs put at the start of UTF-8.
+std::string_view WithoutByteOrderMark(std::string_view text);
+
 /// The text with its paragraphs joined by blanks.
 std::string OneLine(std::string text);
 

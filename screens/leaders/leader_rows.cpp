@@ -38,15 +38,8 @@ PositionGroup RatingGroup(int group) {
   return GroupOfSlot(groups[group].first_slot);
 }
 
-std::string_view LabelOfSlot(int formation, int slot) {
-  for (const auto& [index, label] : PositionLabels(formation)) {
-    if (index == slot - 1) return label;
-  }
-  return SlotLabels[slot];
-}
-
 bool BelongsTo(const LeaderGroup& group, int formation, int slot) {
-  return group.label.empty() || LabelOfSlot(formation, slot).starts_with(group.label);
+  return group.label.empty() || SlotLabel(formation, slot).starts_with(group.label);
 }
 
 /// "Miller, J.T."

@@ -269,8 +269,7 @@ void ViewLeaders::WriteExportFile() {
   try {
     ReplaceFile(path, ExportBytes(LeaderLines(session_.LeaderRows, RowCount, group)));
   } catch (const FileNotSynced& error) {
-    Complain(FromUtf8(path + " was written, but the system could not confirm that it is safe: " +
-                      error.what() + "."));
+    Complain(FromUtf8(NotSyncedText(path, error) + "."));
   } catch (const FileError& error) {
     Complain(FromUtf8(path + " could not be written: " + error.what() + "."));
   }

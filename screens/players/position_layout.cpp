@@ -1,5 +1,7 @@
 #include "screens/players/position_layout.h"
 
+#include "league/league_tables.h"
+
 namespace rostermill {
 
 std::string PlaceCaption(PositionGroup group, int place) {
@@ -15,6 +17,13 @@ const std::array<PositionLabel, 6>& PositionLabels(int formation) {
        {{{3, "WR 3"}, {4, "RB 2"}, {5, "RB 3"}, {8, "RB 4"}, {10, "WR 5"}, {11, "WR 6"}}},
        {{{3, "WR 3"}, {4, "RB 2"}, {5, "RB 3"}, {8, "RB 4"}, {10, "TE 1"}, {11, "TE 2"}}}}};
   return labels[formation == 1 || formation == 2 ? static_cast<std::size_t>(formation) : 0];
+}
+
+std::string_view SlotLabel(int formation, int slot) {
+  for (const PositionLabel& label : PositionLabels(formation)) {
+    if (label.ListIndex + 1 == slot) return label.Label;
+  }
+  return SlotLabels[slot];
 }
 
 }  // namespace rostermill

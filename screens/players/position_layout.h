@@ -21,4 +21,7 @@ struct PositionLabel {
 /// The labels of the six slots that a formation renames; any value but 1 and 2 counts as 0.
 const std::array<PositionLabel, 6>& PositionLabels(int formation);
 
+/// The label of any slot, 1 to 30, on a team of this formation: "WR 3".
+std::string_view SlotLabel(int formation, int slot);
+
 }  // namespace rostermill

@@ -7,6 +7,7 @@
 #include <array>
 
 #include "league/league_tables.h"
+#include "league/probowl.h"
 #include "screens/players/text_forms.h"
 #include "screens/probowl/choose_player_form.h"
 #include "screens/probowl/place_label.h"
@@ -104,10 +105,9 @@ void frmRoster::Form_Load() {
 void frmRoster::RefreshRoster() {
   for (int place = 1; place <= SlotCount; ++place) {
     const ProbowlRec& rec = session_.League.ProbowlData[session_.RosterConference][place];
-    const bool somebody =
-        rec.Team >= 1 && rec.Team <= TeamCount && rec.Slot >= 1 && rec.Slot <= SlotCount;
-    labels_[place]->ShowPlayer(
-        somebody ? FromLatin1(PlayerFullText(session_.League, rec.Team, rec.Slot)) : "(nobody)");
+    labels_[place]->ShowPlayer(NamesPlayer(rec)
+                                   ? FromLatin1(PlayerFullText(session_.League, rec.Team, rec.Slot))
+                                   : "(nobody)");
   }
 }
 

@@ -5,6 +5,7 @@
 #include <QGroupBox>
 #include <QStyle>
 
+#include "league/league_tables.h"
 #include "league/team_data.h"
 #include "screens/players/text_forms.h"
 #include "screens/teams/choose_color.h"
@@ -64,7 +65,7 @@ void EditTeam::BuildControls() {
         QStringLiteral("Uniform %1, color %2").arg(i / 2 + 1).arg(i % 2 + 1));
   }
   cmbFormation = new DropDownList("cmbFormation");
-  for (const char* name : {"2RB 2WR 1TE", "1RB 4WR", "1RB 3WR 1TE"}) cmbFormation->AddItem(name);
+  for (const std::string_view name : FormationNames) cmbFormation->AddItem(FromLatin1(name));
   for (int i = 0; i < play_buttons; ++i) {
     auto* button = btnPlay.Add(new ElidedButton("Play 1", "Run and Shoot Sweep Right"));
     const bool run = i < plays_per_column;

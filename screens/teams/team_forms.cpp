@@ -1,5 +1,6 @@
 #include "screens/teams/team_forms.h"
 
+#include "league/league_tables.h"
 #include "league/quantity_text.h"
 #include "league/team_data.h"
 
@@ -24,16 +25,8 @@ void ForEachColor(Session& session, Visit visit) {
 }  // namespace
 
 std::string FormationText(int formation) {
-  switch (formation) {
-    case 0:
-      return " 2RB 2WR 1TE";
-    case 1:
-      return " 1RB 4WR";
-    case 2:
-      return " 1RB 3WR 1TE";
-    default:
-      return " Not Available";
-  }
+  const bool known = formation >= FormationNames.first && formation <= FormationNames.last;
+  return " " + std::string(known ? FormationNames[formation] : "Not Available");
 }
 
 int TeamTextBytesFree(const LeagueSession& session) {

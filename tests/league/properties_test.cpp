@@ -11,7 +11,8 @@ namespace {
 using Bytes = std::vector<std::uint8_t>;
 
 TEST(Properties, AnyLeagueSurvivesASaveOverAnyImage) {
-  for (int seed = 1; seed <= LeagueTotal(2000); ++seed) {
+  const int total = LeagueTotal(2000);
+  for (int seed = 1; seed <= total; ++seed) {
     std::mt19937 random(static_cast<unsigned>(seed));
     Bytes image = SampleBytes();
     if (seed % 2 == 0) {
@@ -24,8 +25,9 @@ TEST(Properties, AnyLeagueSurvivesASaveOverAnyImage) {
 }
 
 TEST(Properties, WhateverADamagedImageHoldsSurvivesASave) {
+  const int total = LeagueTotal(1000);
   int saved = 0;
-  for (int seed = 1; seed <= LeagueTotal(1000); ++seed) {
+  for (int seed = 1; seed <= total; ++seed) {
     std::mt19937 random(static_cast<unsigned>(seed));
     Bytes image = SampleBytes();
     for (int hit = 0; hit < 30; ++hit) {
@@ -37,7 +39,7 @@ TEST(Properties, WhateverADamagedImageHoldsSurvivesASave) {
     OpenImage open(image);
     if (!TextOverflow(ReadLeague(open))) ++saved;
   }
-  EXPECT_GT(saved, 0);
+  EXPECT_GE(saved, total / 2);
 }
 
 /// A change of one field and the bytes that it may change.
@@ -146,8 +148,9 @@ const std::vector<FieldChange> field_changes{
 };
 
 TEST(Properties, AChangeOfOneFieldChangesItsOwnBytesOnly) {
-  std::size_t moved = 0;
-  for (int seed = 1; seed <= LeagueTotal(1000); ++seed) {
+  const int total = LeagueTotal(1000);
+  int changed = 0;
+  for (int seed = 1; seed <= total; ++seed) {
     std::mt19937 random(static_cast<unsigned>(seed));
     LeagueData league = RandomLeague(random);
     const Bytes before = SavedBytes(league);
@@ -155,14 +158,16 @@ TEST(Properties, AChangeOfOneFieldChangesItsOwnBytesOnly) {
     const int team = 1 + static_cast<int>(random() % TeamCount);
     field.change(league, team, static_cast<unsigned>(random()));
     const auto allowed = field.bytes(team);
-    for (const int offset : DifferingOffsets(before, SavedBytes(league))) {
-      ++moved;
+    const auto moved = DifferingOffsets(before, SavedBytes(league));
+    if (!moved.empty()) ++changed;
+    for (const int offset : moved) {
       ASSERT_NE(std::find(allowed.begin(), allowed.end(), offset), allowed.end())
           << field.name << " of team " << team << " changes byte " << std::hex << offset << std::dec
           << ", seed " << seed;
     }
   }
-  EXPECT_GT(moved, 1000u);
+  // The random value may be the old one.
+  EXPECT_GE(changed, total * 3 / 4);
 }
 
 }  // namespace

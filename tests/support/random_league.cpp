@@ -1,5 +1,7 @@
 #include "tests/support/random_league.h"
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <cstdlib>
 
@@ -123,9 +125,11 @@ LeagueData RandomLeague(Random& random) {
   return league;
 }
 
-int LeagueTotal(int standard) {
+int LeagueTotal(int usual) {
   const char* text = std::getenv("ROSTERMILL_LEAGUES");
-  return text != nullptr ? std::atoi(text) : standard;
+  const int total = text != nullptr ? std::atoi(text) : usual;
+  EXPECT_GE(total, 1) << "ROSTERMILL_LEAGUES=" << (text != nullptr ? text : "");
+  return total;
 }
 
 }  // namespace rostermill::test

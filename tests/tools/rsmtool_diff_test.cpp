@@ -62,7 +62,7 @@ TEST_F(RsmtoolDiff, OneLineForEachKindOfChange) {
       "SPARROWS: Division Champion Color 5 7 -> 8\n",
       "SPARROWS: Conference Champion Color 1 1 -> 64\n",
       "SPARROWS: Run 1 FB Open Left -> Toss Sweep Right\n",
-      "SPARROWS: Pass 4 Shotgun XY Bomb -> play 9\n",
+      "SPARROWS: Pass 4 Shotgun XY Bomb -> Unknown play 9\n",
       "SPARROWS: Kick Returner RB 1 jon ASHLAR -> nobody\n",
       "Week 1: Game 1 SPARROWS at OAK all-stars -> OAK all-stars at SPARROWS\n",
       "AFC Pro Bowl: QB 1 SPARROWS QB 1 sam PLOVER -> nobody (team 29, slot 1)\n"};

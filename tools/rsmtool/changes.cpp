@@ -3,24 +3,15 @@
 #include <algorithm>
 
 #include "league/league_tables.h"
+#include "screens/players/position_layout.h"
 #include "screens/players/text_forms.h"
+#include "screens/teams/play_forms.h"
 #include "tools/rsmtool/player_table.h"
 #include "tools/rsmtool/wording.h"
 
 namespace rostermill {
 
 namespace {
-
-std::string FormationName(int formation) {
-  constexpr std::array<std::string_view, 3> names{"2RB 2WR 1TE", "1RB 4WR", "1RB 3WR 1TE"};
-  return std::string(names[static_cast<std::size_t>(formation)]);
-}
-
-std::string PlayName(int slot, int choice) {
-  const auto& names = PlayNames[slot];
-  if (choice < names.first || choice > names.last) return "play " + std::to_string(choice);
-  return std::string(names[choice]);
-}
 
 std::string NameText(const LeagueData& league, int team, int slot) {
   const NameRec& name = league.NameData[team][slot];
@@ -33,7 +24,8 @@ std::string ReturnerText(const LeagueData& league, int team, ColumnKind duty) {
     if (GroupOfSlot(slot) != PositionGroup::Skill) continue;
     const SkillRec& rec = league.SkillData[team][TableIndexOfSlot(slot)];
     if (rec.*ReturnerField(duty) == 0) continue;
-    return SlotTitle(league.TeamData[team].Formation, slot) + " " + NameText(league, team, slot);
+    return std::string(SlotLabel(league.TeamData[team].Formation, slot)) + " " +
+           NameText(league, team, slot);
   }
   return "nobody";
 }
@@ -89,7 +81,8 @@ class Comparison {
     AddText(team, subject, "City", from.City, to.City);
     AddText(team, subject, "Name", from.Nickname, to.Nickname);
     AddText(team, subject, "Abbreviation", from.Abbreviation, to.Abbreviation);
-    Add(team, 0, subject, "Formation", FormationName(from.Formation), FormationName(to.Formation));
+    Add(team, 0, subject, "Formation", std::string(FormationNames[from.Formation]),
+        std::string(FormationNames[to.Formation]));
     CompareColors(team, "Uniform", from.TeamColors, to.TeamColors);
     CompareColors(team, "Division Champion", from.DivChampColors, to.DivChampColors);
     CompareColors(team, "Conference Champion", from.ConfChampColors, to.ConfChampColors);

@@ -2,16 +2,15 @@
 
 #include <algorithm>
 
+#include "league/text.h"
+
 namespace rostermill {
 
 namespace {
 
 class Parser {
  public:
-  explicit Parser(std::string_view text) : text_(text) {
-    constexpr std::string_view byte_order_mark = "\xEF\xBB\xBF";
-    if (text_.starts_with(byte_order_mark)) at_ = byte_order_mark.size();
-  }
+  explicit Parser(std::string_view text) : text_(WithoutByteOrderMark(text)) {}
 
   bool AtEnd() const { return at_ == text_.size(); }
 
@@ -75,9 +74,8 @@ class Parser {
 };
 
 bool IsBlank(const CsvRow& row) {
-  return std::all_of(row.begin(), row.end(), [](const CsvCell& cell) {
-    return cell.Text.find_first_not_of(" \t") == std::string::npos;
-  });
+  return std::all_of(row.begin(), row.end(),
+                     [](const CsvCell& cell) { return TrimmedText(cell.Text).empty(); });
 }
 
 }  // namespace

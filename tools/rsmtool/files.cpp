@@ -62,9 +62,7 @@ int WriteOutput(const QString& path, std::span<const std::uint8_t> bytes, Consol
   try {
     ReplaceFile(path.toStdString(), bytes);
   } catch (const FileNotSynced& error) {
-    console.Err << "rsmtool: " << path.toStdString()
-                << " was written, but the system could not confirm that it is safe: "
-                << error.what() << "\n";
+    console.Err << "rsmtool: " << NotSyncedText(path.toStdString(), error) << "\n";
     return ExitUnconfirmed;
   } catch (const FileError& error) {
     throw ToolError(path.toStdString() + " could not be written: " + error.what());

@@ -7,6 +7,7 @@
 #include <tuple>
 
 #include "exchange/text_codes.h"
+#include "screens/players/position_layout.h"
 #include "tools/rsmtool/csv.h"
 #include "tools/rsmtool/player_table.h"
 #include "tools/rsmtool/wording.h"
@@ -14,13 +15,6 @@
 namespace rostermill {
 
 namespace {
-
-std::string Trimmed(std::string_view text) {
-  constexpr std::string_view blanks = " \t";
-  const auto first = text.find_first_not_of(blanks);
-  if (first == std::string_view::npos) return {};
-  return std::string(text.substr(first, text.find_last_not_of(blanks) - first + 1));
-}
 
 /// A cell's text fit for a message, whatever it is coded in.
 std::string ShownCell(const std::string& text) {
@@ -49,7 +43,7 @@ bool IsReturner(ColumnKind kind) {
 bool IsPosition(int slot, std::string_view text) {
   constexpr std::array formations{0, 1, 2};
   return std::any_of(formations.begin(), formations.end(), [&](int formation) {
-    return Plain(SlotTitle(formation, slot)) == Plain(text);
+    return Plain(SlotLabel(formation, slot)) == Plain(text);
   });
 }
 
@@ -112,7 +106,7 @@ class PlayerImport {
   void ReadHeadings(const CsvRow& row) {
     for (const CsvCell& cell : row) {
       const int number = static_cast<int>(columns_.size()) + 1;
-      const std::string heading = Trimmed(cell.Text);
+      const std::string heading(TrimmedText(cell.Text));
       const Column* column = FindColumn(heading);
       if (column == nullptr && !heading.empty()) {
         Fail(cell.Line, number, "\"" + ShownCell(heading) + "\" is not a known column");
@@ -144,7 +138,7 @@ class PlayerImport {
   int KeyOf(const CsvRow& row, ColumnKind kind, int largest) {
     const int number = NumberOf(kind);
     const auto at = static_cast<std::size_t>(number - 1);
-    const std::string text = at < row.size() ? Trimmed(row[at].Text) : "";
+    const std::string text(at < row.size() ? TrimmedText(row[at].Text) : "");
     if (const auto key = NumberIn(text, largest); key && *key >= 1) return *key;
     Fail(at < row.size() ? row[at].Line : row.front().Line, number,
          "\"" + ShownCell(text) + "\" is not a number from 1 to " + std::to_string(largest));
@@ -171,7 +165,7 @@ class PlayerImport {
   std::optional<std::string> SetCell(int team, int slot, const CsvCell& cell, int number) {
     const auto at = static_cast<std::size_t>(number - 1);
     const Column* column = at < columns_.size() ? columns_[at] : nullptr;
-    const auto text = Latin1Of(Trimmed(cell.Text));
+    const auto text = Latin1Of(TrimmedText(cell.Text));
     if (column == nullptr) {
       if (text && text->empty()) return std::nullopt;
       // A row that has slipped is an error by itself; a column without a good heading is one.

@@ -5,6 +5,7 @@
 
 #include "exchange/text_codes.h"
 #include "league/league_tables.h"
+#include "screens/players/position_layout.h"
 #include "tools/rsmtool/wording.h"
 
 namespace rostermill {
@@ -107,7 +108,7 @@ std::string PlayerCell(const LeagueData& league, int team, int slot, const Colum
     case ColumnKind::Slot:
       return std::to_string(slot);
     case ColumnKind::Position:
-      return SlotTitle(league.TeamData[team].Formation, slot);
+      return std::string(SlotLabel(league.TeamData[team].Formation, slot));
     case ColumnKind::FirstName:
       return Utf8Of(name.FirstName);
     case ColumnKind::LastName:

@@ -4,6 +4,7 @@
 #include "league/league_tables.h"
 #include "league/probowl.h"
 #include "screens/players/position_layout.h"
+#include "screens/schedule/season_facts.h"
 
 namespace rostermill {
 
@@ -25,17 +26,10 @@ std::string TeamName(const LeagueData& league, int team) {
   return nickname.empty() ? "team " + std::to_string(team) : Shown(nickname);
 }
 
-std::string SlotTitle(int formation, int slot) {
-  for (const auto& label : PositionLabels(formation)) {
-    if (label.ListIndex + 1 == slot) return std::string(label.Label);
-  }
-  return std::string(SlotLabels[slot]);
-}
-
 std::string PlayerTitle(const LeagueData& league, int team, int slot) {
   const NameRec& name = league.NameData[team][slot];
   std::string title =
-      TeamName(league, team) + " " + SlotTitle(league.TeamData[team].Formation, slot);
+      TeamName(league, team) + " " + std::string(SlotLabel(league.TeamData[team].Formation, slot));
   for (const std::string* part : {&name.FirstName, &name.LastName}) {
     if (!part->empty()) title += " " + Shown(*part);
   }
@@ -54,8 +48,7 @@ std::string OddityText(const Oddity& oddity, const std::string& subject) {
 
 std::string ScheduleTeamName(const LeagueData& league, int number) {
   if (number >= 0 && number < TeamCount) return TeamName(league, number + 1);
-  const int text = number - TeamCount + 2;  // the all-star sides carry league texts 2 and 3
-  if (text == 2 || text == 3) return Shown(league.LeagueText[text].str()) + " all-stars";
+  if (IsAllStarSide(number)) return Shown(SideName(league, number)) + " all-stars";
   return "team number " + std::to_string(number);
 }
 

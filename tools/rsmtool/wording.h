@@ -18,9 +18,6 @@ std::string Shown(std::string_view latin1);
 /// The team's nickname; "team 3" where it has none.
 std::string TeamName(const LeagueData& league, int team);
 
-/// What a team of this formation calls the slot: "WR 3".
-std::string SlotTitle(int formation, int slot);
-
 /// "SPARROWS QB 1 sam PLOVER"; the name is left out where it is empty.
 std::string PlayerTitle(const LeagueData& league, int team, int slot);
 

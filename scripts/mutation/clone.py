@@ -1,0 +1,201 @@
+"""A copy of the working tree with a build of its own, in which faults are put and tests run."""
+
+import contextlib
+import fcntl
+import os
+import re
+import shutil
+import signal
+import subprocess
+import tempfile
+from pathlib import Path
+
+PROGRAMS = ("core_tests", "window_tests", "fault_tests")
+SUITE = re.compile(r"^TEST(?:_[FP])?\(\s*(\w+)", re.MULTILINE)
+# A fault may take all of the machine: seconds of processor time, KiB of memory, blocks of a file.
+LIMITS = 'ulimit -t 120; ulimit -v 8000000; ulimit -f 4000000; ulimit -c 0; exec "$@"'
+
+
+class Stopped(Exception):
+    """The run has been interrupted."""
+
+
+class Processes:
+    """Starts programs and can end all of them at once, with what they have started."""
+
+    def __init__(self):
+        self._running = set()
+        self.stopped = False
+
+    def run(self, command, seconds, cwd, environment):
+        """The exit code, None after the time limit, and the output."""
+        process = subprocess.Popen(
+            ["sh", "-c", LIMITS, "sh", *map(str, command)], cwd=cwd, env=environment,
+            stdin=subprocess.DEVNULL, stdout=subprocess.PIPE, stderr=subprocess.STDOUT,
+            text=True, errors="replace", start_new_session=True)
+        self._running.add(process)
+        try:
+            # Asked for after the process is known, so that a stop at any moment reaches it.
+            if self.stopped: self._end(process)
+            output, code = process.communicate(timeout=seconds)[0], process.returncode
+        except subprocess.TimeoutExpired:
+            code, output = None, self._ended(process)
+        self._running.discard(process)
+        if self.stopped: raise Stopped
+        return code, output
+
+    def _ended(self, process):
+        """Ends a process with a signal that ninja hands on to what it runs, and returns the output."""
+        self._end(process)
+        with contextlib.suppress(subprocess.TimeoutExpired): return process.communicate(timeout=5)[0]
+        self._end(process, signal.SIGKILL)
+        return process.communicate()[0]
+
+    def stop(self):
+        self.stopped = True
+        for process in list(self._running): self._end(process)
+
+    @staticmethod
+    def _end(process, how=signal.SIGTERM):
+        with contextlib.suppress(ProcessLookupError): os.killpg(process.pid, how)
+
+
+def tracked_files(root):
+    """The files of the working tree as they are now, new ones too, those that git ignores not."""
+    names = subprocess.run(
+        ["git", "ls-files", "-z", "--cached", "--others", "--exclude-standard"],
+        cwd=root, check=True, capture_output=True, text=True).stdout.split("\0")
+    return sorted({name for name in names if name and (root / name).is_file()})
+
+
+class Clone:
+    """Stays under `build/mutate` after a run, so that the next one builds only what has changed."""
+
+    def __init__(self, root, processes, jobs):
+        self.root, self._processes, self._jobs = root, processes, jobs
+        for number in range(1, 100):
+            self.home = root / "build" / "mutate" / str(number)
+            self.home.mkdir(parents=True, exist_ok=True)
+            self._lock = open(self.home / "lock", "w")
+            with contextlib.suppress(BlockingIOError):
+                fcntl.flock(self._lock, fcntl.LOCK_EX | fcntl.LOCK_NB)
+                break
+        self.tree, self.build_folder = self.home / "tree", self.home / "build"
+        # Short, since some texts on the screen are cut by their width.
+        self._scratch = Path(tempfile.gettempdir()) / f"mutate-{os.getpid()}-{number}"
+        self._copy_tree()
+
+    def prepare(self):
+        """Builds all test programs and learns from the build which of them sees which file."""
+        configure = ["cmake", "-G", "Ninja", "-S", self.tree, "-B", self.build_folder,
+                     # The build type of no flags: neither optimized nor with debug information.
+                     "-DCMAKE_BUILD_TYPE=None", "-DROSTERMILL_TESTS=ON",
+                     # A dropped statement may leave a variable unused.
+                     "-DCMAKE_CXX_FLAGS=-w"]
+        if shutil.which("ccache"): configure.append("-DCMAKE_CXX_COMPILER_LAUNCHER=ccache")
+        if shutil.which("ld.lld"): configure.append("-DCMAKE_EXE_LINKER_FLAGS=-fuse-ld=lld")
+        code, output = self._processes.run(configure, 300, self.home, self._build_environment())
+        if code == 0: code, output = self._ninja(3600, "-j", os.cpu_count(), *PROGRAMS)
+        if code != 0: raise SystemExit(f"The clone doesn't build:\n{output[-4000:]}")
+        self._read_plan()
+
+    def _copy_tree(self):
+        names = tracked_files(self.root)
+        for name in names:
+            source, target = self.root / name, self.tree / name
+            if target.is_file() and target.read_bytes() == source.read_bytes(): continue
+            target.parent.mkdir(parents=True, exist_ok=True)
+            shutil.copy(source, target)
+        for path in sorted(self.tree.rglob("*")):
+            if path.is_file() and str(path.relative_to(self.tree)) not in names: path.unlink()
+
+    def _build_environment(self):
+        # ccache shares the objects of all clones, precompiled headers in them too.
+        return os.environ | {
+            "CCACHE_BASEDIR": str(self.home), "CCACHE_NOHASHDIR": "1",
+            "CCACHE_SLOPPINESS": "pch_defines,time_macros,include_file_mtime,include_file_ctime"}
+
+    def _ninja(self, seconds, *arguments):
+        return self._processes.run(
+            ["ninja", *arguments], seconds, self.build_folder, self._build_environment())
+
+    @contextlib.contextmanager
+    def fault(self, fault):
+        """Puts a fault in and takes it out again, whatever happens meanwhile."""
+        path = self.tree / fault.file
+        whole = path.read_bytes()
+        try:
+            path.write_text(fault.applied(whole.decode()))
+            yield
+        finally:
+            path.write_bytes(whole)
+
+    def build(self, program):
+        """What the build says to a fault: "" for built, "void" where the compiler turns it away,
+        "found" where a tool that the build runs does not get through."""
+        code, output = self._ninja(600, "-j", self._jobs, program)
+        if code == 0: return ""
+        made_by_tools = re.search(r"^FAILED: .*\.(?:nes|stamp)\b", output, re.MULTILINE)
+        return "found" if code is None or made_by_tools else "void"
+
+    def test(self, program, tests, seconds):
+        """Runs tests of a program up to the first that fails, and returns its name, or "" when
+        all pass."""
+        shutil.rmtree(self._scratch, ignore_errors=True)
+        self._scratch.mkdir()
+        environment = os.environ | {
+            "HOME": str(self._scratch), "TMPDIR": str(self._scratch),
+            "XDG_CACHE_HOME": str(self.home / "cache"), "QT_QPA_PLATFORM": "offscreen",
+            "GTEST_FAIL_FAST": "1", "ROSTERMILL_LEAGUES": "5"}
+        code, output = self._processes.run(
+            [self.build_folder / "tests" / program, f"--gtest_filter={tests}"], seconds,
+            self._scratch, environment)
+        if code == 0: return ""
+        failed = re.findall(r"^\[  FAILED  \] (\S+)", output, re.MULTILINE)
+        begun = re.findall(r"^\[ RUN      \] (\S+)", output, re.MULTILINE)
+        name = failed[0] if failed else begun[-1] if begun else "at its start"
+        return f"{program} {name}" + (", which hangs" if code is None else "")
+
+    def _read_plan(self):
+        self._sources = {program: self._inputs_of(program) for program in PROGRAMS}
+        self._objects_with = {}
+        _, output = self._ninja(60, "-t", "deps")
+        for line in output.splitlines():
+            if not line.startswith(" "):
+                compiled = line.split(":")[0]
+            elif not line.lstrip().startswith("/usr/"):
+                path = os.path.normpath(self.build_folder / line.strip())
+                self._objects_with.setdefault(path, set()).add(compiled)
+
+    def _inputs_of(self, program):
+        _, output = self._ninja(60, "-t", "inputs", program)
+        return set(output.splitlines())
+
+    def plan_for(self, file):
+        """(program, filter) of the test runs that can see a file, the likeliest to fail and the
+        cheapest first."""
+        path = str(self.tree / file)
+        seen_through = self._objects_with.get(path, set()) | {path}
+        plan = []
+        for program in PROGRAMS:
+            if seen_through.isdisjoint(self._sources[program]): continue
+            near = self._near_suites(program, Path(file))
+            patterns = ":".join(f"{suite}.*:*/{suite}.*" for suite in near)
+            if near: plan.append((program, patterns))
+            # The faults of the system take long, and only few files know the system.
+            if program == "fault_tests": continue
+            plan.append((program, f"-{patterns}" if near else "*"))
+        return plan
+
+    def _near_suites(self, program, file):
+        """The suites in sources that have the unit's name, mirror its folder or include it."""
+        folder = Path("tests") / file.parent
+        if not (self.tree / folder).is_dir(): folder = folder.parent
+        include = f'#include "{file.with_suffix(".h")}"'
+        suites = set()
+        for path in map(Path, self._sources[program]):
+            if not path.is_relative_to(self.tree / "tests") or not path.is_file(): continue
+            text = path.read_text()
+            if (file.stem in path.stem or path.parent == self.tree / folder or include in text):
+                suites.update(SUITE.findall(text))
+        return sorted(suites)
