@@ -10,8 +10,8 @@ namespace rostermill::test {
 /// to the last byte, and look as they do after a load.
 LeagueData RandomLeague(std::mt19937& random);
 
-/// The number of leagues per test: ROSTERMILL_LEAGUES, or `usual` if it isn't set. Fails the test
-/// if it is less than 1.
+/// The number of leagues per test: ROSTERMILL_LEAGUES, or `usual` if it isn't set. A number below 1
+/// fails the test.
 int LeagueTotal(int usual);
 
 }  // namespace rostermill::test
