@@ -87,6 +87,28 @@ QSet<QWidget*> ArrowWalk(QWidget* stop) {
   return met;
 }
 
+// Catches a form whose Enter does nothing or something else, and a list that a turn of the wheel
+// changes in passing.
+TEST_F(AllForms, EnterHasItsButtonAndTheWheelTakesNoFocus) {
+  const QMap<QString, QString> default_buttons{
+      {"ViewPlayer", "btnOK"},      {"EditPlayer", "btnSavePlayer"},  {"PlayerPhotos", "btnOK"},
+      {"ViewTeams", "btnOK"},       {"EditTeam", "btnSave"},          {"ChoosePlay", "btnOK"},
+      {"ChooseColor", "btnOK"},     {"frmEditSchedule", "cmdOK"},     {"ViewLeaders", "btnOK"},
+      {"FormPrint", "btnOK"},       {"frmProbowl", "btnOK"},          {"frmRoster", "btnOK"},
+      {"frmChoosePlayer", "btnOK"}, {"frmEditGameSettings", "cmdOK"},
+  };
+  VisitAll([&](QWidget& form) {
+    QStringList found;
+    for (const QPushButton* button : form.findChildren<QPushButton*>()) {
+      if (button->isDefault()) found << button->objectName();
+    }
+    EXPECT_EQ(found.join(' '), default_buttons.value(form.objectName()));
+    for (const QComboBox* list : form.findChildren<QComboBox*>()) {
+      EXPECT_EQ(list->focusPolicy(), Qt::StrongFocus) << NameOf(list);
+    }
+  });
+}
+
 // Catches a control that only the mouse reaches, and a tab order that is the order of creation.
 TEST_F(AllForms, TabReachesEverythingInReadingOrder) {
   VisitAll([](QWidget& form) {

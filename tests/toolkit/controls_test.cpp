@@ -93,6 +93,24 @@ TEST(PictureBox, KeepsItsPictureWhenAFileCannotBeLoaded) {
   EXPECT_EQ(box.Picture(), first);
 }
 
+// Catches a picture that is loaded but not painted, blurred, shifted, or painted over by the frame.
+TEST(PictureBox, PaintsThePixelsOfTheFileMagnifiedByAWholeFactor) {
+  const QString file = QString::fromStdString(BinFolder() + "faces/17.bmp");
+  const QImage picture = QImage(file).convertToFormat(QImage::Format_RGB32);
+  for (const int magnification : {1, 3}) {
+    PictureBox box("box", picture.size(), magnification);
+    ASSERT_TRUE(box.Load(file));
+    box.resize(box.sizeHint());
+    const QImage painted = box.grab().toImage().convertToFormat(QImage::Format_RGB32);
+    const int frame = box.frameWidth();
+    EXPECT_EQ(painted.copy(frame, frame, painted.width() - 2 * frame, painted.height() - 2 * frame),
+              picture.scaled(picture.size() * magnification));
+    box.ClearPicture();
+    EXPECT_NE(box.grab().toImage().pixel(frame + 5, frame + 5),
+              painted.pixel(frame + 5, frame + 5));
+  }
+}
+
 TEST(PictureBox, IsPressedByMouseAndKeyboardOnlyWhenClickable) {
   PictureBox box("box", QSize(8, 8));
   int clicks = 0;

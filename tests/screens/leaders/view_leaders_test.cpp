@@ -205,6 +205,17 @@ TEST_F(ViewLeadersTest, KeysAndWheelScrollTheTable) {
   EXPECT_EQ(after(Qt::Key_PageUp), 47);
   EXPECT_EQ(after(Qt::Key_Up), 46);
   EXPECT_EQ(after(Qt::Key_Home), 1);
+  // On a button the arrow keys scroll as well, and the focus stays.
+  for (const char* name : {"btnPrint", "btnOK"}) {
+    auto& button = Find<QPushButton>(*form, name);
+    button.setFocus();
+    QTest::keyClick(&button, Qt::Key_Down);
+    QTest::keyClick(&button, Qt::Key_Down);
+    QTest::keyClick(&button, Qt::Key_Up);
+    EXPECT_EQ(Bar().value(), 2) << name;
+    EXPECT_EQ(form->focusWidget(), &button);
+    Bar().setValue(1);
+  }
   const auto after_turn_over = [this](QWidget& under) {
     QWheelEvent turn(QPointF(1, 1), under.mapToGlobal(QPointF(1, 1)), {}, QPoint(0, -120), {}, {},
                      Qt::NoScrollPhase, false);

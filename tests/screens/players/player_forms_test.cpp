@@ -83,24 +83,81 @@ TEST_F(PlayerForms, EveryOneOfThe840PlayersIsReached) {
   }
 }
 
-TEST_F(PlayerForms, PlacesComeAndGoWithTheGroupAndLabelsFollowTheFormation) {
-  OpenViewer();
-  GoTo(1, 13);
-  EXPECT_TRUE(Find<QLabel>(*viewer_, "Label3(3)").isVisibleTo(viewer_));
-  EXPECT_FALSE(Find<QLabel>(*viewer_, "Label2(5)").isVisibleTo(viewer_));
-  EXPECT_FALSE(Find<QLabel>(*viewer_, "Label3(7)").isVisibleTo(viewer_));
-  GoTo(1, 1);
-  session_->League.QBData[1][1].AvoidPassBlock = 15;
-  GoTo(1, 29);
-  EXPECT_EQ(Viewed("Label2(5)"), "Kicking Abiblity:");
-  GoTo(1, 1);
-  EXPECT_TRUE(Find<QLabel>(*viewer_, "Label3(7)").isVisibleTo(viewer_));
-  EXPECT_EQ(Viewed("Label2(8)"), "Avoid Pass Block:");
-  EXPECT_EQ(Viewed("Label3(7)"), "100");
+/// What both forms show of a player of team 8, which plays "1RB 4WR".
+struct ShownPlayer {
+  int Slot;
+  const char* Position;
+  const char* Face;
+  QStringList Values;    // of the places in use
+  QStringList Captions;  // of the places from 4 on
+};
 
-  GoTo(8, 4);  // "1RB 4WR"
-  EXPECT_EQ(List("cmbPosition").Text(), "WR 3");
-  EXPECT_EQ(session_->CurSlot, 4);
+// Catches a control that a form doesn't fill, leaves from the player before, or shows for a group
+// that doesn't have it.
+TEST_F(PlayerForms, BothShowAllOfAPlayer) {
+  LeagueData& league = session_->League;
+  league.QBData[8][2] = {0, 1, 2, 3, 0x15, 4, 5, 6, 7};
+  league.LineData[8][5] = {8, 9, 10, 11, 0x96};
+  for (auto& rec : league.SkillData[8]) rec.KickReturner = rec.PuntReturner = 0;
+  league.SkillData[8][2] = {12, 13, 14, 15, 0x17, 0, 15, 1, 0};
+  league.SkillData[8][9] = {1, 1, 1, 1, 0x18, 1, 1, 0, 1};
+  league.DefenseData[8][1] = {2, 2, 2, 2, 0x99, 3, 4};
+  league.KickData[8][2] = {5, 5, 5, 5, 0x1A, 6, 7};
+  OpenBoth();
+  const QStringList passing{"Passing Speed:", "Pass Control:", "Accuracy:", "Avoid Pass Block:"};
+  const std::vector<ShownPlayer> players{
+      {2, "QB 2", "15", {"6", "13", "19", "25", "31", "38", "44", "50"}, passing},
+      {17, "RT", "96", {"56", "63", "69", "75"}, {}},
+      {4, "WR 3", "17", {"81", "88", "94", "100", "6", "100"}, {"Ball Control:", "Receptions:"}},
+      {18, "RE", "99", {"19", "19", "19", "19", "25", "31"}, {"Pass Interception:", "Quickness:"}},
+      {11, "WR 5", "18", {"13", "13", "13", "13", "13", "13"}, {"Ball Control:", "Receptions:"}},
+      {30,
+       "P",
+       "1A",
+       {"38", "38", "38", "38", "44", "50"},
+       {"Kicking Abiblity:", "Avoid Kick Block:"}},
+      {2, "QB 2", "15", {"6", "13", "19", "25", "31", "38", "44", "50"}, passing},
+  };
+  for (const ShownPlayer& player : players) {
+    SCOPED_TRACE(player.Position);
+    GoTo(8, player.Slot);
+    const QStringList captions =
+        QStringList{"Rushing Power:", "Running Speed:", "Maximum Speed:", "Hitting Power:"} +
+        player.Captions;
+    EXPECT_EQ(List("cmbPosition").Text(), player.Position);
+    const QImage face = QImage(FromUtf8(BinFolder() + "faces/" + player.Face + ".bmp"))
+                            .convertToFormat(QImage::Format_RGB32);
+    for (QWidget* form : {static_cast<QWidget*>(viewer_), static_cast<QWidget*>(editor_)}) {
+      SCOPED_TRACE(form->objectName().toStdString());
+      for (int place = 0; place < 8; ++place) {
+        const bool in_use = place < captions.size();
+        for (const QString& name : {MemberName("Label2", place + 1), MemberName("Label3", place)}) {
+          EXPECT_EQ(Find<QLabel>(*form, name).isVisibleTo(form), in_use) << name.toStdString();
+        }
+        if (!in_use) continue;
+        EXPECT_EQ(Find<QLabel>(*form, MemberName("Label2", place + 1)).text(), captions[place]);
+        EXPECT_EQ(Find<QLabel>(*form, MemberName("Label3", place)).text(), player.Values[place]);
+      }
+      EXPECT_EQ(Find<QLabel>(*form, "lblNumber").text(),
+                FromLatin1("#" + Name(8, player.Slot).JerseyNumber));
+      EXPECT_EQ(Find<PictureBox>(*form, "imgFace").Picture().convertToFormat(face.format()), face);
+    }
+    for (int place = 0; place < 8; ++place) {
+      for (const char* button : {"btnMinus", "btnPlus"}) {
+        EXPECT_EQ(Find<QPushButton>(*editor_, MemberName(button, place)).isVisibleTo(editor_),
+                  place < captions.size());
+      }
+    }
+    EXPECT_EQ(Edited("lblFace").toInt(), QString(player.Face).toInt(nullptr, 16));
+    EXPECT_FALSE(Find<QLabel>(*editor_, "lblFace").isVisibleTo(editor_));
+    EXPECT_EQ(Edited("lblTeam"), FromLatin1(TeamTitleText(league, 8)));
+    EXPECT_EQ(NameBox().Text(), FromLatin1(PlayerEditText(league, 8, player.Slot)));
+    const bool skill = player.Captions.contains("Receptions:");
+    for (const auto& [box, slot] : {std::pair{"chkKick", 4}, {"chkPunt", 11}}) {
+      EXPECT_EQ(Find<QCheckBox>(*editor_, box).isEnabled(), skill) << box;
+      EXPECT_EQ(Find<QCheckBox>(*editor_, box).isChecked(), player.Slot == slot) << box;
+    }
+  }
   GoTo(1, 4);
   EXPECT_EQ(List("cmbPosition").Text(), "RB 2");
 }
