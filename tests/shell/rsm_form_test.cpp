@@ -206,6 +206,7 @@ TEST_F(MainWindow, AMissingPaletteIsAskedForAndABlankAnswerEndsTheProgram) {
   session_.AppDir = folder_.Path("");
   OnNextDialog([](QDialog& dialog) {
     auto& box = dynamic_cast<QInputDialog&>(dialog);
+    EXPECT_EQ(box.objectName(), "InputBox");
     EXPECT_EQ(box.windowTitle(), "File Not Found");
     box.setTextValue(QString::fromStdString(BinFolder()));
     box.accept();
