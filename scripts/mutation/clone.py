@@ -108,6 +108,7 @@ class Clone:
 
     def close(self):
         """Leaves the clone to other runs."""
+        shutil.rmtree(self._scratch, ignore_errors=True)
         self._lock.close()
 
     def prepare(self):
