@@ -1,0 +1,217 @@
+#include "history/store_folder.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <functional>
+#include <span>
+#include <system_error>
+#include <thread>
+#include <utility>
+
+#include "history/bytes_hash.h"
+#include "league/file_access.h"
+#include "league/file_error.h"
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace rostermill {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::span<const std::uint8_t> AsBytes(const std::string& text) {
+  return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
+}
+
+std::string CanonicalPath(const std::string& path) {
+  std::error_code error;
+  const fs::path canonical = fs::weakly_canonical(path, error);
+  return error ? fs::absolute(path).lexically_normal().string() : canonical.string();
+}
+
+/// Makes a new name in this folder survive a power cut.
+void SyncFolder(const std::string& folder) {
+  const int handle = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  const bool synced = handle >= 0 && ::fsync(handle) == 0;
+  const int number = errno;
+  if (handle >= 0) ::close(handle);
+  // Some file systems can't sync a folder and say so with EINVAL.
+  if (!synced && number != EINVAL) FailWith(number);
+}
+
+void MakePrivateFolder(const std::string& folder) {
+  if (::mkdir(folder.c_str(), 0700) == 0) {
+    SyncFolder(fs::path(folder).parent_path().string());
+    return;
+  }
+  const int number = errno;
+  std::error_code ignored;
+  if (number != EEXIST) FailWith(number);
+  if (!fs::is_directory(folder, ignored)) FailWith(ENOTDIR);
+}
+
+void MakeBaseFolder(const std::string& base) {
+  fs::path folder(base);
+  if (!folder.has_filename()) folder = folder.parent_path();
+  std::error_code error;
+  fs::create_directories(folder.parent_path(), error);
+  if (error) FailWith(error.value());
+  MakePrivateFolder(folder.string());
+}
+
+/// Calls `use` for every entry; does nothing where the folder isn't there.
+template <typename Use>
+void ForEachEntry(const std::string& folder, const Use& use) {
+  std::error_code error;
+  fs::directory_iterator entry(folder, error);
+  if (error == std::errc::no_such_file_or_directory) return;
+  for (; !error && entry != fs::directory_iterator(); entry.increment(error)) use(*entry);
+  if (error) FailWith(error.value());
+}
+
+int OpenLock(const std::string& path, FileLock::Kind kind) {
+  const int flags = kind == FileLock::Kind::Shared ? O_RDONLY : O_RDWR | O_CREAT;
+  return ::open(path.c_str(), flags | O_CLOEXEC, 0600);
+}
+
+}  // namespace
+
+std::string ImageFolder(const std::string& base, const std::string& image) {
+  const std::string path = CanonicalPath(image);
+  std::string name = fs::path(path).filename().string().substr(0, 40);
+  const auto is_plain = [](char c) {
+    return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '.' ||
+           c == '-';
+  };
+  std::ranges::replace_if(name, std::not_fn(is_plain), '_');
+  const std::string hash = HexText(HashOf(AsBytes(path))).substr(0, 16);
+  return (fs::path(base) / (name + "-" + hash)).string();
+}
+
+void MakeImageFolder(const std::string& base, const std::string& image) {
+  const std::string folder = ImageFolder(base, image);
+  MakePrivateFolder(folder);
+  const std::string note = folder + "/image.txt";
+  if (KindOf(note) == PathKind::RegularFile) return;
+  ReplaceFile(note, AsBytes(CanonicalPath(image) + "\n"));
+  MakePrivate(note);
+}
+
+void MakePrivate(const std::string& path) {
+  std::error_code ignored;
+  fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write, ignored);
+}
+
+std::vector<FoundFile> FilesIn(const std::string& folder) {
+  std::vector<FoundFile> files;
+  ForEachEntry(folder, [&files](const fs::directory_entry& entry) {
+    std::error_code error;
+    if (entry.is_symlink(error)) return;
+    const bool is_file = entry.is_regular_file(error);
+    const std::uint64_t size = is_file && !error ? entry.file_size(error) : 0;
+    // A file that can't be asked isn't passed over: its number would be given again.
+    if (error && error != std::errc::no_such_file_or_directory) FailWith(error.value());
+    if (is_file && !error) files.push_back({entry.path().filename().string(), size});
+  });
+  return files;
+}
+
+std::vector<std::string> FoldersIn(const std::string& folder) {
+  std::vector<std::string> folders;
+  ForEachEntry(folder, [&folders](const fs::directory_entry& entry) {
+    std::error_code error;
+    if (!entry.is_symlink(error) && entry.is_directory(error)) {
+      folders.push_back(entry.path().string());
+    }
+  });
+  return folders;
+}
+
+void RemoveFile(const std::string& path) {
+  if (::unlink(path.c_str()) != 0 && errno != ENOENT) FailWith(errno);
+}
+
+FileLock::FileLock(const std::string& path, Kind kind, std::chrono::milliseconds patience)
+    : handle_(OpenLock(path, kind)) {
+  if (handle_ < 0) FailWith(errno);
+  const auto end = std::chrono::steady_clock::now() + patience;
+  const int operation = (kind == Kind::Shared ? LOCK_SH : LOCK_EX) | LOCK_NB;
+  while (::flock(handle_, operation) != 0) {
+    const int number = errno;
+    const bool taken = number == EWOULDBLOCK || number == EINTR;
+    if (taken && std::chrono::steady_clock::now() < end) {
+      std::this_thread::sleep_for(std::chrono::milliseconds(5));
+      continue;
+    }
+    ::close(handle_);
+    if (!taken) FailWith(number);
+    throw HistoryError("Another program is using " + fs::path(path).parent_path().string() +
+                       " and has not finished.");
+  }
+}
+
+FileLock::~FileLock() {
+  if (handle_ >= 0) ::close(handle_);
+}
+
+FileLock::FileLock(FileLock&& other) noexcept : handle_(std::exchange(other.handle_, -1)) {}
+
+bool FileLock::IsHeld(const std::string& path) {
+  const int handle = OpenLock(path, Kind::Shared);
+  if (handle < 0) return errno != ENOENT;
+  const bool held = ::flock(handle, LOCK_SH | LOCK_NB) != 0;
+  ::close(handle);
+  return held;
+}
+
+FileLock LockStore(const std::string& base) {
+  MakeBaseFolder(base);
+  return {base + "/lock", FileLock::Kind::Exclusive, std::chrono::seconds(5)};
+}
+
+std::optional<FileLock> LockStoreForReading(const std::string& base) {
+  try {
+    return FileLock(base + "/lock", FileLock::Kind::Shared, std::chrono::milliseconds(200));
+  } catch (const std::runtime_error&) {
+    return std::nullopt;
+  }
+}
+
+std::chrono::sys_seconds UtcNow() {
+  return std::chrono::floor<std::chrono::seconds>(std::chrono::system_clock::now());
+}
+
+std::string UtcText(std::chrono::sys_seconds time) {
+  const auto days = std::chrono::floor<std::chrono::days>(time);
+  const std::chrono::year_month_day date(days);
+  const std::chrono::hh_mm_ss clock(time - days);
+  std::array<char, 64> text{};
+  std::snprintf(text.data(), text.size(), "%04d%02u%02uT%02d%02d%02dZ", int(date.year()),
+                unsigned(date.month()), unsigned(date.day()), int(clock.hours().count()),
+                int(clock.minutes().count()), int(clock.seconds().count()));
+  return text.data();
+}
+
+std::optional<std::chrono::sys_seconds> ParseUtc(const std::string& text) {
+  int year = 0, hour = 0, minute = 0, second = 0;
+  unsigned month = 0, day = 0;
+  if (text.size() != 16 || std::sscanf(text.c_str(), "%4d%2u%2uT%2d%2d%2dZ", &year, &month, &day,
+                                       &hour, &minute, &second) != 6) {
+    return std::nullopt;
+  }
+  const std::chrono::year_month_day date{std::chrono::year(year), std::chrono::month(month),
+                                         std::chrono::day(day)};
+  if (!date.ok()) return std::nullopt;
+  const std::chrono::sys_seconds time = std::chrono::sys_days(date) + std::chrono::hours(hour) +
+                                        std::chrono::minutes(minute) + std::chrono::seconds(second);
+  // Whatever the scan lets pass, such as blanks and signs, doesn't come out the same.
+  return UtcText(time) == text ? std::optional(time) : std::nullopt;
+}
+
+}  // namespace rostermill

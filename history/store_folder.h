@@ -1,0 +1,79 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace rostermill {
+
+// The folders in which versions and unsaved changes are kept: a base folder with one folder an
+// image. They are readable by the user alone. Paths are UTF-8. What can't be done throws FileError
+// with the system's reason, or HistoryError with one of our own.
+
+/// what() is a sentence for the user.
+class HistoryError : public std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+/// The folder of an image below the base folder, whether it is there or not:
+/// "league.nes-" and 16 hexadecimal digits of the hash of the image's canonical path. Links to one
+/// image share a folder; an image that is moved gets another.
+std::string ImageFolder(const std::string& base, const std::string& image);
+
+/// Makes an image's folder where it is missing, and the text "image.txt" in it that names the
+/// image. The base folder has to be there, as it is after LockStore.
+void MakeImageFolder(const std::string& base, const std::string& image);
+
+/// Gives a file to the user alone; a file system that knows no permissions is left as it is.
+void MakePrivate(const std::string& path);
+
+struct FoundFile {
+  std::string Name;
+  std::uint64_t Size = 0;
+};
+
+/// The regular files of a folder in no order; none where the folder isn't there.
+std::vector<FoundFile> FilesIn(const std::string& folder);
+
+/// The folders in a folder, by path.
+std::vector<std::string> FoldersIn(const std::string& folder);
+
+/// A file that isn't there counts as removed.
+void RemoveFile(const std::string& path);
+
+/// A lock between processes, by a file that is never read. It ends with the object or the process,
+/// however that ends, and isn't handed to programs that the process starts.
+class FileLock {
+ public:
+  enum class Kind { Shared, Exclusive };
+
+  /// Makes the file where it is missing. Throws HistoryError when others hold the lock all the
+  /// while, FileError when there can be no lock.
+  FileLock(const std::string& path, Kind kind, std::chrono::milliseconds patience);
+  ~FileLock();
+  FileLock(FileLock&& other) noexcept;
+  FileLock& operator=(FileLock&&) = delete;
+
+  /// Whether anybody, this process included, holds the lock exclusively, or may hold it: true where
+  /// that can't be found out.
+  static bool IsHeld(const std::string& path);
+
+ private:
+  int handle_;
+};
+
+/// The one lock on all that is kept below the base folder, for writing. Makes the base folder where
+/// it is missing. 5 seconds of patience.
+FileLock LockStore(const std::string& base);
+/// The same for reading; empty after a moment, or where there can be none: reading goes on.
+std::optional<FileLock> LockStoreForReading(const std::string& base);
+
+/// Now in UTC, and its form in names and headers: "20260730T214012Z".
+std::chrono::sys_seconds UtcNow();
+std::string UtcText(std::chrono::sys_seconds time);
+std::optional<std::chrono::sys_seconds> ParseUtc(const std::string& text);
+
+}  // namespace rostermill

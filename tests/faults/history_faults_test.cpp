@@ -1,0 +1,293 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <set>
+
+#include "history/store_folder.h"
+#include "history/unsaved_store.h"
+#include "history/version_store.h"
+#include "tests/faults/fault_walk.h"
+#include "tests/support/sample.h"
+
+namespace rostermill::test {
+namespace {
+
+using Bytes = std::vector<std::uint8_t>;
+using Texts = std::vector<std::string>;
+namespace fs = std::filesystem;
+
+/// Each test does one thing under every fault, starting from the same folder each time.
+class HistoryFaults : public testing::Test {
+ protected:
+  HistoryFaults() {
+    WriteFile(image_, old_);
+    for (const char* text : {"first", "2", "3"}) KeepVersion(text);
+    UnsavedStore(base_, image_).Keep("yesterday");
+    fs::copy(base_, folder_.Path("origin"), fs::copy_options::recursive);
+    PutBack();
+  }
+
+  void PutBack() const {
+    fs::remove_all(base_);
+    if (!from_nothing_) fs::copy(folder_.Path("origin"), base_, fs::copy_options::recursive);
+  }
+
+  int KeepVersion(const std::string& text) const {
+    const Bytes bytes(text.begin(), text.end());
+    return versions_.Keep(image_, {bytes, bytes.size()}, "before a save");
+  }
+
+  Texts Versions() const {
+    Texts texts;
+    for (const Version& version : versions_.List(image_)) {
+      const Bytes bytes = versions_.Read(image_, version.Number).Bytes;
+      texts.push_back(std::to_string(version.Number) + " " +
+                      std::string(bytes.begin(), bytes.end()));
+    }
+    return texts;
+  }
+
+  Texts Row() const {
+    const UnsavedStore editor(base_, image_);
+    Texts row;
+    for (const UnsavedState& state : editor.List()) row.push_back(editor.Read(state.Number));
+    return row;
+  }
+
+  /// Calls `act` under each fault of its own calls, and `check` afterwards with whether it has
+  /// returned without an exception.
+  void Walk(const std::function<void()>& act, const std::function<void(bool done)>& check) {
+    PutBack();
+    StartFaults({});
+    act();
+    const auto trace = StopFaults();
+    check(true);
+    const auto failing = [&](const Fault& fault) {
+      // Syncs take their time, and a disk that fails for good fails at the first call as well.
+      if (fault.Onward && fault.At > 1) return;
+      SCOPED_TRACE(TextOf(fault));
+      PutBack();
+      StartFaults({fault});
+      bool done = true;
+      try {
+        act();
+      } catch (const FileError& error) {
+        done = false;
+        EXPECT_NE(error.Number(), 0);
+      } catch (const HistoryError&) {
+        done = false;
+      }
+      StopFaults();
+      EXPECT_TRUE(FaultStruck());
+      if (!done) refused_.insert(fault.Call);
+      check(done);
+    };
+    ForEachFault(trace, Effect::Error, EIO, failing);
+    ForEachFault(trace, Effect::Short, 0, failing);
+    ForEachFault(trace, Effect::Kill, 0, [&](const Fault& fault) {
+      SCOPED_TRACE(TextOf(fault));
+      PutBack();
+      EXPECT_TRUE(KilledWhile([&] {
+        StartFaults({fault});
+        act();
+      }));
+      check(false);
+    });
+  }
+
+  /// Nothing that a killed keeping has left stays there for good.
+  void ExpectNoLeftovers() const {
+    for (const auto& entry : fs::directory_iterator(ImageFolder(base_, image_))) {
+      EXPECT_FALSE(entry.path().filename().string().starts_with('.')) << entry.path();
+    }
+  }
+
+  TempFolder folder_;
+  std::string base_ = folder_.Path("versions");
+  std::string image_ = folder_.Path("league.nes");
+  Bytes old_ = {'o', 'l', 'd'};
+  VersionStore versions_{base_, {2, 500'000'000}};
+  std::set<std::string> refused_;
+  bool from_nothing_ = false;  ///< nothing has been kept before
+};
+
+TEST_F(HistoryFaults, AVersionIsKeptWholeOrNotAtAllAndTheOthersStay) {
+  const Texts before{"3 3", "2 2", "1 first"};
+  const Texts dropped{"4 4", "3 3", "1 first"};
+  const Texts kept{"4 4", "3 3", "2 2", "1 first"};  // until the next one is kept
+  Walk([&] { KeepVersion("4"); },
+       [&](bool done) {
+         const Texts now = Versions();
+         EXPECT_TRUE(now == kept || now == dropped || (!done && now == before))
+             << testing::PrintToString(now);
+         EXPECT_EQ(FileBytes(image_), old_);
+         // Another name than that of the one that was not finished.
+         KeepVersion("5");
+         EXPECT_EQ(Versions().size(), 3u);
+         EXPECT_TRUE(Versions()[0].ends_with(" 5"));
+         EXPECT_EQ(Versions()[2], "1 first");
+         ExpectNoLeftovers();
+       });
+  for (const char* call : {"write", "fsync", "rename", "open"}) {
+    EXPECT_TRUE(refused_.contains(call)) << call << " may fail unnoticed";
+  }
+}
+
+TEST_F(HistoryFaults, AVersionThatComesAgainIsNeverGone) {
+  const Texts before{"3 3", "2 2", "1 first"};
+  const Texts renewed{"2 2", "3 3", "1 first"};
+  Walk([&] { KeepVersion("2"); },
+       [&](bool done) {
+         const Texts now = Versions();
+         if (now.size() == 4) {  // its bytes could not be read, so it was kept once more
+           EXPECT_EQ(now[0], "4 2");
+           return;
+         }
+         EXPECT_TRUE(now == renewed || (!done && now == before) || now[0] == "4 2")
+             << testing::PrintToString(now);
+         if (now[0] != "4 2") {
+           KeepVersion("2");
+           EXPECT_EQ(Versions(), renewed);
+         }
+       });
+}
+
+TEST_F(HistoryFaults, TheVeryFirstVersionIsTheFirstStateOrNotThere) {
+  from_nothing_ = true;
+  Walk([&] { KeepVersion("new"); },
+       [&](bool done) {
+         const Texts now = Versions();
+         EXPECT_TRUE(now == Texts{"1 new"} || (!done && now.empty()))
+             << testing::PrintToString(now);
+         KeepVersion("new");
+         EXPECT_EQ(Versions(), Texts{"1 new"});
+         EXPECT_TRUE(versions_.List(image_)[0].FirstState);
+         ExpectNoLeftovers();
+       });
+}
+
+TEST_F(HistoryFaults, AnEditorsFirstStateIsWholeOrNotThereAndTheRowStays) {
+  Walk([&] { UnsavedStore(base_, image_).Keep("today"); },
+       [&](bool done) {
+         const Texts now = Row();
+         EXPECT_TRUE(now == (Texts{"today", "yesterday"}) || (!done && now == Texts{"yesterday"}))
+             << testing::PrintToString(now);
+         UnsavedStore(base_, image_).Keep("today");
+         EXPECT_EQ(Row(), (Texts{"today", "yesterday"}));
+         ExpectNoLeftovers();
+       });
+}
+
+/// The editor has kept a state, and keeps another one.
+TEST_F(HistoryFaults, TheStateKeptBeforeStaysUntilTheNextIsWhole) {
+  const std::string evening(300'000, 'e');
+  Walk(
+      [&] {
+        UnsavedStore editor(base_, image_);
+        editor.Keep("morning");
+        editor.Keep(evening);
+      },
+      [&](bool done) {
+        const Texts now = Row();
+        const bool whole = now == Texts{evening, "yesterday"};
+        EXPECT_TRUE(done ? whole
+                         : whole || now == Texts{"yesterday"} ||
+                               now == (Texts{"morning", "yesterday"}));
+      });
+}
+
+TEST_F(HistoryFaults, ASaveRemovesTheStatesOrLeavesThemWhole) {
+  Walk(
+      [&] {
+        UnsavedStore editor(base_, image_);
+        editor.Keep("today", std::vector{1});
+        editor.Saved(std::vector{1});
+      },
+      [&](bool done) {
+        const Texts now = Row();
+        const Texts all{"today", "yesterday"};
+        EXPECT_TRUE(std::includes(all.begin(), all.end(), now.begin(), now.end()))
+            << testing::PrintToString(now);
+        // One that can't be read or may be another editor's is left alone.
+        if (done) {
+          EXPECT_TRUE(now.empty() || now == Texts{"yesterday"});
+        }
+        UnsavedStore(base_, image_).Saved(std::vector{1});
+        EXPECT_TRUE(Row().empty() || Row() == Texts{"today"});
+      });
+}
+
+/// A power cut must find the version under its name and in its folders before an older one goes.
+TEST_F(HistoryFaults, AVersionIsOnTheDiskBeforeAnotherGoes) {
+  const auto trace_of = [this](const std::string& text) {
+    StartFaults({});
+    KeepVersion(text);
+    return StopFaults();
+  };
+  const auto at = [](const std::vector<SystemCall>& trace, const std::string& name, int number) {
+    std::size_t i = 0;
+    for (; i < trace.size(); ++i) {
+      if (trace[i].Name == name && --number == 0) break;
+    }
+    return i;
+  };
+  const auto trace = trace_of("4");
+  EXPECT_LT(at(trace, "fsync", 2), at(trace, "unlink", 1)) << "the file's and the folder's sync";
+  EXPECT_LT(at(trace, "unlink", 1), trace.size());
+
+  fs::remove_all(base_);
+  std::set<std::string> synced;
+  std::string opened;
+  for (const SystemCall& call : trace_of("new")) {
+    if (call.Name == "open") opened = call.Path;
+    if (call.Name == "fsync") synced.insert(opened);
+  }
+  for (const std::string& folder : {folder_.Path(), base_, ImageFolder(base_, image_)}) {
+    EXPECT_TRUE(synced.contains(fs::path(folder + "/").parent_path().string())) << folder;
+  }
+}
+
+TEST_F(HistoryFaults, AFullDiskIsTheReasonThatIsGiven) {
+  const auto reason = [this](const std::function<void()>& act) {
+    StartFaults({{"write", 1, true, Effect::Error, ENOSPC}});
+    std::string text;
+    try {
+      act();
+    } catch (const FileError& error) {
+      text = error.what();
+    }
+    StopFaults();
+    return text;
+  };
+  EXPECT_EQ(reason([&] { KeepVersion("4"); }), "No space left on device");
+  UnsavedStore editor(base_, image_);
+  EXPECT_EQ(reason([&] { editor.Keep("today"); }), "No space left on device");
+  editor.Keep("today, again");
+  EXPECT_EQ(Row(), Texts{"yesterday"}) << "it is this editor's own again";
+}
+
+/// Else another editor's state would be taken for a left one, and go.
+TEST_F(HistoryFaults, ALockThatCannotBeAskedCountsAsHeld) {
+  EXPECT_FALSE(FileLock::IsHeld(base_ + "/lock"));
+  EXPECT_FALSE(FileLock::IsHeld(base_ + "/no lock"));
+  StartFaults({{"open", 1, true, Effect::Error, EMFILE}});
+  EXPECT_TRUE(FileLock::IsHeld(base_ + "/lock"));
+  StopFaults();
+}
+
+/// What can be done with a data folder that can't be read is said, not done by halves.
+TEST_F(HistoryFaults, ReadingUnderAFaultGivesTheTruthOrAReason) {
+  Walk(
+      [&] {
+        const auto list = versions_.List(image_);
+        ASSERT_EQ(list.size(), 3u);
+        EXPECT_EQ(versions_.Read(image_, 2).Bytes, Bytes{'2'});
+      },
+      [&](bool) {
+        EXPECT_EQ(Versions(), (Texts{"3 3", "2 2", "1 first"}));
+      });
+}
+
+}  // namespace
+}  // namespace rostermill::test

@@ -1,0 +1,236 @@
+#include "history/undo_stack.h"
+
+#include <gtest/gtest.h>
+
+#include <random>
+#include <stdexcept>
+
+#include "tests/support/damage.h"
+#include "tests/support/random_league.h"
+#include <malloc.h>
+
+// There with the address sanitizer, which serves all memory then.
+// NOLINTNEXTLINE(bugprone-reserved-identifier)
+extern "C" std::size_t __sanitizer_get_current_allocated_bytes() __attribute__((weak));
+
+namespace rostermill::test {
+namespace {
+
+std::size_t MemoryInUse() {
+  if (__sanitizer_get_current_allocated_bytes != nullptr) {
+    return __sanitizer_get_current_allocated_bytes();
+  }
+  const auto info = mallinfo2();
+  return info.uordblks + info.hblkhd;
+}
+
+class UndoStackTest : public testing::Test {
+ protected:
+  void RenameTeam(const std::string& city, int mark = 0) {
+    stack_.Change(
+        league_, "Team: " + city, [&](LeagueData& league) { league.TeamData[7].City = city; },
+        mark);
+  }
+  const std::string& City() const { return league_.TeamData[7].City; }
+
+  LeagueData league_ = SampleLeague();
+  const LeagueData loaded_ = league_;
+  UndoStack stack_;
+};
+
+// Would catch a value that is restored to another player, or a step that restores only half.
+TEST_F(UndoStackTest, AStepIsTakenBackAndMadeAgain) {
+  const Touched touched = stack_.Change(league_, "Save Player: Sam Plover", [](LeagueData& league) {
+    league.NameData[28][30] = {"sam", "PLOVER", "07"};
+    league.KickData[28][2].KickingAbility ^= 15;
+  });
+  const LeagueData changed = league_;
+  Touched expected;
+  expected.Players[28][30] = true;
+  EXPECT_EQ(touched, expected);
+  EXPECT_EQ(stack_.UndoDescription(), "Save Player: Sam Plover");
+  EXPECT_EQ(stack_.RedoDescription(), "");
+
+  EXPECT_EQ(stack_.Undo(league_), expected);
+  EXPECT_EQ(league_, loaded_);
+  EXPECT_EQ(stack_.UndoDescription(), "");
+  EXPECT_EQ(stack_.RedoDescription(), "Save Player: Sam Plover");
+  EXPECT_TRUE(stack_.Undo(league_).Nothing());
+  EXPECT_EQ(league_, loaded_);
+
+  EXPECT_EQ(stack_.Redo(league_), expected);
+  EXPECT_EQ(league_, changed);
+  EXPECT_TRUE(stack_.Redo(league_).Nothing());
+  EXPECT_EQ(league_, changed);
+}
+
+// Would catch a part that is forgotten, and a screen that isn't told about a change.
+TEST_F(UndoStackTest, EveryPartIsSeenAndSaidToBeTouched) {
+  struct Case {
+    const char* What;
+    void (*Change)(LeagueData&);
+    void (*Expect)(Touched&);
+  };
+  const Case cases[] = {
+      {"QB 2", [](LeagueData& l) { l.QBData[1][2].Accuracy ^= 1; },
+       [](Touched& t) { t.Players[1][2] = true; }},
+      {"RB 1's duty", [](LeagueData& l) { l.SkillData[2][1].KickReturner ^= 1; },
+       [](Touched& t) { t.Players[2][3] = true; }},
+      {"last skill player's photo", [](LeagueData& l) { l.SkillData[28][10].Face ^= 1; },
+       [](Touched& t) { t.Players[28][12] = true; }},
+      {"first lineman", [](LeagueData& l) { l.LineData[3][1].HittingPower ^= 1; },
+       [](Touched& t) { t.Players[3][13] = true; }},
+      {"last defender", [](LeagueData& l) { l.DefenseData[4][11].Quickness ^= 1; },
+       [](Touched& t) { t.Players[4][28] = true; }},
+      {"kicker", [](LeagueData& l) { l.KickData[5][1].AvoidKickBlock ^= 1; },
+       [](Touched& t) { t.Players[5][29] = true; }},
+      {"first name", [](LeagueData& l) { l.NameData[6][17].FirstName += "x"; },
+       [](Touched& t) { t.Players[6][17] = true; }},
+      {"number", [](LeagueData& l) { l.NameData[28][30].JerseyNumber = "5"; },
+       [](Touched& t) { t.Players[28][30] = true; }},
+      {"champion color", [](LeagueData& l) { l.TeamData[9].ConfChampColors[4] ^= 1; },
+       [](Touched& t) { t.Teams[9] = true; }},
+      {"last play", [](LeagueData& l) { l.TeamPlays[10][8] ^= 1; },
+       [](Touched& t) { t.Teams[10] = true; }},
+      {"first play", [](LeagueData& l) { l.TeamPlays[11][1] ^= 1; },
+       [](Touched& t) { t.Teams[11] = true; }},
+      {"all-star", [](LeagueData& l) { l.ProbowlData[2][30].Slot ^= 1; },
+       [](Touched& t) { t.AllStars = true; }},
+      {"count of games", [](LeagueData& l) { l.ScheduleData[16].GameCount ^= 1; },
+       [](Touched& t) { t.Schedule = true; }},
+      {"game", [](LeagueData& l) { l.ScheduleData[0].Games[13].AwayTeam ^= 1; },
+       [](Touched& t) { t.Schedule = true; }},
+      {"year", [](LeagueData& l) { l.RosterYear = "1907"; },
+       [](Touched& t) { t.GameTexts = true; }},
+      {"text", [](LeagueData& l) { l.LeagueText[3] = "ZQ"; },
+       [](Touched& t) { t.GameTexts = true; }},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.What);
+    Touched expected;
+    c.Expect(expected);
+    EXPECT_EQ(stack_.Change(league_, c.What, c.Change), expected);
+    EXPECT_NE(league_, loaded_);
+    EXPECT_FALSE(SameLeague(league_, loaded_));
+    EXPECT_EQ(stack_.Undo(league_), expected);
+    EXPECT_EQ(league_, loaded_);
+    EXPECT_TRUE(SameLeague(league_, loaded_));
+  }
+}
+
+TEST_F(UndoStackTest, ThePaletteIsNoChangeOfTheLeague) {
+  league_.PaletteData[5].Red ^= 1;
+  EXPECT_TRUE(SameLeague(league_, loaded_));
+  const auto palette = league_.PaletteData;
+  stack_.Change(league_, "All", [](LeagueData& league) { league.PaletteData[6].Red ^= 1; });
+  EXPECT_FALSE(stack_.CanUndo());
+  EXPECT_NE(league_.PaletteData, palette);
+}
+
+TEST_F(UndoStackTest, AStepThatChangesNothingIsNone) {
+  RenameTeam("Alpha");
+  stack_.Undo(league_);
+  RenameTeam(loaded_.TeamData[7].City);
+  EXPECT_FALSE(stack_.CanUndo());
+  EXPECT_EQ(stack_.RedoDescription(), "Team: Alpha") << "it has dropped the step to be redone";
+}
+
+TEST_F(UndoStackTest, AChangeThatFailsChangesNothing) {
+  RenameTeam("Alpha");
+  stack_.Undo(league_);
+  EXPECT_THROW(stack_.Change(league_, "Paste",
+                             [](LeagueData& league) {
+                               league.TeamData[1].City = "half";
+                               throw std::runtime_error("no");
+                             }),
+               std::runtime_error);
+  EXPECT_EQ(league_, loaded_);
+  EXPECT_FALSE(stack_.CanUndo());
+  EXPECT_TRUE(stack_.CanRedo());
+}
+
+// Would catch an oldest step that stays, goes too early, or leaves the count wrong.
+TEST_F(UndoStackTest, TwoHundredStepsAreKept) {
+  for (int i = 1; i <= 203; ++i) RenameTeam("Town " + std::to_string(i));
+  int undone = 0;
+  while (stack_.CanUndo()) stack_.Undo(league_), ++undone;
+  EXPECT_EQ(undone, 200);
+  EXPECT_EQ(City(), "Town 3");
+  for (int i = 0; i < 200; ++i) stack_.Redo(league_);
+  EXPECT_EQ(City(), "Town 203");
+  EXPECT_FALSE(stack_.CanRedo());
+  stack_.Clear();
+  EXPECT_FALSE(stack_.CanUndo());
+  EXPECT_EQ(City(), "Town 203");
+}
+
+// The league after any row of changes, undos and redos is one that it was before.
+TEST_F(UndoStackTest, AnyOrderOfStepsGoesBackToTheLeaguesThatWere) {
+  std::mt19937 random(20'260'730);
+  std::vector<LeagueData> past{loaded_};
+  std::size_t now = 0;
+  for (int i = 0; i < 120; ++i) {
+    const auto pick = random() % 5;
+    if (pick < 2 && now > 0) {
+      stack_.Undo(league_), --now;
+    } else if (pick == 2 && now + 1 < past.size()) {
+      stack_.Redo(league_), ++now;
+    } else {
+      const LeagueData other = RandomLeague(random);
+      stack_.Change(league_, "Any", [&](LeagueData& league) {
+        const auto palette = league.PaletteData;
+        if (pick == 4) league = other;
+        league.PaletteData = palette;
+        league.NameData[3][4] = other.NameData[5][6];
+        league.ScheduleData[7] = other.ScheduleData[7];
+      });
+      past.resize(++now);
+      past.push_back(league_);
+    }
+    ASSERT_EQ(league_, past[now]) << i;
+  }
+  while (stack_.CanUndo()) stack_.Undo(league_);
+  EXPECT_EQ(league_, loaded_);
+}
+
+TEST_F(UndoStackTest, AStepOfOnePlayerCostsAtMost16KB) {
+  const auto change = [this](int i) {
+    const std::string name = "a name far longer than a string has room for " + std::to_string(i);
+    stack_.Change(league_, "Save Player: " + name, [&](LeagueData& league) {
+      league.NameData[9][9] = {name, name, name};
+      league.SkillData[9][7].Receptions ^= 1;
+      for (int slot = 1; slot <= 10; ++slot) league.SkillData[9][slot].KickReturner ^= 1;
+    });
+  };
+  change(0);
+  const std::size_t before = MemoryInUse();
+  for (int i = 1; i <= 100; ++i) change(i);
+  const std::size_t after = MemoryInUse();
+  ASSERT_GT(after, before + 100 * 200) << "the measurement doesn't see the steps";
+  EXPECT_LE(after - before, 100 * 16 * 1024u);
+  RecordProperty("bytes_a_step", static_cast<int>((after - before) / 100));
+}
+
+// Would lose unsaved changes that were brought back, undone, and not saved.
+TEST_F(UndoStackTest, MarksAreInForceWhileTheirStepIsDone) {
+  using Marks = std::vector<int>;
+  RenameTeam("Alpha", 4);
+  RenameTeam("Beta");
+  RenameTeam("Gamma", 9);
+  EXPECT_EQ(stack_.MarksInForce(), (Marks{4, 9}));
+  stack_.Undo(league_);
+  EXPECT_EQ(stack_.MarksInForce(), Marks{4});
+  stack_.Redo(league_);
+  EXPECT_EQ(stack_.MarksInForce(), (Marks{4, 9}));
+  stack_.Undo(league_);
+  RenameTeam("Delta");
+  for (int i = 1; i <= 200; ++i) RenameTeam("Town " + std::to_string(i));
+  EXPECT_EQ(stack_.MarksInForce(), Marks{4}) << "a dropped step stays in force";
+  RenameTeam("Town 200", 6);
+  EXPECT_EQ(stack_.MarksInForce(), (Marks{4, 6}));
+  stack_.Clear();
+  EXPECT_EQ(stack_.MarksInForce(), Marks{});
+}
+
+}  // namespace
+}  // namespace rostermill::test
