@@ -27,7 +27,7 @@ std::vector<std::string> ErrorsOf(std::string_view text, LeagueData& league) {
 std::vector<std::string> ErrorsOf(std::string_view text) {
   static const LeagueData sample = SampleLeague();
   LeagueData league = sample;
-  const auto lines = ErrorsOf(text, league);
+  auto lines = ErrorsOf(text, league);
   EXPECT_TRUE(lines.empty() || league == sample) << "changed in spite of errors";
   return lines;
 }
