@@ -2,8 +2,9 @@
 
 #include <algorithm>
 
+#include "league/file_error.h"
+#include "league/file_handle.h"
 #include "league/open_image.h"
-#include <sys/stat.h>
 
 namespace rostermill {
 
@@ -20,10 +21,13 @@ BytesHash HashOfImage(std::span<const std::uint8_t> bytes) {
 }  // namespace
 
 std::optional<FileStamp> StampOf(const std::string& path) {
-  struct stat facts {};
-  if (::stat(path.c_str(), &facts) != 0) return std::nullopt;
-  return FileStamp{static_cast<std::uint64_t>(facts.st_size), Nanoseconds(facts.st_mtim),
-                   Nanoseconds(facts.st_ctim), facts.st_ino, facts.st_dev};
+  try {
+    const struct stat facts = FactsOf(path);
+    return FileStamp{static_cast<std::uint64_t>(facts.st_size), Nanoseconds(facts.st_mtim),
+                     Nanoseconds(facts.st_ctim), facts.st_ino, facts.st_dev};
+  } catch (const FileError&) {
+    return std::nullopt;
+  }
 }
 
 FileState FileStateOf(const std::optional<FileStamp>& stamp, std::span<const std::uint8_t> bytes) {

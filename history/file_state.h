@@ -19,7 +19,7 @@ struct FileStamp {
   bool operator==(const FileStamp&) const = default;
 };
 
-/// Of the file after following links; empty if the system cannot tell. `path` is UTF-8.
+/// Follows links; empty where the system can't say. `path` is UTF-8.
 std::optional<FileStamp> StampOf(const std::string& path);
 
 /// How the program last knew an image, to find out whether another program has changed it since.
@@ -39,7 +39,7 @@ FileState FileStateOf(const std::optional<FileStamp>& stamp, std::span<const std
 /// stamp wasn't known.
 bool StatSaysChanged(const FileState& known, const std::string& path);
 
-/// Whether these bytes, read in the same way, are others than the known ones.
+/// Whether these bytes, read in the same way, differ from the known ones.
 bool BytesDiffer(const FileState& known, std::span<const std::uint8_t> bytes);
 
 }  // namespace rostermill

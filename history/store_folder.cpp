@@ -9,7 +9,6 @@
 #include <span>
 #include <system_error>
 #include <thread>
-#include <utility>
 
 #include "history/bytes_hash.h"
 #include "league/file_access.h"
@@ -37,12 +36,12 @@ std::string CanonicalPath(const std::string& path) {
 
 /// Makes a new name in this folder survive a power cut.
 void SyncFolder(const std::string& folder) {
-  const int handle = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  const bool synced = handle >= 0 && ::fsync(handle) == 0;
-  const int number = errno;
-  if (handle >= 0) ::close(handle);
-  // Some file systems can't sync a folder and say so with EINVAL.
-  if (!synced && number != EINVAL) FailWith(number);
+  try {
+    FileHandle(folder, O_RDONLY | O_DIRECTORY).Sync();
+  } catch (const FileError& error) {
+    // Some file systems can't sync a folder and say so.
+    if (error.Number() != EINVAL) throw;
+  }
 }
 
 void MakePrivateFolder(const std::string& folder) {
@@ -73,11 +72,6 @@ void ForEachEntry(const std::string& folder, const Use& use) {
   if (error == std::errc::no_such_file_or_directory) return;
   for (; !error && entry != fs::directory_iterator(); entry.increment(error)) use(*entry);
   if (error) FailWith(error.value());
-}
-
-int OpenLock(const std::string& path, FileLock::Kind kind) {
-  const int flags = kind == FileLock::Kind::Shared ? O_RDONLY : O_RDWR | O_CREAT;
-  return ::open(path.c_str(), flags | O_CLOEXEC, 0600);
 }
 
 }  // namespace
@@ -138,36 +132,28 @@ void RemoveFile(const std::string& path) {
 }
 
 FileLock::FileLock(const std::string& path, Kind kind, std::chrono::milliseconds patience)
-    : handle_(OpenLock(path, kind)) {
-  if (handle_ < 0) FailWith(errno);
+    : file_(path, kind == Kind::Shared ? O_RDONLY : O_RDWR | O_CREAT, 0600) {
   const auto end = std::chrono::steady_clock::now() + patience;
   const int operation = (kind == Kind::Shared ? LOCK_SH : LOCK_EX) | LOCK_NB;
-  while (::flock(handle_, operation) != 0) {
-    const int number = errno;
-    const bool taken = number == EWOULDBLOCK || number == EINTR;
-    if (taken && std::chrono::steady_clock::now() < end) {
-      std::this_thread::sleep_for(std::chrono::milliseconds(5));
-      continue;
+  while (::flock(file_.Number(), operation) != 0) {
+    if (errno != EWOULDBLOCK && errno != EINTR) FailWith(errno);
+    if (std::chrono::steady_clock::now() >= end) {
+      throw HistoryError("Another program is using " + fs::path(path).parent_path().string() +
+                         " and has not finished.");
     }
-    ::close(handle_);
-    if (!taken) FailWith(number);
-    throw HistoryError("Another program is using " + fs::path(path).parent_path().string() +
-                       " and has not finished.");
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
   }
 }
 
-FileLock::~FileLock() {
-  if (handle_ >= 0) ::close(handle_);
-}
-
-FileLock::FileLock(FileLock&& other) noexcept : handle_(std::exchange(other.handle_, -1)) {}
-
 bool FileLock::IsHeld(const std::string& path) {
-  const int handle = OpenLock(path, Kind::Shared);
-  if (handle < 0) return errno != ENOENT;
-  const bool held = ::flock(handle, LOCK_SH | LOCK_NB) != 0;
-  ::close(handle);
-  return held;
+  try {
+    const FileHandle file(path, O_RDONLY);
+    return ::flock(file.Number(), LOCK_SH | LOCK_NB) != 0;
+  } catch (const FileMissing&) {
+    return false;
+  } catch (const FileError&) {
+    return true;
+  }
 }
 
 FileLock LockStore(const std::string& base) {

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "league/file_handle.h"
+
 namespace rostermill {
 
 // The folders in which versions and unsaved changes are kept: a base folder with one folder an
@@ -53,16 +55,13 @@ class FileLock {
   /// Makes the file where it is missing. Throws HistoryError when others hold the lock all the
   /// while, FileError when there can be no lock.
   FileLock(const std::string& path, Kind kind, std::chrono::milliseconds patience);
-  ~FileLock();
-  FileLock(FileLock&& other) noexcept;
-  FileLock& operator=(FileLock&&) = delete;
 
   /// Whether anybody, this process included, holds the lock exclusively, or may hold it: true where
   /// that can't be found out.
   static bool IsHeld(const std::string& path);
 
  private:
-  int handle_;
+  FileHandle file_;
 };
 
 /// The one lock on all that is kept below the base folder, for writing. Makes the base folder where

@@ -172,6 +172,7 @@ std::vector<UnsavedState> UnsavedStore::List() const {
   auto row = LeftEntries(folder_);
   TakeEqual(row);
   std::vector<UnsavedState> states;
+  states.reserve(row.size());
   for (const Entry& entry : row) states.push_back(entry.Facts);
   if (states.size() > RowLength) states.resize(RowLength);
   return states;

@@ -148,7 +148,7 @@ void Store(Contents& own, Kept& kept, std::span<const std::uint8_t> bytes) {
     kept.Name = NameOf(kept);
     std::error_code error;
     std::filesystem::rename(same->Path(), kept.Path(), error);
-    if (error) throw FileError(error.value(), error.message());
+    if (error) FailWith(error.value());
     versions.erase(same);
   }
   versions.push_back(kept);

@@ -107,9 +107,9 @@ class HistoryFaults : public testing::Test {
   std::string base_ = folder_.Path("versions");
   std::string image_ = folder_.Path("league.nes");
   Bytes old_ = {'o', 'l', 'd'};
+  bool from_nothing_ = false;
   VersionStore versions_{base_, {2, 500'000'000}};
   std::set<std::string> refused_;
-  bool from_nothing_ = false;  ///< nothing has been kept before
 };
 
 TEST_F(HistoryFaults, AVersionIsKeptWholeOrNotAtAllAndTheOthersStay) {
