@@ -6,7 +6,6 @@
 #include <cstdio>
 #include <filesystem>
 #include <functional>
-#include <span>
 #include <system_error>
 #include <thread>
 
@@ -24,16 +23,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-std::span<const std::uint8_t> AsBytes(const std::string& text) {
-  return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
-}
-
-std::string CanonicalPath(const std::string& path) {
-  std::error_code error;
-  const fs::path canonical = fs::weakly_canonical(path, error);
-  return error ? fs::absolute(path).lexically_normal().string() : canonical.string();
-}
-
 /// Makes a new name in this folder survive a power cut.
 void SyncFolder(const std::string& folder) {
   try {
@@ -44,24 +33,16 @@ void SyncFolder(const std::string& folder) {
   }
 }
 
-void MakePrivateFolder(const std::string& folder) {
-  if (::mkdir(folder.c_str(), 0700) == 0) {
-    SyncFolder(fs::path(folder).parent_path().string());
-    return;
-  }
-  const int number = errno;
-  std::error_code ignored;
-  if (number != EEXIST) FailWith(number);
-  if (!fs::is_directory(folder, ignored)) FailWith(ENOTDIR);
-}
-
-void MakeBaseFolder(const std::string& base) {
-  fs::path folder(base);
-  if (!folder.has_filename()) folder = folder.parent_path();
+/// Makes a folder and those above it, as far as they are missing, for the user alone.
+void MakeFolder(const fs::path& folder) {
   std::error_code error;
-  fs::create_directories(folder.parent_path(), error);
-  if (error) FailWith(error.value());
-  MakePrivateFolder(folder.string());
+  if (fs::is_directory(folder, error)) return;
+  const fs::path parent = folder.parent_path();
+  if (parent != folder) MakeFolder(parent);
+  // Another program may make it at the same time.
+  if (::mkdir(folder.c_str(), 0700) != 0 && errno != EEXIST) FailWith(errno);
+  if (!fs::is_directory(folder, error)) FailWith(ENOTDIR);
+  SyncFolder(parent.string());
 }
 
 /// Calls `use` for every entry; does nothing where the folder isn't there.
@@ -76,6 +57,12 @@ void ForEachEntry(const std::string& folder, const Use& use) {
 
 }  // namespace
 
+std::string CanonicalPath(const std::string& image) {
+  std::error_code error;
+  const fs::path canonical = fs::weakly_canonical(image, error);
+  return error ? fs::absolute(image).lexically_normal().string() : canonical.string();
+}
+
 std::string ImageFolder(const std::string& base, const std::string& image) {
   const std::string path = CanonicalPath(image);
   std::string name = fs::path(path).filename().string().substr(0, 40);
@@ -88,16 +75,14 @@ std::string ImageFolder(const std::string& base, const std::string& image) {
   return (fs::path(base) / (name + "-" + hash)).string();
 }
 
-void MakeImageFolder(const std::string& base, const std::string& image) {
-  const std::string folder = ImageFolder(base, image);
-  MakePrivateFolder(folder);
+void MakeImageFolder(const std::string& folder, const std::string& canonical_path) {
+  MakeFolder(folder);
   const std::string note = folder + "/image.txt";
-  if (KindOf(note) == PathKind::RegularFile) return;
-  ReplaceFile(note, AsBytes(CanonicalPath(image) + "\n"));
-  MakePrivate(note);
+  if (KindOf(note) != PathKind::RegularFile) WriteKept(note, AsBytes(canonical_path + "\n"));
 }
 
-void MakePrivate(const std::string& path) {
+void WriteKept(const std::string& path, std::span<const std::uint8_t> bytes) {
+  ReplaceFile(path, bytes);
   std::error_code ignored;
   fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write, ignored);
 }
@@ -131,6 +116,14 @@ void RemoveFile(const std::string& path) {
   if (::unlink(path.c_str()) != 0 && errno != ENOENT) FailWith(errno);
 }
 
+void TryToRemoveFile(const std::string& path) {
+  try {
+    RemoveFile(path);
+  } catch (const FileError&) {
+    return;
+  }
+}
+
 FileLock::FileLock(const std::string& path, Kind kind, std::chrono::milliseconds patience)
     : file_(path, kind == Kind::Shared ? O_RDONLY : O_RDWR | O_CREAT, 0600) {
   const auto end = std::chrono::steady_clock::now() + patience;
@@ -157,7 +150,7 @@ bool FileLock::IsHeld(const std::string& path) {
 }
 
 FileLock LockStore(const std::string& base) {
-  MakeBaseFolder(base);
+  MakeFolder(base);
   return {base + "/lock", FileLock::Kind::Exclusive, std::chrono::seconds(5)};
 }
 

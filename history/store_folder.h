@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstdint>
 #include <optional>
+#include <span>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -20,17 +21,20 @@ class HistoryError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+/// The image's file at the end of all links, by its absolute path.
+std::string CanonicalPath(const std::string& image);
+
 /// The folder of an image below the base folder, whether it is there or not:
 /// "league.nes-" and 16 hexadecimal digits of the hash of the image's canonical path. Links to one
 /// image share a folder; an image that is moved gets another.
 std::string ImageFolder(const std::string& base, const std::string& image);
 
-/// Makes an image's folder where it is missing, and the text "image.txt" in it that names the
-/// image. The base folder has to be there, as it is after LockStore.
-void MakeImageFolder(const std::string& base, const std::string& image);
+/// Makes an image's folder where it is missing, and the text "image.txt" in it with the image's
+/// canonical path.
+void MakeImageFolder(const std::string& folder, const std::string& canonical_path);
 
-/// Gives a file to the user alone; a file system that knows no permissions is left as it is.
-void MakePrivate(const std::string& path);
+/// ReplaceFile, readable by the user alone; a file system without permissions does without them.
+void WriteKept(const std::string& path, std::span<const std::uint8_t> bytes);
 
 struct FoundFile {
   std::string Name;
@@ -45,6 +49,8 @@ std::vector<std::string> FoldersIn(const std::string& folder);
 
 /// A file that isn't there counts as removed.
 void RemoveFile(const std::string& path);
+/// The same for one that can as well be removed another time.
+void TryToRemoveFile(const std::string& path);
 
 /// A lock between processes, by a file that is never read. It ends with the object or the process,
 /// however that ends, and isn't handed to programs that the process starts.

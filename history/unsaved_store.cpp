@@ -18,10 +18,6 @@ constexpr std::string_view first_line = "Rostermill unsaved changes 1";
 /// A league is kept in less than 400 KB.
 constexpr std::size_t longest = 16 * 1024 * 1024;
 
-std::span<const std::uint8_t> AsBytes(std::string_view text) {
-  return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};
-}
-
 std::string StatePath(const std::string& folder, int number) {
   return folder + "/unsaved-" + std::to_string(number) + ".state";
 }
@@ -161,11 +157,7 @@ UnsavedStore::UnsavedStore(std::string base, const std::string& image)
 
 UnsavedStore::~UnsavedStore() {
   if (own_ == 0) return;
-  try {
-    RemoveFile(LockPath(folder_, own_));
-  } catch (const FileError&) {
-    return;  // A free lock says the same.
-  }
+  TryToRemoveFile(LockPath(folder_, own_));  // a free lock says the same
 }
 
 std::vector<UnsavedState> UnsavedStore::List() const {
@@ -188,8 +180,7 @@ void UnsavedStore::Keep(std::string_view state, std::span<const int> brought_bac
   const std::string file = FileOf(state, Origins(brought_back));
   if (own_ != 0) {
     try {
-      ReplaceFile(StatePath(folder_, own_), AsBytes(file));
-      MakePrivate(StatePath(folder_, own_));
+      WriteKept(StatePath(folder_, own_), AsBytes(file));
       return;
     } catch (const FileError& error) {
       // Somebody has removed the folder meanwhile.
@@ -218,13 +209,12 @@ void UnsavedStore::KeepFirst(std::string_view file) {
   own_lock_.reset();
   own_ = 0;
   const FileLock lock = LockStore(base_);
-  MakeImageFolder(base_, image_);
+  MakeImageFolder(folder_, CanonicalPath(image_));
   const auto numbers = NumbersIn(FilesIn(folder_));
   const int number = numbers.empty() ? 1 : *numbers.rbegin() + 1;
   own_lock_.emplace(LockPath(folder_, number), FileLock::Kind::Exclusive, std::chrono::seconds(1));
   own_ = number;
-  ReplaceFile(StatePath(folder_, own_), AsBytes(file));
-  MakePrivate(StatePath(folder_, own_));
+  WriteKept(StatePath(folder_, own_), AsBytes(file));
   TrimRow(folder_);
 }
 

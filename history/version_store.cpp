@@ -139,8 +139,7 @@ void Store(Contents& own, Kept& kept, std::span<const std::uint8_t> bytes) {
   });
   if (same == versions.end()) {
     kept.Name = NameOf(kept);
-    ReplaceFile(kept.Path(), bytes);
-    MakePrivate(kept.Path());
+    WriteKept(kept.Path(), bytes);
   } else {
     const Version facts = same->Facts;
     kept.Facts.Number = facts.Number;
@@ -155,22 +154,13 @@ void Store(Contents& own, Kept& kept, std::span<const std::uint8_t> bytes) {
   own.LastTurn = kept.Turn;
 }
 
-/// What can't be removed now is removed another time.
-void TryToRemove(const std::string& path) {
-  try {
-    RemoveFile(path);
-  } catch (const FileError&) {
-    return;
-  }
-}
-
 /// Drops an image's oldest versions until the limit is met.
 void DropOld(Contents& own, int limit) {
   const auto is_first = [](const Kept& kept) { return kept.Facts.FirstState; };
   auto too_many = std::ssize(own.Versions) - std::ranges::count_if(own.Versions, is_first) - limit;
   std::erase_if(own.Versions, [&](const Kept& kept) {
     if (too_many <= 0 || is_first(kept)) return false;
-    TryToRemove(kept.Path());
+    TryToRemoveFile(kept.Path());
     --too_many;
     return true;
   });
@@ -197,7 +187,7 @@ void DropOverTotal(const std::vector<Contents>& all, const Kept& latest, std::ui
   for (const Candidate& candidate : candidates) {
     if (total <= limit) return;
     if (candidate.Version->Turn == latest.Turn) continue;
-    TryToRemove(candidate.Version->Path());
+    TryToRemoveFile(candidate.Version->Path());
     total -= candidate.Version->Size();
   }
 }
@@ -222,10 +212,11 @@ int VersionStore::Keep(const std::string& image, const FileStart& file,
     throw std::invalid_argument("bad words for a version: " + std::string(what));
   const auto bytes = BytesToKeep(file);
   const FileLock lock = LockStore(base_);
-  MakeImageFolder(base_, image);
-  const std::string folder = ImageFolder(base_, image);
+  const std::string path = CanonicalPath(image);
+  const std::string folder = ImageFolder(base_, path);
+  MakeImageFolder(folder, path);
   Contents own = ContentsOf(folder);
-  for (const std::string& leftover : own.Leftovers) TryToRemove(leftover);
+  for (const std::string& leftover : own.Leftovers) TryToRemoveFile(leftover);
   std::vector<Contents> all = ContentsOfOthers(base_, folder);
 
   Kept kept;

@@ -29,8 +29,10 @@ class HistoryFaults : public testing::Test {
   }
 
   void PutBack() const {
-    fs::remove_all(base_);
-    if (!from_nothing_) fs::copy(folder_.Path("origin"), base_, fs::copy_options::recursive);
+    fs::remove_all(share_);
+    if (from_nothing_) return;
+    fs::create_directory(share_);
+    fs::copy(folder_.Path("origin"), base_, fs::copy_options::recursive);
   }
 
   int KeepVersion(const std::string& text) const {
@@ -104,7 +106,8 @@ class HistoryFaults : public testing::Test {
   }
 
   TempFolder folder_;
-  std::string base_ = folder_.Path("versions");
+  std::string share_ = folder_.Path("share");
+  std::string base_ = share_ + "/versions";
   std::string image_ = folder_.Path("league.nes");
   Bytes old_ = {'o', 'l', 'd'};
   bool from_nothing_ = false;
@@ -236,14 +239,14 @@ TEST_F(HistoryFaults, AVersionIsOnTheDiskBeforeAnotherGoes) {
   EXPECT_LT(at(trace, "fsync", 2), at(trace, "unlink", 1)) << "the file's and the folder's sync";
   EXPECT_LT(at(trace, "unlink", 1), trace.size());
 
-  fs::remove_all(base_);
+  fs::remove_all(share_);
   std::set<std::string> synced;
   std::string opened;
   for (const SystemCall& call : trace_of("new")) {
     if (call.Name == "open") opened = call.Path;
     if (call.Name == "fsync") synced.insert(opened);
   }
-  for (const std::string& folder : {folder_.Path(), base_, ImageFolder(base_, image_)}) {
+  for (const std::string& folder : {folder_.Path(), share_, base_, ImageFolder(base_, image_)}) {
     EXPECT_TRUE(synced.contains(fs::path(folder + "/").parent_path().string())) << folder;
   }
 }
