@@ -138,6 +138,15 @@ FileLock::FileLock(const std::string& path, Kind kind, std::chrono::milliseconds
   }
 }
 
+bool FileLock::IsAt(const std::string& path) const {
+  try {
+    const struct stat own = file_.Facts(), there = FactsOf(path);
+    return own.st_ino == there.st_ino && own.st_dev == there.st_dev;
+  } catch (const FileMissing&) {
+    return false;
+  }
+}
+
 bool FileLock::IsHeld(const std::string& path) {
   try {
     const FileHandle file(path, O_RDONLY);

@@ -62,6 +62,10 @@ class FileLock {
   /// while, FileError when there can be no lock.
   FileLock(const std::string& path, Kind kind, std::chrono::milliseconds patience);
 
+  /// Whether the lock's file is still the one at this path: whoever moves or removes it lets others
+  /// lock a new one. Throws FileError where that can't be found out.
+  bool IsAt(const std::string& path) const;
+
   /// Whether anybody, this process included, holds the lock exclusively, or may hold it: true where
   /// that can't be found out.
   static bool IsHeld(const std::string& path);

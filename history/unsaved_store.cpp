@@ -1,7 +1,6 @@
 #include "history/unsaved_store.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstdio>
 #include <sstream>
 #include <tuple>
@@ -120,15 +119,9 @@ std::vector<Entry> TakeEqual(std::vector<Entry>& row) {
   return equal;
 }
 
-void RemoveEntry(const std::string& folder, int number) {
-  RemoveFile(StatePath(folder, number));
-  RemoveFile(LockPath(folder, number));
-}
-
-/// Locks and unfinished files of editors that were killed.
+/// Locks of editors that have ended, and unfinished files of those that were killed.
 void RemoveLeftovers(const std::string& folder) {
-  const auto files = FilesIn(folder);
-  for (const FoundFile& file : files) {
+  for (const FoundFile& file : FilesIn(folder)) {
     const int number = NumberIn(file.Name);
     if (number == 0 || FileLock::IsHeld(LockPath(folder, number))) continue;
     if (file.Name.starts_with('.') || file.Name.ends_with(".lock")) {
@@ -143,7 +136,7 @@ void TrimRow(const std::string& folder) {
     auto row = LeftEntries(folder);
     auto gone = TakeEqual(row);
     for (std::size_t i = UnsavedStore::RowLength; i < row.size(); ++i) gone.push_back(row[i]);
-    for (const Entry& entry : gone) RemoveEntry(folder, entry.Facts.Number);
+    for (const Entry& entry : gone) RemoveFile(StatePath(folder, entry.Facts.Number));
     RemoveLeftovers(folder);
   } catch (const FileError&) {
     return;
@@ -153,12 +146,7 @@ void TrimRow(const std::string& folder) {
 }  // namespace
 
 UnsavedStore::UnsavedStore(std::string base, const std::string& image)
-    : base_(std::move(base)), image_(image), folder_(ImageFolder(base_, image)) {}
-
-UnsavedStore::~UnsavedStore() {
-  if (own_ == 0) return;
-  TryToRemoveFile(LockPath(folder_, own_));  // a free lock says the same
-}
+    : base_(std::move(base)), image_(CanonicalPath(image)), folder_(ImageFolder(base_, image_)) {}
 
 std::vector<UnsavedState> UnsavedStore::List() const {
   auto row = LeftEntries(folder_);
@@ -178,16 +166,17 @@ std::string UnsavedStore::Read(int number) const {
 
 void UnsavedStore::Keep(std::string_view state, std::span<const int> brought_back) {
   const std::string file = FileOf(state, Origins(brought_back));
-  if (own_ != 0) {
-    try {
-      WriteKept(StatePath(folder_, own_), AsBytes(file));
-      return;
-    } catch (const FileError& error) {
-      // Somebody has removed the folder meanwhile.
-      if (error.Number() != ENOENT) throw;
-    }
+  if (HasOwn()) {
+    WriteKept(StatePath(folder_, own_), AsBytes(file));
+  } else {
+    KeepFirst(file);
   }
-  KeepFirst(file);
+}
+
+/// Whether the editor holds a number. It loses it when somebody removes the folder, since another
+/// editor may make the folder again and take the same number.
+bool UnsavedStore::HasOwn() const {
+  return own_lock_ && own_lock_->IsAt(LockPath(folder_, own_));
 }
 
 /// What was brought back, and what that had been made from: it may leave the row before the save.
@@ -207,19 +196,17 @@ std::set<int> UnsavedStore::Origins(std::span<const int> brought_back) {
 
 void UnsavedStore::KeepFirst(std::string_view file) {
   own_lock_.reset();
-  own_ = 0;
   const FileLock lock = LockStore(base_);
-  MakeImageFolder(folder_, CanonicalPath(image_));
+  MakeImageFolder(folder_, image_);
   const auto numbers = NumbersIn(FilesIn(folder_));
-  const int number = numbers.empty() ? 1 : *numbers.rbegin() + 1;
-  own_lock_.emplace(LockPath(folder_, number), FileLock::Kind::Exclusive, std::chrono::seconds(1));
-  own_ = number;
+  own_ = numbers.empty() ? 1 : *numbers.rbegin() + 1;
+  own_lock_.emplace(LockPath(folder_, own_), FileLock::Kind::Exclusive, std::chrono::seconds(1));
   WriteKept(StatePath(folder_, own_), AsBytes(file));
   TrimRow(folder_);
 }
 
 void UnsavedStore::Drop() {
-  if (own_ != 0) RemoveFile(StatePath(folder_, own_));
+  if (HasOwn()) RemoveFile(StatePath(folder_, own_));
 }
 
 void UnsavedStore::Saved(std::span<const int> brought_back) {
@@ -240,7 +227,7 @@ void UnsavedStore::Remove(int number) {
     for (const Entry& entry : row) {
       if (entry.State == found->State) wanted.push_back(entry.Facts.Number);
     }
-    RemoveEntry(folder_, next);
+    RemoveFile(StatePath(folder_, next));
   }
 }
 

@@ -24,6 +24,8 @@ struct UnsavedState {
 /// file of its own, "unsaved-3.state" in the image's folder, and holds a lock on "unsaved-3.lock"
 /// while it runs. So editors of one image don't touch each other's, and a state whose editor has
 /// left the image or was killed is known by its free lock: it is one of the row that List gives.
+/// Locks of editors that have ended are removed by the first Keep of a later one, so the highest
+/// number stays taken and none is given again.
 ///
 /// What the editor does, and what happens to the state:
 ///
@@ -55,7 +57,6 @@ class UnsavedStore {
 
   /// `base` as for VersionStore.
   UnsavedStore(std::string base, const std::string& image);
-  ~UnsavedStore();
   UnsavedStore(const UnsavedStore&) = delete;
   UnsavedStore& operator=(const UnsavedStore&) = delete;
 
@@ -82,14 +83,15 @@ class UnsavedStore {
   void Remove(int number);
 
  private:
+  bool HasOwn() const;
   void KeepFirst(std::string_view file);
   std::set<int> Origins(std::span<const int> brought_back);
 
   std::string base_;
-  std::string image_;
+  std::string image_;  ///< its canonical path, as it was at the load
   std::string folder_;
   std::map<int, std::set<int>> made_from_;  ///< what was found in the states brought back
-  int own_ = 0;  ///< the number of the editor's own state; 0 before the first Keep
+  int own_ = 0;                             ///< the number of the editor's own state
   std::optional<FileLock> own_lock_;
 };
 

@@ -63,7 +63,8 @@ TEST_F(UnsavedStoreTest, AStateIsFoundOnceItsEditorHasLeft) {
   EXPECT_EQ(Row(), Texts{std::string("two\n\0 and more", 14)});
   EXPECT_GE(Editor().List()[0].When, before);
   EXPECT_LE(Editor().List()[0].When, UtcNow());
-  EXPECT_THAT(Names(), testing::UnorderedElementsAre("image.txt", "unsaved-1.state"));
+  EXPECT_THAT(Names(),
+              testing::UnorderedElementsAre("image.txt", "unsaved-1.lock", "unsaved-1.state"));
   EXPECT_EQ(fs::status(ImageFolder(base_, image_) + "/unsaved-1.state").permissions(),
             fs::perms(0600));
   EXPECT_EQ(UnsavedStore(base_, folder_.Path("other.nes")).List().size(), 0u);
@@ -146,6 +147,17 @@ TEST_F(UnsavedStoreTest, ASaveRemovesWhatWasBroughtBackAndNothingElse) {
   EXPECT_EQ(Row(), (Texts{"unrelated too", "unrelated"}));
 }
 
+// Else a save would remove changes that have got the number of those that were brought back.
+TEST_F(UnsavedStoreTest, ANumberIsNotGivenAgain) {
+  UnsavedStore editor = Editor();
+  editor.Keep("one");
+  Leave("two");
+  Editor().Remove(2);
+  Leave("unrelated");
+  editor.Saved(Marks{2});
+  EXPECT_EQ(Row(), Texts{"unrelated"});
+}
+
 TEST_F(UnsavedStoreTest, DamagedFilesArePassedOverAndStay) {
   Leave("whole");
   Leave("damaged");
@@ -172,14 +184,29 @@ TEST_F(UnsavedStoreTest, DamagedFilesArePassedOverAndStay) {
   }
 }
 
-TEST_F(UnsavedStoreTest, AFolderThatWasRemovedIsMadeAgain) {
-  UnsavedStore editor = Editor();
+// The editor that makes the folder again takes a number that another one had there.
+TEST_F(UnsavedStoreTest, AFolderThatWasRemovedIsMadeAgainByEachEditor) {
+  UnsavedStore first = Editor(), second = Editor();
+  first.Keep("first");
+  fs::rename(base_, base_ + " elsewhere");
+  second.Keep("second");
+  first.Drop();
+  EXPECT_EQ(second.Read(1), "second");
+  first.Keep("first again");
+  EXPECT_EQ(second.Read(1), "second");
+  EXPECT_EQ(first.Read(2), "first again");
+  EXPECT_EQ(Row(), Texts{}) << "their locks have to be there again";
+}
+
+TEST_F(UnsavedStoreTest, AStateBelongsToTheImageThatWasLoadedWhereverItsLinkLeadsSince) {
+  WriteFile(image_, "");
+  fs::create_symlink(image_, folder_.Path("link.nes"));
+  UnsavedStore editor(base_, folder_.Path("link.nes"));
+  fs::remove(folder_.Path("link.nes"));
+  fs::create_symlink(folder_.Path("other.nes"), folder_.Path("link.nes"));
   editor.Keep("one");
-  fs::remove_all(base_);
-  editor.Drop();
-  editor.Keep("two");
-  EXPECT_EQ(editor.Read(1), "two");
-  EXPECT_EQ(Row(), Texts{}) << "its lock has to be there again";
+  EXPECT_EQ(editor.Read(1), "one");
+  EXPECT_FALSE(fs::exists(ImageFolder(base_, folder_.Path("link.nes"))));
 }
 
 TEST_F(UnsavedStoreTest, WhatCannotBeKeptIsSaid) {
