@@ -35,7 +35,7 @@ struct FileState {
 FileState FileStateOf(const std::optional<FileStamp>& stamp, std::span<const std::uint8_t> bytes);
 
 /// Whether the file seems to have been changed since. Asks the system once and opens nothing. No
-/// when the file can't be asked now, since reading it will fail with a better reason; yes when its
+/// when the system can't say now, since reading it will fail with a better reason; yes when its
 /// stamp wasn't known.
 bool StatSaysChanged(const FileState& known, const std::string& path);
 

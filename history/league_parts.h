@@ -26,7 +26,7 @@ void VisitParts(const Visit& visit, int& place, Table& table, Same&... same) {
 }
 
 /// Calls visit(place, part, ...) for each part, with the part of that place of every league given.
-/// All parts of one type stand in one table; `place` counts from 0 in it.
+/// All parts of one type are in one table; `place` counts from 0 in it.
 template <typename Visit, typename... League>
 void ForEachPart(const Visit& visit, League&... leagues) {
   const auto table = [&visit](auto&... tables) {

@@ -94,7 +94,7 @@ std::vector<FoundFile> FilesIn(const std::string& folder) {
     if (entry.is_symlink(error)) return;
     const bool is_file = entry.is_regular_file(error);
     const std::uint64_t size = is_file && !error ? entry.file_size(error) : 0;
-    // A file that can't be asked isn't passed over: its number would be given again.
+    // A file whose size can't be found out isn't passed over: its number would be given again.
     if (error && error != std::errc::no_such_file_or_directory) FailWith(error.value());
     if (is_file && !error) files.push_back({entry.path().filename().string(), size});
   });

@@ -44,7 +44,7 @@ void UnsavedKeeper::Ask(Job job) {
   try {
     worker_ = std::thread([this] { Work(); });
   } catch (const std::system_error&) {
-    Work();  // No thread to be had: slower, but kept.
+    Work();  // no thread can be started: slower, but kept
   }
 }
 

@@ -166,6 +166,7 @@ std::string UnsavedStore::Read(int number) const {
 
 void UnsavedStore::Keep(std::string_view state, std::span<const int> brought_back) {
   const std::string file = FileOf(state, Origins(brought_back));
+  if (file.size() > longest) throw HistoryError("These unsaved changes are too long to be kept.");
   if (HasOwn()) {
     WriteKept(StatePath(folder_, own_), AsBytes(file));
   } else {

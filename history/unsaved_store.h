@@ -67,8 +67,8 @@ class UnsavedStore {
   /// Throws HistoryError when there is no such state or it is damaged.
   std::string Read(int number) const;
 
-  /// Puts this state in place of the editor's own. `brought_back` holds the numbers that have been
-  /// brought back into it, UndoStack::MarksInForce.
+  /// Puts this state, of less than 16 MiB, in place of the editor's own. `brought_back` holds the
+  /// numbers that have been brought back into it, UndoStack::MarksInForce.
   void Keep(std::string_view state, std::span<const int> brought_back = {});
 
   /// Removes the editor's own state, if there is one. What is removed may be there again after a

@@ -46,7 +46,8 @@ class VersionStore {
   /// A file up to this length is kept whole; of a longer one the part that a save changes.
   static constexpr std::size_t LongestKeptWhole = 4 * 1024 * 1024;
 
-  /// `base` is the folder with the folders of all images; it is made by the first Keep.
+  /// `base` is the absolute path of the folder with the folders of all images; the first Keep makes
+  /// it.
   explicit VersionStore(std::string base);
   VersionStore(std::string base, Limits limits);
 

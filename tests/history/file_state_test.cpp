@@ -54,7 +54,7 @@ TEST_F(FileStateTest, EveryWayOfChangingAFileIsSeen) {
   EXPECT_TRUE(StatSaysChanged(known_, path_)) << "a nanosecond";
 }
 
-// Without contents of its own a question would be asked for nothing.
+// Else the user would be asked about a change that isn't one.
 TEST_F(FileStateTest, TheSameBytesOfANewFileAreTheSame) {
   WriteFile(path_, bytes_);
   EXPECT_TRUE(StatSaysChanged(known_, path_));

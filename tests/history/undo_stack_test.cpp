@@ -64,7 +64,7 @@ TEST_F(UndoStackTest, AStepIsTakenBackAndMadeAgain) {
   EXPECT_EQ(league_, changed);
 }
 
-// Would catch a part that is forgotten, and a screen that isn't told about a change.
+// Would catch a part that is forgotten, and a screen that doesn't hear of a change.
 TEST_F(UndoStackTest, EveryPartIsSeenAndSaidToBeTouched) {
   struct Case {
     const char* What;

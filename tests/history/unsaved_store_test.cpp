@@ -221,6 +221,8 @@ TEST_F(UnsavedStoreTest, WhatCannotBeKeptIsSaid) {
   keeper.Keep([] { return std::string("two"); });
   EXPECT_EQ(keeper.Store().Read(1), "two");
   EXPECT_EQ(keeper.TakeFailure(), std::nullopt);
+  EXPECT_THROW(keeper.Store().Keep(std::string(16 * 1024 * 1024, 'x')), HistoryError);
+  EXPECT_EQ(keeper.Store().Read(1), "two") << "what is too long would replace it and be unreadable";
 }
 
 // Would catch a caller that waits, a state between that takes the last one's place, and a drop

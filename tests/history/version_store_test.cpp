@@ -113,7 +113,7 @@ TEST_F(VersionStoreTest, TheFirstStateAndTheLastOnesAreKept) {
 TEST_F(VersionStoreTest, TheSameBytesAreKeptOnceAndBecomeTheLatest) {
   for (const char* text : {"first", "2", "3", "4"}) Keep(text);
   EXPECT_EQ(Keep("3", "league.nes", "before restore"), 3);
-  EXPECT_EQ(Listed(), (Numbers{3, 4, 2, 1})) << "nothing has to go for it";
+  EXPECT_EQ(Listed(), (Numbers{3, 4, 2, 1})) << "nothing is dropped for it";
   EXPECT_EQ(Keep("2", "league.nes", "before restore"), 2);
   EXPECT_EQ(Listed(), (Numbers{2, 3, 4, 1}));
   EXPECT_EQ(store_.List(Image())[0].What, "before restore");
@@ -125,7 +125,7 @@ TEST_F(VersionStoreTest, TheSameBytesAreKeptOnceAndBecomeTheLatest) {
   EXPECT_EQ(std::distance(fs::directory_iterator(ImageFolder(base_, Image())), {}), 5);
 }
 
-TEST_F(VersionStoreTest, ThirtyOthersAndHalfAGigabyteAreKeptIfNotToldOtherwise) {
+TEST_F(VersionStoreTest, ThirtyOthersAndHalfAGigabyteAreKeptByDefault) {
   EXPECT_EQ(VersionStore::Limits{}.Versions, 30);
   EXPECT_EQ(VersionStore::Limits{}.TotalBytes, 500'000'000u);
 }
