@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
+#include <fstream>
 
 #include "league/save_image.h"
 #include "tests/support/damage.h"
@@ -19,8 +20,16 @@ namespace fs = std::filesystem;
 
 /// Mounts a file system of 600 KB, room for an image and a half, that this process alone sees.
 bool MountSmallDisk(const std::string& folder) {
-  const int spaces = geteuid() == 0 ? CLONE_NEWNS : CLONE_NEWNS | CLONE_NEWUSER;
-  return unshare(spaces) == 0 && mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
+  const uid_t user = geteuid();
+  const gid_t group = getegid();
+  if (unshare(user == 0 ? CLONE_NEWNS : CLONE_NEWNS | CLONE_NEWUSER) != 0) return false;
+  if (user != 0) {
+    // Whoever is nobody in there can't make a file.
+    std::ofstream("/proc/self/setgroups") << "deny";
+    std::ofstream("/proc/self/uid_map") << "0 " + std::to_string(user) + " 1";
+    std::ofstream("/proc/self/gid_map") << "0 " + std::to_string(group) + " 1";
+  }
+  return mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) == 0 &&
          mount("tmpfs", folder.c_str(), "tmpfs", 0, "size=600k") == 0;
 }
 
