@@ -119,19 +119,23 @@ void SyncFolder(const fs::path& folder, const FileHandle& file) {
   try {
     FileHandle(folder, O_RDONLY | O_DIRECTORY).Sync();
   } catch (const FileError& error) {
-    // Some file systems can't sync a folder and say so.
-    if (error.Number() == EINVAL) return;
+    int number = error.Number();
     // A folder that may not be read can't be opened, but its whole file system can be synced.
-    if (error.Number() == EACCES && ::syncfs(file.Number()) == 0) return;
-    throw FileNotSynced(error.Number(), error.what());
+    if (number == EACCES) number = ::syncfs(file.Number()) == 0 ? 0 : errno;
+    // EINVAL is from file systems that can't sync a folder.
+    if (number == 0 || number == EINVAL) return;
+    throw FileNotSynced(number, std::generic_category().message(number));
   }
 }
 
-/// Writes a file beside the target and renames it over that. Not QSaveFile: it commits a file after
-/// a short write, ignores a failed sync, and leaves files of a name that can't be told from the
-/// user's own when the program is killed.
-void Replace(const std::string& path, Contents contents, const Yield& yield) {
+/// Writes a file beside the target and renames it over that. `rest`, if not null, is the file that
+/// was at the path, which must still be there. Not QSaveFile: it commits a file after a short
+/// write, ignores a failed sync, and leaves files of a name that can't be told from the user's own
+/// when the program is killed.
+void Replace(const std::string& path, std::span<const std::uint8_t> bytes, const FileHandle* rest,
+             const Yield& yield) {
   const auto old = FactsIfThere(path);
+  if (!old && rest != nullptr) FailWith(ENOENT);
   if (old && !S_ISREG(old->st_mode)) throw NotRegularFile();
   const fs::path target = old ? Canonical(path) : EndOfLinks(path);
   if (old && ::access(target.c_str(), W_OK) != 0) FailWith(errno);
@@ -140,6 +144,7 @@ void Replace(const std::string& path, Contents contents, const Yield& yield) {
   TemporaryFile temporary(target, old ? 0600 : 0666);
   const FileHandle& file = temporary.Handle();
   if (old) CarryOverRights(target, file);
+  Contents contents(bytes, rest);
   Write(file, contents, yield);
   Check(file, contents, yield);
   temporary.ReplaceTarget();
@@ -167,13 +172,13 @@ FileStart ReadFileStart(const std::string& path, std::size_t limit) {
 }
 
 void ReplaceFile(const std::string& path, std::span<const std::uint8_t> bytes) {
-  Replace(path, {bytes, nullptr}, [] {});
+  Replace(path, bytes, nullptr, [] {});
 }
 
 void ReplaceFileStart(const std::string& path, std::span<const std::uint8_t> bytes,
                       const Yield& yield) {
   const FileHandle old = FileHandle::OpenRegular(path);
-  Replace(path, {bytes, &old}, yield);
+  Replace(path, bytes, &old, yield);
 }
 
 }  // namespace rostermill

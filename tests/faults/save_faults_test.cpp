@@ -199,6 +199,13 @@ TEST_F(SaveFaults, ATemporaryFileThatIsGoneIsNotAMissingImage) {
                 "as it was, and your changes are still here. You can try again.");
 }
 
+/// Whenever it goes, it doesn't come back as a new file with other rights.
+TEST_F(SaveFaults, AnImageThatIsGoneInTheMiddleOfASaveIsNotCreated) {
+  const int count = CountsOf(TraceOfSave())["stat"];
+  for (int at = 1; at <= count; ++at) SaveUnder({"stat", at, false, Effect::Error, ENOENT});
+  EXPECT_TRUE(refused_.contains("stat"));
+}
+
 TEST_F(SaveFaults, ImagesWithOneBeginningOfTheirNamesDontTouchEachOther) {
   const std::string longest(243, 'x');
   for (const std::string& start : {std::string(70, 'x'), longest}) {

@@ -175,6 +175,10 @@ TEST_F(SharedFolder, AFolderThatCannotBeReadIsNoReasonForDoubt) {
     StartFaults({});
     return Saves() && CountsOf(StopFaults())["syncfs"] == 1;
   }));
+  EXPECT_TRUE(As(ann, anns_group, {}, [&] {
+    StartFaults({{"syncfs", 1, false, Effect::Error, EIO}});
+    return RefusesWith("could not confirm that it is safe: Input/output error.");
+  })) << "the disk's own fault is the reason, not that the folder can't be read";
   fs::permissions(folder_.Path(), fs::perms(0777));
   EXPECT_EQ(FileBytes(path_)[0x21642], 0x8A);
 }
