@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <system_error>
 
@@ -23,6 +24,12 @@ namespace fs = std::filesystem;
 /// that no single step takes long.
 constexpr std::size_t piece_size = 128 << 10;
 constexpr std::uint64_t synced_size = 32 << 20;
+
+/// Room for a piece. Not a vector, which would be cleared first.
+using Buffer = std::unique_ptr<std::uint8_t[]>;
+Buffer NewBuffer() {
+  return std::make_unique_for_overwrite<std::uint8_t[]>(piece_size);
+}
 
 /// The facts of what the path names in the end; nothing where it names nothing. A system that can't
 /// tell is no reason to take the path for free.
@@ -61,7 +68,7 @@ fs::path EndOfLinks(fs::path path) {
 class Contents {
  public:
   Contents(std::span<const std::uint8_t> bytes, const FileHandle* rest)
-      : bytes_(bytes), rest_(rest), buffer_(rest == nullptr ? 0 : piece_size) {}
+      : bytes_(bytes), rest_(rest) {}
 
   /// The next bytes from `offset` on, good until the next call; empty at the end.
   std::span<const std::uint8_t> PieceAt(std::uint64_t offset) {
@@ -70,13 +77,13 @@ class Contents {
       return bytes_.subspan(start, std::min(piece_size, bytes_.size() - start));
     }
     if (rest_ == nullptr) return {};
-    return std::span(buffer_).first(rest_->ReadAt(offset, buffer_));
+    return {buffer_.get(), rest_->ReadAt(offset, {buffer_.get(), piece_size})};
   }
 
  private:
   std::span<const std::uint8_t> bytes_;
   const FileHandle* rest_;
-  std::vector<std::uint8_t> buffer_;
+  Buffer buffer_ = NewBuffer();
 };
 
 void Write(const FileHandle& file, Contents& contents, const Yield& yield) {
@@ -98,13 +105,13 @@ void Write(const FileHandle& file, Contents& contents, const Yield& yield) {
 
 /// Reads the file back; throws FileError where it isn't what was meant.
 void Check(const FileHandle& file, Contents& contents, const Yield& yield) {
-  std::vector<std::uint8_t> found(piece_size);
+  const Buffer found = NewBuffer();
   std::uint64_t offset = 0;
   bool same = true;
   while (same) {
     const auto piece = contents.PieceAt(offset);
     // At the end there must be nothing more.
-    const auto room = std::span(found).first(std::max<std::size_t>(piece.size(), 1));
+    const std::span room(found.get(), std::max<std::size_t>(piece.size(), 1));
     const std::size_t count = file.ReadAt(offset, room);
     same = std::ranges::equal(piece, room.first(count));
     if (piece.empty()) break;

@@ -1,12 +1,12 @@
 #include "league/temporary_file.h"
 
 #include <QCryptographicHash>
+#include <QRandomGenerator>
 
 #include <algorithm>
 #include <cctype>
 #include <cerrno>
 #include <optional>
-#include <random>
 #include <utility>
 
 #include "league/file_error.h"
@@ -20,6 +20,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
+/// Enough for any 32-bit number to the base of 62.
 constexpr std::size_t random_letters = 6;
 
 /// How the names of the temporary files of `target` begin; no other file has the same. A long name
@@ -40,10 +41,13 @@ std::string PrefixOf(const fs::path& target) {
 std::string RandomLetters() {
   constexpr std::string_view letters =
       "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789";
-  std::random_device random;
-  std::uniform_int_distribution<std::size_t> any(0, letters.size() - 1);
+  // Not std::random_device, which is slow on some virtual machines.
+  std::size_t number = QRandomGenerator::global()->generate();
   std::string text(random_letters, ' ');
-  for (char& letter : text) letter = letters[any(random)];
+  for (char& letter : text) {
+    letter = letters[number % letters.size()];
+    number /= letters.size();
+  }
   return text;
 }
 
