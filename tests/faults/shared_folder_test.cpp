@@ -150,6 +150,16 @@ TEST_F(SharedFolder, TheOwnerOfAListedImageKeepsTheirRights) {
   EXPECT_TRUE(As(ann, anns_group, {}, [&] { return Opens(O_RDWR); }));
 }
 
+/// Members of the saver's group may be in the listed group as well, which is kept out.
+TEST_F(SharedFolder, TheGroupThatAListedImageGetsHasNoWiderRights) {
+  PutImage(ann, players, 0644);
+  if (!SetLists("-m g:41020:-,m:r " + path_)) GTEST_SKIP() << "skipped: " << lists_reason_;
+  EXPECT_TRUE(As(ann, anns_group, {}, [&] { return Saves(); }));
+  EXPECT_EQ(Owned(), "41001:41001 100644");
+  EXPECT_EQ(Lists(), "user::rw-\ngroup::---\ngroup:41020:---\nmask::r--\nother::r--\n\n");
+  EXPECT_FALSE(As(bob, anns_group, {41020}, [&] { return Opens(O_RDONLY); }));
+}
+
 /// A file system that takes no list: the mode alone must not let in whom the list has kept out.
 TEST_F(SharedFolder, RightsThatAreRefusedNeverGetWider) {
   const auto rights_after = [&](const std::string& list) {
