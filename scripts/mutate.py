@@ -91,6 +91,10 @@ class Run:
             for done in [workers.submit(self._work, clone, plans) for clone in self._clones]:
                 done.result()
 
+    def close(self):
+        for clone in self._clones:
+            clone.close()
+
     def _measure(self, programs):
         """Runs the programs without a fault; what takes much longer with one hangs."""
         for program in sorted(programs):
@@ -205,7 +209,7 @@ def main():
     for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
         if signal.getsignal(number) != signal.SIG_IGN:
             signal.signal(number, lambda *_: run.processes.stop())
-    with contextlib.suppress(Stopped):
+    with contextlib.closing(run), contextlib.suppress(Stopped):
         run.go(faults, options.count)
     if run.draw:
         print_summary(run.draw)

@@ -107,7 +107,7 @@ class Clone:
         self._copy_tree()
 
     def close(self):
-        """Leaves the clone to other runs."""
+        """Removes the temporary folder and leaves the clone to other runs."""
         shutil.rmtree(self._scratch, ignore_errors=True)
         self._lock.close()
 

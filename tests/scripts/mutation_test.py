@@ -1,5 +1,7 @@
 """The tools in scripts/mutation: what counts as a fault, and that nothing of it stays."""
 
+import json
+import os
 import shutil
 import subprocess
 import sys
@@ -9,7 +11,8 @@ import time
 import unittest
 from pathlib import Path
 
-sys.path.insert(0, str(Path(__file__).resolve().parents[2] / "scripts"))
+SCRIPTS = Path(__file__).resolve().parents[2] / "scripts"
+sys.path.insert(0, str(SCRIPTS))
 from mutation.clone import Clone, Limit, Processes, Stopped
 from mutation.faults import find_faults, found_again, in_drawn_order
 
@@ -56,6 +59,26 @@ FOUND = {
          "room < 0 -> !(room < 0)", "< -> <=", "0 -> 1"],
     24: ["return; dropped"],
 }
+
+
+# A project whose "compiler" rejects one fault, and whose tests notice all others in the first line.
+PROJECT = {
+    ".gitignore": "/build/\n/temporary/\n",
+    "rows.cpp": "void Go() {\n  if (room == 1) Stop();\n  Rest();\n}\n",
+    "compile.sh": """\
+mkdir -p tests && ! grep -q "== 0" "$1" || exit 1
+printf '#!/bin/sh\\ngrep -q "room == 1) Stop" %s\\n' "$1" >"tests/$2" && chmod +x "tests/$2" && touch "$2.built"
+""",
+    "CMakeLists.txt": """\
+cmake_minimum_required(VERSION 3.22)
+project(Rows NONE)
+foreach(program core_tests window_tests fault_tests)
+  add_custom_command(
+    OUTPUT ${program}.built DEPENDS ${CMAKE_SOURCE_DIR}/rows.cpp
+    COMMAND sh ${CMAKE_SOURCE_DIR}/compile.sh ${CMAKE_SOURCE_DIR}/rows.cpp ${program})
+  add_custom_target(${program} DEPENDS ${program}.built)
+endforeach()
+"""}
 
 
 class Faults(unittest.TestCase):
@@ -122,6 +145,35 @@ class Clones(unittest.TestCase):
         start = time.monotonic()
         self.assertRaises(Stopped, run, "sleep", "60")
         self.assertLess(time.monotonic() - start, 1.9)
+
+
+class Runs(unittest.TestCase):
+    @unittest.skipUnless(shutil.which("git") and shutil.which("ninja"), "needs git and ninja")
+    def test_report_what_lived_and_leave_nothing_in_the_temporary_folder(self):
+        root = Path(tempfile.mkdtemp())
+        self.addCleanup(shutil.rmtree, root)
+        subprocess.run(["git", "init", "-q", root], check=True)
+        shutil.copytree(SCRIPTS, root / "scripts")
+        for name, content in PROJECT.items():
+            (root / name).write_text(content)
+        temporary = root / "temporary"
+        temporary.mkdir()
+
+        def outcomes(*arguments):
+            subprocess.run([sys.executable, "-B", "scripts/mutate.py", *arguments, "--report",
+                            "build/report"], cwd=root, check=True, capture_output=True,
+                           env=os.environ | {"TMPDIR": str(temporary)})
+            self.assertEqual(list(temporary.iterdir()), [])
+            results = json.loads((root / "build/report").read_text())["results"]
+            return {(entry["outcome"], entry["fault"]["before"], entry["fault"]["after"])
+                    for entry in results}
+
+        (root / "build").mkdir()
+        lived = ("lived", "Rest();", "{}")
+        self.assertEqual(outcomes("rows.cpp", "--jobs", "2"), {
+            ("found", "==", "!="), ("found", "1", "2"), ("void", "1", "0"),
+            ("found", "Stop();", "{}"), lived})
+        self.assertEqual(outcomes("--only-lived-from", "build/report"), {lived})
 
 
 if __name__ == "__main__":
