@@ -67,7 +67,8 @@ PROJECT = {
     "rows.cpp": "void Go() {\n  if (room == 1) Stop();\n  Rest();\n}\n",
     "compile.sh": """\
 mkdir -p tests && ! grep -q "== 0" "$1" || exit 1
-printf '#!/bin/sh\\ngrep -q "room == 1) Stop" %s\\n' "$1" >"tests/$2" && chmod +x "tests/$2" && touch "$2.built"
+printf '#!/bin/sh\\ngrep -q "room == 1) Stop" %s\\n' "$1" >"tests/$2"
+chmod +x "tests/$2" && touch "$2.built"
 """,
     "CMakeLists.txt": """\
 cmake_minimum_required(VERSION 3.22)
