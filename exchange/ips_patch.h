@@ -6,7 +6,7 @@ namespace rostermill {
 
 /// IPS: "PATCH", records, "EOF". A record is an offset in 3 bytes, a length in 2 and as many bytes;
 /// the length 0 makes it a run: a count in 2 bytes and the byte that is repeated. Numbers have
-/// their high byte first. Three bytes after "EOF", where there are any, are the length to which the
+/// their high byte first. Three bytes after "EOF", if present, are the length to which the
 /// file is cut. Nothing in a patch identifies the file it is made for.
 inline constexpr std::string_view IpsMagic = "PATCH";
 

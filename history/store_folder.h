@@ -41,13 +41,13 @@ struct FoundFile {
   std::uint64_t Size = 0;
 };
 
-/// The regular files of a folder in no order; none where the folder isn't there.
+/// The regular files of a folder in no particular order; none if the folder does not exist.
 std::vector<FoundFile> FilesIn(const std::string& folder);
 
 /// The folders in a folder, by path.
 std::vector<std::string> FoldersIn(const std::string& folder);
 
-/// A file that isn't there counts as removed.
+/// A file that does not exist counts as removed.
 void RemoveFile(const std::string& path);
 /// The same for one that can as well be removed another time.
 void TryToRemoveFile(const std::string& path);

@@ -39,7 +39,7 @@ class AccessList {
     std::uint32_t Id = 0;
   };
 
-  /// All rights where there is no entry of this kind.
+  /// All rights if the list has no entry of this kind.
   unsigned RightsOf(unsigned tag) const;
   unsigned Common(unsigned tags) const;
 

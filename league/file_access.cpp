@@ -31,8 +31,8 @@ Buffer NewBuffer() {
   return std::make_unique_for_overwrite<std::uint8_t[]>(piece_size);
 }
 
-/// The facts of what the path names in the end; nothing where it names nothing. A system that can't
-/// tell is no reason to take the path for free.
+/// The facts of what the path names in the end; empty if it names nothing. Throws if the system
+/// cannot tell, since the path may then be in use.
 std::optional<struct stat> FactsIfThere(const std::string& path) {
   try {
     return FactsOf(path);

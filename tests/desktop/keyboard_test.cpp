@@ -1,6 +1,7 @@
 #include <QAccessible>
 #include <QComboBox>
 #include <QDragEnterEvent>
+#include <QLineEdit>
 #include <QMimeData>
 #include <QRadioButton>
 #include <QWheelEvent>
@@ -161,6 +162,30 @@ TEST_F(AllForms, EveryControlHasANameForAssistiveTechnology) {
       QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(control);
       ASSERT_NE(spoken, nullptr) << NameOf(control);
       EXPECT_FALSE(spoken->text(QAccessible::Name).trimmed().isEmpty()) << NameOf(control);
+    }
+  });
+}
+
+// Catches a field whose caption is missing, hidden, or in another row.
+TEST_F(AllForms, EveryFieldHasItsCaptionOrANameOfItsOwn) {
+  VisitAll([](QWidget& form) {
+    QMap<QWidget*, QLabel*> captions;
+    for (QLabel* label : form.findChildren<QLabel*>()) {
+      if (label->buddy() != nullptr) captions.insert(label->buddy(), label);
+    }
+    for (const auto& [field, caption] : captions.asKeyValueRange()) {
+      const QRect left(caption->mapTo(&form, QPoint()), caption->size());
+      const QRect right(field->mapTo(&form, QPoint()), field->size());
+      EXPECT_TRUE(caption->isVisibleTo(&form)) << NameOf(field);
+      EXPECT_LT(left.right(), right.left()) << NameOf(field);
+      EXPECT_GE(left.center().y(), right.top()) << NameOf(field);
+      EXPECT_LE(left.center().y(), right.bottom()) << NameOf(field);
+    }
+    for (QWidget* field : Controls(form, ByTab)) {
+      const bool typed_or_picked =
+          qobject_cast<QComboBox*>(field) || qobject_cast<QLineEdit*>(field);
+      if (!typed_or_picked || !field->accessibleName().isEmpty()) continue;
+      EXPECT_TRUE(captions.contains(field)) << NameOf(field);
     }
   });
 }
