@@ -116,7 +116,7 @@ int RunOnce(LeagueSession& session, const std::string& what) {
   if (what == "--load") Load(session);
   if (what == "--save") {
     OpenImage image(ReadFileStart(session.ImagePath, OpenImage::WholeSize).Bytes);
-    session.League = ReadLeague(image);
+    session.League() = ReadLeague(image);
     Save(session);
   }
   return 0;
@@ -142,7 +142,7 @@ int main(int argc, char** argv) {
   const std::string bare = work + "bare.nes";
   CompareLoads(session, " of a whole image", 3, true);
   CompareSaves(session, bare, " of a whole image");
-  FillToTheLimits(session.League);
+  FillToTheLimits(session.League());
   Save(session);
   CompareLoads(session, ", texts and 238 games at their limits", 3, true);
   CompareSaves(session, bare, ", texts and 238 games at their limits");

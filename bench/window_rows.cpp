@@ -114,7 +114,7 @@ void CompareForms(ChildArea& area, LeagueSession& session) {
 }
 
 void CompareSeasonGrid(ChildArea& area, LeagueSession& session) {
-  for (ScheduleWeek& week : session.League.ScheduleData) week.GameCount = GamesPerWeek;
+  for (ScheduleWeek& week : session.League().ScheduleData) week.GameCount = GamesPerWeek;
   CompareForm(area, "ViewSchedule, 17 full weeks", [&] { return new ViewSchedule(session); });
 }
 
@@ -239,8 +239,8 @@ void ComparePhotoPages(const LeagueSession& session, const QString& work) {
 void LoadSample(LeagueSession& session, const std::string& bin) {
   session.AppDir = bin + "/";
   OpenImage image(ReadFileStart(session.AppDir + "sample.nes", OpenImage::WholeSize).Bytes);
-  session.League = ReadLeague(image);
-  session.League.PaletteData = ReadPalette(session.AppDir);
+  session.League() = ReadLeague(image);
+  session.League().PaletteData = ReadPalette(session.AppDir);
   session.ImageLoaded = 1;
 }
 

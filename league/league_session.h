@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "league/league_data.h"
@@ -22,10 +23,30 @@ struct LeaderRow {
 /// the formation that has six.
 inline constexpr int LeaderRowLimit = 6 * TeamCount;
 
+/// Changes a league. When it throws, the league that it was given is not used.
+using LeagueChange = std::function<void(LeagueData&)>;
+
 /// The program's state: the league, the path it came from, and the variables with which screens
 /// hand each other their subject. The one instance is created in main.
-struct LeagueSession {
-  LeagueData League;
+class LeagueSession {
+ public:
+  LeagueSession() = default;
+  LeagueSession(const LeagueSession&) = delete;
+  LeagueSession& operator=(const LeagueSession&) = delete;
+
+  const LeagueData& League() const { return league_; }
+
+  /// Changes the league; the only way for a screen. `description` names the step for the user,
+  /// Latin-1: "Save Player: Sam Plover".
+  void Change(const std::string& description, const LeagueChange& change);
+
+  /// Puts another league in place, for a load or an unload. Not a step.
+  void SetLeague(LeagueData league);
+
+  /// Makes every change; whoever keeps the steps sets it. Without one, a change is just made.
+  using Recorder =
+      std::function<void(LeagueData&, const std::string& description, const LeagueChange&)>;
+  void SetRecorder(Recorder recorder) { recorder_ = std::move(recorder); }
 
   std::string ImagePath;  ///< UTF-8 path of the image in use; the target of every save
   int ImageLoaded = 0;    ///< 1 while League holds a loaded image
@@ -59,6 +80,10 @@ struct LeagueSession {
   std::int16_t RosterConference = 1;  ///< 1 AFC, 2 NFC
   std::int16_t ChosenTeam = 0;
   std::int16_t ChosenSlot = 0;
+
+ private:
+  LeagueData league_;
+  Recorder recorder_;
 };
 
 }  // namespace rostermill

@@ -2,11 +2,9 @@
 
 #include <array>
 #include <cerrno>
-#include <memory>
 #include <new>
 #include <stdexcept>
 #include <system_error>
-#include <type_traits>
 #include <utility>
 
 #include "league/file_access.h"
@@ -108,10 +106,7 @@ bool LoadFile(LeagueSession& session, PipelineHost& host) {
   loading.Close();
   if (!FindPalette(session, host)) return false;
   league.PaletteData = ReadPalette(session.AppDir);
-  // Moved over the old one, a short text would keep the memory of the longest that was ever there.
-  static_assert(std::is_nothrow_move_constructible_v<LeagueData>);
-  std::destroy_at(&session.League);
-  std::construct_at(&session.League, std::move(league));
+  session.SetLeague(std::move(league));
   session.ImageLoaded = 1;
   host.Beep();
   return true;
@@ -172,7 +167,9 @@ LoadOutcome LoadImage(LeagueSession& session, PipelineHost& host) {
 }
 
 void ClearLeague(LeagueSession& session, PipelineHost& host) {
-  EmptyLeagueTexts(session.League);
+  LeagueData league = session.League();
+  EmptyLeagueTexts(league);
+  session.SetLeague(std::move(league));
   session.ImageLoaded = 0;
   host.UpdateCommandState();
 }

@@ -76,7 +76,7 @@ SaveOutcome SaveImage(const LeagueSession& session, PipelineHost& host) {
   }
   try {
     const BusyScope busy(host);
-    SaveLeague(session.League, path, [&host] { host.YieldToWindow(); });
+    SaveLeague(session.League(), path, [&host] { host.YieldToWindow(); });
     host.Beep();
   } catch (const std::length_error& error) {
     return Refuse(host, error.what() + std::string("\n\nNothing was written."));

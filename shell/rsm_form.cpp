@@ -106,7 +106,7 @@ void FRSMform::MDIForm_Load() {
 void FRSMform::UpdateCommandState() {
   menu_.SetImageLoaded(session_.ImageLoaded != 0);
   for (int team = 1; team <= TeamCount; ++team) {
-    menu_.TeamItem(team)->setText(PlainCaption(TeamListText(session_.League, team)));
+    menu_.TeamItem(team)->setText(PlainCaption(TeamListText(session_.League(), team)));
   }
 }
 

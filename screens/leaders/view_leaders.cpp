@@ -124,7 +124,7 @@ void ViewLeaders::Form_Load() {
 void ViewLeaders::cmbPosition_Click() {
   const int group = cmbPosition->ListIndex();
   SortFlags = {};
-  RowCount = FillLeaderRows(session_.League, group, session_.LeaderRows);
+  RowCount = FillLeaderRows(session_.League(), group, session_.LeaderRows);
   ColumnCount = LeaderColumnCount(group);
   scrBar->setMaximum(std::max(1, RowCount - rows_on_view + 1));
   scrBar->setValue(1);

@@ -108,7 +108,7 @@ void EditPlayer::Form_Unload() {
 }
 
 void EditPlayer::FillEditPlayer() {
-  const LeagueData& league = session_.League;
+  const LeagueData& league = session_.League();
   const int team = session_.CurTeam;
   const int slot = session_.CurSlot;
   lblTeam->SetText(FromLatin1(TeamTitleText(league, team)));
@@ -169,43 +169,45 @@ void EditPlayer::StepNumber(int direction) {
 }
 
 void EditPlayer::btnSavePlayer_Click() {
-  StoreName();
-  session_.League.NameData[session_.CurTeam][session_.CurSlot].JerseyNumber =
-      ToLatin1(lblNumber->text().mid(1));
-  StoreRatingsAndFace();
-  StoreReturners();
+  const bool named = txtPlayer->Text().contains(' ');
+  if (!named) {
+    txtPlayer->SetText(
+        FromLatin1(PlayerEditText(session_.League(), session_.CurTeam, session_.CurSlot)));
+  }
+  session_.Change("Save Player: " + ToLatin1(txtPlayer->Text()), [&](LeagueData& league) {
+    if (named) StoreName(league);
+    league.NameData[session_.CurTeam][session_.CurSlot].JerseyNumber =
+        ToLatin1(lblNumber->text().mid(1));
+    StoreRatingsAndFace(league);
+    StoreReturners(league);
+  });
   session_.PendingTeamName = LowerText(ToLatin1(lblTeam->text()));
   session_.PendingPlayerName = LowerText(ToLatin1(txtPlayer->Text()));
   emit PlayerSaved();
 }
 
-void EditPlayer::StoreName() {
+void EditPlayer::StoreName(LeagueData& league) {
+  NameRec& name = league.NameData[session_.CurTeam][session_.CurSlot];
   const std::string text = ToLatin1(txtPlayer->Text());
   const std::size_t blank = text.find(' ');
-  if (blank == std::string::npos) {
-    txtPlayer->SetText(
-        FromLatin1(PlayerEditText(session_.League, session_.CurTeam, session_.CurSlot)));
-    return;
-  }
-  NameRec& name = session_.League.NameData[session_.CurTeam][session_.CurSlot];
   name.LastName = UpperText(text.substr(blank + 1));
   name.FirstName = LowerText(text.substr(0, blank));
 }
 
-void EditPlayer::StoreRatingsAndFace() {
+void EditPlayer::StoreRatingsAndFace(LeagueData& league) {
   const int team = session_.CurTeam;
   const int slot = session_.CurSlot;
   for (int place = 0; place < PlacesInUse(GroupOfSlot(slot)); ++place) {
     if (const auto code = RatingToCode(ToLatin1(Frame1->Value(place)))) {
-      SetPlaceCode(session_.League, team, slot, place, *code);
+      SetPlaceCode(league, team, slot, place, *code);
     }
   }
-  SetFace(session_.League, team, slot, lblFace->text().toInt());
+  SetFace(league, team, slot, lblFace->text().toInt());
 }
 
-void EditPlayer::StoreReturners() {
+void EditPlayer::StoreReturners(LeagueData& league) {
   if (GroupOfSlot(session_.CurSlot) != PositionGroup::Skill) return;
-  auto& team = session_.League.SkillData[session_.CurTeam];
+  auto& team = league.SkillData[session_.CurTeam];
   SkillRec& player = team[TableIndexOfSlot(session_.CurSlot)];
   const auto store = [&](std::int16_t SkillRec::*flag, bool ticked) {
     if (ticked) {

@@ -43,9 +43,9 @@ class EditPlayer : public ChildForm {
 
   void StepRating(int place, int direction);
   void StepNumber(int direction);
-  void StoreName();
-  void StoreRatingsAndFace();
-  void StoreReturners();
+  void StoreName(LeagueData& league);
+  void StoreRatingsAndFace(LeagueData& league);
+  void StoreReturners(LeagueData& league);
 
   LeagueSession& session_;
 

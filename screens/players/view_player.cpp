@@ -92,7 +92,7 @@ void ViewPlayer::cmbPlayer_Click() {
 void ViewPlayer::cmbPosition_Click() {
   const int slot = cmbPosition->ListIndex() + 1;
   const int entry =
-      cmbPlayer->findText(FromLatin1(PlayerListText(session_.League, session_.CurTeam, slot)));
+      cmbPlayer->findText(FromLatin1(PlayerListText(session_.League(), session_.CurTeam, slot)));
   if (entry < 0) return ShowFirstTeam();
   const QSignalBlocker silent(cmbPlayer);
   cmbPlayer->SetListIndex(entry);
@@ -104,7 +104,7 @@ void ViewPlayer::FillTeams() {
   cmbTeam->Clear();
   cmbPosition->Clear();
   for (int team = 1; team <= TeamCount; ++team) {
-    cmbTeam->AddItem(FromLatin1(TeamListText(session_.League, team)));
+    cmbTeam->AddItem(FromLatin1(TeamListText(session_.League(), team)));
   }
   for (int slot = 1; slot <= SlotCount; ++slot) {
     cmbPosition->AddItem(FromLatin1(SlotLabels[slot]));
@@ -116,10 +116,10 @@ void ViewPlayer::FillPlayers(int team) {
   const QSignalBlocker silent(cmbPlayer);
   cmbPlayer->Clear();
   for (int slot = 1; slot <= SlotCount; ++slot) {
-    cmbPlayer->AddItem(FromLatin1(PlayerListText(session_.League, team, slot)));
+    cmbPlayer->AddItem(FromLatin1(PlayerListText(session_.League(), team, slot)));
   }
   cmbPlayer->SetListIndex(0);
-  for (const auto& [index, label] : PositionLabels(session_.League.TeamData[team].Formation)) {
+  for (const auto& [index, label] : PositionLabels(session_.League().TeamData[team].Formation)) {
     cmbPosition->SetList(index, FromLatin1(label));
   }
 }
@@ -127,7 +127,7 @@ void ViewPlayer::FillPlayers(int team) {
 int ViewPlayer::PickedTeam() const {
   const std::string picked = ToLatin1(cmbTeam->Text());
   for (int team = 1; team <= TeamCount; ++team) {
-    if (TeamListText(session_.League, team) == picked) return team;
+    if (TeamListText(session_.League(), team) == picked) return team;
   }
   return 0;
 }
@@ -135,7 +135,7 @@ int ViewPlayer::PickedTeam() const {
 int ViewPlayer::PickedSlot(int team) const {
   const std::string picked = ToLatin1(cmbPlayer->Text());
   for (int slot = 1; slot <= SlotCount; ++slot) {
-    if (PlayerListText(session_.League, team, slot) == picked) return slot;
+    if (PlayerListText(session_.League(), team, slot) == picked) return slot;
   }
   return 0;
 }
@@ -148,7 +148,7 @@ void ViewPlayer::ShowFirstTeam() {
 }
 
 void ViewPlayer::ShowPlayer(int team, int slot) {
-  const LeagueData& league = session_.League;
+  const LeagueData& league = session_.League();
   session_.CurTeam = static_cast<std::int16_t>(team);
   session_.CurSlot = static_cast<std::int16_t>(slot);
   const QSignalBlocker silent_player(cmbPlayer);
@@ -186,7 +186,7 @@ void ViewPlayer::ReselectPlayer() {
   FillPlayers(team);
   int slot = PickedSlot(team);
   for (int other = 1; other <= SlotCount; ++other) {
-    if (LowerText(PlayerFullText(session_.League, team, other)) == session_.PendingPlayerName) {
+    if (LowerText(PlayerFullText(session_.League(), team, other)) == session_.PendingPlayerName) {
       slot = other;
       break;
     }

@@ -78,7 +78,7 @@ void frmChoosePlayer::Connect() {
 void frmChoosePlayer::Form_Load() {
   cmbTeam->Clear();
   for (int team = first_team_; team < first_team_ + teams_of_side; ++team) {
-    cmbTeam->AddItem(FromLatin1(TeamListText(session_.League, team)));
+    cmbTeam->AddItem(FromLatin1(TeamListText(session_.League(), team)));
   }
   cmbTeam->SetListIndex(0);
 }
@@ -86,7 +86,7 @@ void frmChoosePlayer::Form_Load() {
 void frmChoosePlayer::cmbTeam_Click() {
   cmbPlayer->Clear();
   for (int slot = base_slot_; slot <= last_slot_; ++slot) {
-    cmbPlayer->AddItem(FromLatin1(PlayerFullText(session_.League, PickedTeam(), slot)));
+    cmbPlayer->AddItem(FromLatin1(PlayerFullText(session_.League(), PickedTeam(), slot)));
   }
   cmbPlayer->SetListIndex(0);
 }

@@ -104,10 +104,10 @@ void frmRoster::Form_Load() {
 
 void frmRoster::RefreshRoster() {
   for (int place = 1; place <= SlotCount; ++place) {
-    const ProbowlRec& rec = session_.League.ProbowlData[session_.RosterConference][place];
-    labels_[place]->ShowPlayer(NamesPlayer(rec)
-                                   ? FromLatin1(PlayerFullText(session_.League, rec.Team, rec.Slot))
-                                   : "(nobody)");
+    const ProbowlRec& rec = session_.League().ProbowlData[session_.RosterConference][place];
+    labels_[place]->ShowPlayer(
+        NamesPlayer(rec) ? FromLatin1(PlayerFullText(session_.League(), rec.Team, rec.Slot))
+                         : "(nobody)");
   }
 }
 
@@ -120,8 +120,13 @@ void frmRoster::lbl_MouseDown(int place, int code, Qt::MouseButtons Button) {
   if (!chooser) return;
   delete chooser.data();
   if (session_.ChosenTeam > 0 && session_.ChosenSlot > 0) {
-    session_.League.ProbowlData[session_.RosterConference][place] = {session_.ChosenTeam,
-                                                                     session_.ChosenSlot};
+    const std::string side = session_.RosterConference == 1 ? "AFC" : "NFC";
+    const std::string player =
+        PlayerEditText(session_.League(), session_.ChosenTeam, session_.ChosenSlot);
+    session_.Change(side + " Roster: " + player, [&](LeagueData& league) {
+      league.ProbowlData[session_.RosterConference][place] = {session_.ChosenTeam,
+                                                              session_.ChosenSlot};
+    });
   }
   RefreshRoster();
 }

@@ -143,12 +143,12 @@ void frmEditSchedule::Connect() {
 void frmEditSchedule::Form_Load() {
   for (ComboBox* box : cmbTeam) {
     box->Clear();
-    for (const TeamRec& team : session_.League.TeamData) {
+    for (const TeamRec& team : session_.League().TeamData) {
       box->AddItem(FromLatin1(team.Abbreviation));
     }
     box->SetText({});
   }
-  WorkSchedule = session_.League.ScheduleData;
+  WorkSchedule = session_.League().ScheduleData;
   LoadWeek(0);
 }
 
@@ -168,7 +168,7 @@ void frmEditSchedule::LoadWeek(std::uint8_t weekNum) {
 
 void frmEditSchedule::FillBox(int Index) {
   const int side = SideOf(Index);
-  const QString wanted = FromLatin1(SideAbbreviation(session_.League, side));
+  const QString wanted = FromLatin1(SideAbbreviation(session_.League(), side));
   ComboBox* box = cmbTeam[Index];
   filled_text_[static_cast<std::size_t>(Index)] = wanted;
   const int item = IsAllStarSide(side) ? -1 : box->findText(wanted);
@@ -194,7 +194,7 @@ void frmEditSchedule::ShowGames() {
 }
 
 void frmEditSchedule::ShowFacts() {
-  const LeagueData& league = session_.League;
+  const LeagueData& league = session_.League();
   const WeekFacts facts = FactsOfWeek(WorkSchedule[CurrentWeek]);
   ShowTeams(*lblTwice, SideList(league, facts.Twice));
   ShowTeams(*lblItself, SideList(league, facts.AgainstItself));
@@ -233,7 +233,7 @@ void frmEditSchedule::cmbTeam_Click(int Index) {
   if (box->ListIndex() < 0) return CompleteText(Index);
   const std::string picked = ToLatin1(box->Text());
   for (int side = 0; side < TeamCount; ++side) {
-    if (SideAbbreviation(session_.League, side) == picked) {
+    if (SideAbbreviation(session_.League(), side) == picked) {
       SideOf(Index) = static_cast<std::int16_t>(side);
       filled_text_[static_cast<std::size_t>(Index)] = box->Text();
       return ShowFacts();
@@ -274,7 +274,8 @@ void frmEditSchedule::keyPressEvent(QKeyEvent* event) {
 void frmEditSchedule::cmdOK_Click() {
   // A button can be pressed while a box still has the focus, and its text is not taken.
   for (int Index = cmbTeam.First(); Index < cmbTeam.Next(); ++Index) cmbTeam_LostFocus(Index);
-  session_.League.ScheduleData = WorkSchedule;
+  session_.Change("Edit Schedule",
+                  [this](LeagueData& league) { league.ScheduleData = WorkSchedule; });
   CloseForm();
 }
 

@@ -36,7 +36,7 @@ void ViewSchedule::Form_Load() {
 }
 
 void ViewSchedule::ShowWeek(int w) {
-  const LeagueData& league = session_.League;
+  const LeagueData& league = session_.League();
   const ScheduleWeek& week = league.ScheduleData[w - 1];
   grdSchedule->SetTextMatrix(w - 1, 0, QString(" Week %1").arg(w));
   for (int game = 1; game <= week.GameCount; ++game) {

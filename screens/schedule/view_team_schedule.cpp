@@ -60,9 +60,9 @@ void ViewTeamSchedule::mousePressEvent(QMouseEvent* event) {
 
 void ViewTeamSchedule::ShowTeam() {
   MarkSelected(false);
-  lblTeamName->SetText(FromLatin1(SideName(session_.League, session_.SchedTeam - 1)));
+  lblTeamName->SetText(FromLatin1(SideName(session_.League(), session_.SchedTeam - 1)));
   for (int w = 0; w < WeekCount; ++w) {
-    lblOpponent[w]->SetText(OpponentText(session_.League.ScheduleData[w]));
+    lblOpponent[w]->SetText(OpponentText(session_.League().ScheduleData[w]));
   }
 }
 
@@ -71,9 +71,9 @@ QString ViewTeamSchedule::OpponentText(const ScheduleWeek& week) const {
   for (int game = 0; game < week.GameCount; ++game) {
     const GamePlace& place = week.Games[game];
     if (place.HomeTeam + 1 == session_.SchedTeam) {
-      text = LowerText(SideName(session_.League, place.AwayTeam));
+      text = LowerText(SideName(session_.League(), place.AwayTeam));
     } else if (place.AwayTeam + 1 == session_.SchedTeam) {
-      text = UpperText(SideName(session_.League, place.HomeTeam));
+      text = UpperText(SideName(session_.League(), place.HomeTeam));
     }
   }
   return FromLatin1(text);

@@ -57,18 +57,20 @@ void frmEditGameSettings::LayOut() {
 }
 
 void frmEditGameSettings::Form_Load() {
-  txtRosterYear->SetText(FromLatin1(session_.League.RosterYear.str()));
+  txtRosterYear->SetText(FromLatin1(session_.League().RosterYear.str()));
   for (int text = 0; text < 3; ++text) {
-    txtLeague[text]->SetText(FromLatin1(session_.League.LeagueText[text + 1].str()));
+    txtLeague[text]->SetText(FromLatin1(session_.League().LeagueText[text + 1].str()));
   }
   txtRosterYear->selectAll();
 }
 
 void frmEditGameSettings::cmdOK_Click() {
-  session_.League.RosterYear = ToLatin1(txtRosterYear->Text());
-  for (int text = 0; text < 3; ++text) {
-    session_.League.LeagueText[text + 1] = ToLatin1(txtLeague[text]->Text());
-  }
+  session_.Change("Game Settings", [this](LeagueData& league) {
+    league.RosterYear = ToLatin1(txtRosterYear->Text());
+    for (int text = 0; text < 3; ++text) {
+      league.LeagueText[text + 1] = ToLatin1(txtLeague[text]->Text());
+    }
+  });
   CloseForm();
 }
 

@@ -34,7 +34,7 @@ ChooseColor::ChooseColor(QWidget* parent, LeagueSession& session, int current_co
 void ChooseColor::BuildControls() {
   for (int index = 0; index < PaletteSize; ++index) {
     ColorBox* box = picColor.Add(new ColorBox({}, box_size));
-    box->SetClickable(ColorNameAndNumber(session_.League, index));
+    box->SetClickable(ColorNameAndNumber(session_.League(), index));
   }
   walk_ = new GridWalk({picColor.begin(), picColor.end()}, columns, this);
   picCurrentColor = new ColorBox("picCurrentColor", current_size);
@@ -79,7 +79,7 @@ void ChooseColor::Form_Load() {
   session_.ColorChoice = static_cast<std::uint16_t>(CurrentColor);
   ShowCurrentColor();
   for (int index = 0; index < PaletteSize; ++index) {
-    ShowColor(*picColor[index], session_.League, index);
+    ShowColor(*picColor[index], session_.League(), index);
   }
   if (CurrentColor < PaletteSize) {
     walk_->SetCurrent(CurrentColor);
@@ -96,8 +96,8 @@ void ChooseColor::CentreOnScreen() {
 }
 
 void ChooseColor::ShowCurrentColor() {
-  ShowColor(*picCurrentColor, session_.League, CurrentColor);
-  lblColor->SetText(ColorName(session_.League, CurrentColor));
+  ShowColor(*picCurrentColor, session_.League(), CurrentColor);
+  lblColor->SetText(ColorName(session_.League(), CurrentColor));
 }
 
 void ChooseColor::picColor_Click(int Index) {

@@ -97,7 +97,7 @@ void ChoosePlay::Form_Load() {
   }
   auto* walk = new GridWalk(cells, columns, this);
   walk->TakeBy(btnOK, [this](int cell) { return cell == session_.PlayChoice; });
-  const int stored = session_.League.TeamPlays[session_.ViewTeam][slot_];
+  const int stored = session_.League().TeamPlays[session_.ViewTeam][slot_];
   ShowChoice(stored);
   if (stored < choices) {
     FocusPlay(stored);

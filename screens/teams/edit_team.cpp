@@ -189,7 +189,7 @@ void EditTeam::Form_Unload() {
 
 void EditTeam::LoadTeam() {
   FillWorkingCopies(session_);
-  cmbFormation->SetListIndex(session_.League.TeamData[session_.ViewTeam].Formation);
+  cmbFormation->SetListIndex(session_.League().TeamData[session_.ViewTeam].Formation);
   txtCity->SetText(FromLatin1(session_.PreviewCity));
   txtName->SetText(FromLatin1(session_.PreviewName));
   txtAbbreviation->SetText(FromLatin1(session_.PreviewAbbreviation));
@@ -199,9 +199,9 @@ void EditTeam::LoadTeam() {
 void EditTeam::FillEditTeam() {
   ShowJerseyColors();
   ShowTextRoom();
-  const TeamRec& team = session_.League.TeamData[session_.ViewTeam];
-  ShowChampColors(picDivChamp, session_.League, team.DivChampColors);
-  ShowChampColors(picConfChamp, session_.League, team.ConfChampColors);
+  const TeamRec& team = session_.League().TeamData[session_.ViewTeam];
+  ShowChampColors(picDivChamp, session_.League(), team.DivChampColors);
+  ShowChampColors(picConfChamp, session_.League(), team.ConfChampColors);
   for (int i = 0; i < play_buttons; ++i) {
     btnPlay[i]->SetCaption(FromLatin1(PlayName(i + 1, session_.PreviewPlays[i + 1])));
   }
@@ -210,9 +210,9 @@ void EditTeam::FillEditTeam() {
 void EditTeam::ShowJerseyColors() {
   for (int i = 0; i < color_buttons; ++i) {
     const int color = JerseyColor(session_, i);
-    btnChange[i]->SetCaption(ColorName(session_.League, color));
+    btnChange[i]->SetCaption(ColorName(session_.League(), color));
     btnChange[i]->setIcon(
-        ColorIcon(ScreenColor(session_.League, color), SwatchSide, devicePixelRatioF()));
+        ColorIcon(ScreenColor(session_.League(), color), SwatchSide, devicePixelRatioF()));
   }
   for (int uniform = 1; uniform <= 2; ++uniform) {
     PaintFigure(*picJersey[uniform + 1], session_, uniform);
@@ -271,30 +271,36 @@ void EditTeam::Option3_Click(int Index) {
   SetSkin(Index, DarkSkin);
 }
 
-void EditTeam::ChooseChampColor(std::uint8_t& color) {
+template <typename Colors>
+void EditTeam::ChooseChampColor(Colors TeamRec::*colors, int color, const std::string& step) {
   session_.ColorSlot = NoColor;
-  ChooseColor(this, session_, color).exec();
+  const int team = session_.ViewTeam;
+  ChooseColor(this, session_, (session_.League().TeamData[team].*colors)[color]).exec();
   if (session_.ColorChoice == NoColor) return;
-  color = static_cast<std::uint8_t>(session_.ColorChoice);
+  session_.Change(step + ": " + TeamTitleText(session_.League(), team), [&](LeagueData& league) {
+    (league.TeamData[team].*colors)[color] = static_cast<std::uint8_t>(session_.ColorChoice);
+  });
   FillEditTeam();
 }
 
 void EditTeam::picDivChamp_Click(int Index) {
-  ChooseChampColor(session_.League.TeamData[session_.ViewTeam].DivChampColors[Index + 1]);
+  ChooseChampColor(&TeamRec::DivChampColors, Index + 1, "Division Champion Color");
 }
 
 void EditTeam::picConfChamp_Click(int Index) {
-  ChooseChampColor(session_.League.TeamData[session_.ViewTeam].ConfChampColors[Index + 1]);
+  ChooseChampColor(&TeamRec::ConfChampColors, Index + 1, "Conference Champion Color");
 }
 
 void EditTeam::btnSave_Click() {
-  StoreWorkingCopies(session_);
-  if (cmbFormation->ListIndex() >= 0) {
-    session_.League.TeamData[session_.ViewTeam].Formation =
-        static_cast<std::uint8_t>(cmbFormation->ListIndex());
-  }
   const std::string list_text =
       UpperText(ToLatin1(txtCity->Text())) + " " + UpperText(ToLatin1(txtName->Text()));
+  session_.Change("Save Team: " + list_text, [this](LeagueData& league) {
+    StoreWorkingCopies(session_, league);
+    if (cmbFormation->ListIndex() >= 0) {
+      league.TeamData[session_.ViewTeam].Formation =
+          static_cast<std::uint8_t>(cmbFormation->ListIndex());
+    }
+  });
   emit TeamSaved(FromLatin1(list_text));
 }
 

@@ -56,7 +56,9 @@ class EditTeam : public ChildForm {
   void ShowJerseyColors();
   void ShowTextRoom();
   void SetSkin(int Index, int skin);
-  void ChooseChampColor(std::uint8_t& color);
+  /// `colors` is one of the team's tables of champion colors; `step` names the change.
+  template <typename Colors>
+  void ChooseChampColor(Colors TeamRec::*colors, int color, const std::string& step);
 
   LeagueSession& session_;
 

@@ -56,7 +56,7 @@ void PaintFigure(PictureBox& box, const LeagueSession& session, int uniform) {
       if (cells[column] == 0) continue;
       const int color = session.PreviewColors[uniform][cells[column]];
       painter.fillRect(block_side * column, block_side * row, block_side, block_side,
-                       ColorBrush(ScreenColor(session.League, color)));
+                       ColorBrush(ScreenColor(session.League(), color)));
     }
   }
   painter.end();

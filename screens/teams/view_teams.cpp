@@ -132,7 +132,7 @@ void ViewTeams::FillList() {
   const QSignalBlocker silent(cmbTeam);
   cmbTeam->Clear();
   for (int team = 1; team <= TeamCount; ++team) {
-    cmbTeam->AddItem(FromLatin1(TeamListText(session_.League, team)));
+    cmbTeam->AddItem(FromLatin1(TeamListText(session_.League(), team)));
   }
   cmbTeam->SetListIndex(0);
 }
@@ -153,7 +153,7 @@ void ViewTeams::cmbTeam_Click() {
   int picked_team = session_.ViewTeam;
   // Of two teams with the same text the later one is shown.
   for (int team = 1; team <= TeamCount; ++team) {
-    if (TeamListText(session_.League, team) == picked) picked_team = team;
+    if (TeamListText(session_.League(), team) == picked) picked_team = team;
   }
   try {
     ShowTeam(picked_team);
@@ -167,7 +167,7 @@ void ViewTeams::cmbTeam_Click() {
 
 void ViewTeams::ShowTeam(int number) {
   session_.ViewTeam = static_cast<std::int16_t>(number);
-  const TeamRec& team = session_.League.TeamData[number];
+  const TeamRec& team = session_.League().TeamData[number];
   lblInfo[0]->SetText(" " + FromLatin1(team.City));
   lblInfo[1]->SetText(" " + FromLatin1(team.Nickname));
   lblInfo[2]->SetText(" " + FromLatin1(team.Abbreviation));
@@ -178,7 +178,7 @@ void ViewTeams::ShowTeam(int number) {
 }
 
 void ViewTeams::ShowColors() {
-  const LeagueData& league = session_.League;
+  const LeagueData& league = session_.League();
   const auto& colors = league.TeamData[session_.ViewTeam].TeamColors;
   lblInfo[3]->SetText(Joined(league, colors[1], colors[3]));
   lblInfo[4]->SetText(Joined(league, colors[4], colors[6]));
@@ -187,7 +187,7 @@ void ViewTeams::ShowColors() {
 }
 
 void ViewTeams::ShowPlays() {
-  const auto& plays = session_.League.TeamPlays[session_.ViewTeam];
+  const auto& plays = session_.League().TeamPlays[session_.ViewTeam];
   for (int slot = plays.first; slot <= plays.last; ++slot) {
     PictureBox& picture = *picRun[slot - 1];
     ShowPlay(picture, session_.AppDir, slot, plays[slot]);

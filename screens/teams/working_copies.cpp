@@ -10,9 +10,8 @@ namespace {
 constexpr int colors_per_uniform = 3;
 
 /// Calls `visit` with each working copy of a color and the team color that it stands for.
-template <typename Session, typename Visit>
-void ForEachColor(Session& session, Visit visit) {
-  auto& colors = session.League.TeamData[session.ViewTeam].TeamColors;
+template <typename Colors, typename Visit>
+void ForEachColor(LeagueSession& session, Colors& colors, Visit visit) {
   for (int uniform = 1; uniform <= 2; ++uniform) {
     for (int color = 1; color <= colors_per_uniform; ++color) {
       visit(session.PreviewColors[uniform][color],
@@ -24,10 +23,10 @@ void ForEachColor(Session& session, Visit visit) {
 }  // namespace
 
 int TeamTextBytesFree(const LeagueSession& session) {
-  const TeamRec& team = session.League.TeamData[session.ViewTeam];
+  const TeamRec& team = session.League().TeamData[session.ViewTeam];
   const auto stored = static_cast<int>(team.City.size() + team.Nickname.size());
   const auto pending = static_cast<int>(session.PreviewCity.size() + session.PreviewName.size());
-  return TeamTextCapacity - TeamTextBytesNeeded(session.League) + stored - pending;
+  return TeamTextCapacity - TeamTextBytesNeeded(session.League()) + stored - pending;
 }
 
 std::string TeamTextRoom(int bytes_free) {
@@ -37,21 +36,23 @@ std::string TeamTextRoom(int bytes_free) {
 }
 
 void FillWorkingCopies(LeagueSession& session) {
-  const TeamRec& team = session.League.TeamData[session.ViewTeam];
-  ForEachColor(session, [](std::int16_t& pending, std::int16_t stored) { pending = stored; });
+  const TeamRec& team = session.League().TeamData[session.ViewTeam];
+  ForEachColor(session, team.TeamColors,
+               [](std::int16_t& pending, std::int16_t stored) { pending = stored; });
   session.PreviewCity = team.City;
   session.PreviewName = team.Nickname;
   session.PreviewAbbreviation = team.Abbreviation;
-  session.PreviewPlays = session.League.TeamPlays[session.ViewTeam];
+  session.PreviewPlays = session.League().TeamPlays[session.ViewTeam];
 }
 
-void StoreWorkingCopies(LeagueSession& session) {
-  TeamRec& team = session.League.TeamData[session.ViewTeam];
+void StoreWorkingCopies(LeagueSession& session, LeagueData& league) {
+  TeamRec& team = league.TeamData[session.ViewTeam];
   team.City = UpperText(session.PreviewCity);
   team.Nickname = UpperText(session.PreviewName);
   team.Abbreviation = PaddedText(UpperText(session.PreviewAbbreviation), AbbreviationLength);
-  ForEachColor(session, [](std::int16_t pending, std::int16_t& stored) { stored = pending; });
-  session.League.TeamPlays[session.ViewTeam] = session.PreviewPlays;
+  ForEachColor(session, team.TeamColors,
+               [](std::int16_t pending, std::int16_t& stored) { stored = pending; });
+  league.TeamPlays[session.ViewTeam] = session.PreviewPlays;
 }
 
 std::int16_t& JerseyColor(LeagueSession& session, int color_slot) {

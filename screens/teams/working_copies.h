@@ -15,9 +15,9 @@ std::string TeamTextRoom(int bytes_free);
 
 /// Copies the colors, texts and plays of the team on view into the working copies.
 void FillWorkingCopies(LeagueSession& session);
-/// Stores the working copies in the team on view: texts in upper case, the abbreviation padded
-/// to 4 characters.
-void StoreWorkingCopies(LeagueSession& session);
+/// Stores the working copies in the team on view, in this league: texts in upper case, the
+/// abbreviation padded to 4 characters.
+void StoreWorkingCopies(LeagueSession& session, LeagueData& league);
 
 /// The working copy of a jersey color: slots 0 and 1 are colors 1 and 3 of the first uniform,
 /// 2 and 3 those of the second. Throws std::out_of_range for any other slot.

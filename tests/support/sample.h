@@ -39,4 +39,10 @@ class TempFolder {
 /// saves sets it to a copy first. The palette is read and AppDir is BinFolder().
 std::unique_ptr<LeagueSession> SampleSession();
 
+/// The session's league, to be changed past the steps and all who follow them. A session is never
+/// const.
+inline LeagueData& LeagueOf(LeagueSession& session) {
+  return const_cast<LeagueData&>(session.League());
+}
+
 }  // namespace rostermill::test

@@ -19,7 +19,7 @@ void VisitProbowl(Tour& tour) {
     driver::ClickButton(chooser, "OK");
   });
   emit Find<PlaceLabel>(roster, "lblK(1)").MouseDown(Qt::LeftButton);
-  const ProbowlRec& punter = tour.Session().League.ProbowlData[2][30];
+  const ProbowlRec& punter = tour.Session().League().ProbowlData[2][30];
   tour.Require(punter.Team == 28 && punter.Slot == 29, "the picked player takes the place");
   tour.Click("frmProbowl", "btnOK");
 }
@@ -30,7 +30,7 @@ void VisitSettings(Tour& tour) {
   driver::Find<QLineEdit>(settings, "txtRosterYear").setText("1991");
   tour.Picture(settings, "game-settings");
   tour.Click("frmEditGameSettings", "cmdOK");
-  tour.Require(tour.Session().League.RosterYear.str() == "1991", "the year is stored");
+  tour.Require(tour.Session().League().RosterYear.str() == "1991", "the year is stored");
 }
 
 }  // namespace rostermill

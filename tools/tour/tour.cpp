@@ -75,7 +75,7 @@ void Tour::StartAndLoad() {
 }
 
 void Tour::SaveAndReload() {
-  const LeagueData changed = session_->League;
+  const LeagueData changed = session_->League();
   driver::OnNextDialog([this](QDialog& question) {
     Picture(question, "save-question");
     driver::ClickButton(question, "Yes");
@@ -89,7 +89,7 @@ void Tour::SaveAndReload() {
   Require(session_->ImageLoaded == 0, "the image is unloaded");
   driver::AnswerNextFileDialog(image_);
   Pick("mFilLoadROM");
-  Require(session_->League == changed, "the saved file holds the changed league");
+  Require(session_->League() == changed, "the saved file holds the changed league");
   Require(driver::DialogsStillExpected() == 0, "every expected dialog opened");
 }
 
