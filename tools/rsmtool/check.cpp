@@ -1,6 +1,7 @@
 #include <algorithm>
 
 #include "exchange/utf8.h"
+#include "exchange/wording.h"
 #include "league/load_image.h"
 #include "league/oddities.h"
 #include "league/player_names.h"
@@ -9,7 +10,6 @@
 #include "tools/rsmtool/commands.h"
 #include "tools/rsmtool/files.h"
 #include "tools/rsmtool/json_writer.h"
-#include "tools/rsmtool/wording.h"
 
 namespace rostermill {
 

@@ -1,4 +1,4 @@
-#include "tools/rsmtool/changes.h"
+#include "exchange/changes.h"
 #include "tools/rsmtool/commands.h"
 #include "tools/rsmtool/files.h"
 #include "tools/rsmtool/json_writer.h"

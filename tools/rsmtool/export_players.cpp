@@ -1,7 +1,7 @@
+#include "exchange/player_table.h"
 #include "tools/rsmtool/commands.h"
 #include "tools/rsmtool/csv.h"
 #include "tools/rsmtool/files.h"
-#include "tools/rsmtool/player_table.h"
 
 namespace rostermill {
 

@@ -1,7 +1,7 @@
+#include "exchange/changes.h"
 #include "league/load_image.h"
 #include "league/quantity_text.h"
 #include "league/save_image.h"
-#include "tools/rsmtool/changes.h"
 #include "tools/rsmtool/commands.h"
 #include "tools/rsmtool/files.h"
 #include "tools/rsmtool/player_import.h"

@@ -6,11 +6,11 @@
 #include <set>
 #include <tuple>
 
+#include "exchange/player_table.h"
 #include "exchange/utf8.h"
+#include "exchange/wording.h"
 #include "screens/players/position_layout.h"
 #include "tools/rsmtool/csv.h"
-#include "tools/rsmtool/player_table.h"
-#include "tools/rsmtool/wording.h"
 
 namespace rostermill {
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <array>
 
+#include "exchange/changes.h"
+#include "exchange/wording.h"
 #include "league/game_settings.h"
 #include "league/load_image.h"
 #include "league/oddities.h"
@@ -15,8 +17,6 @@
 #include "league/schedule.h"
 #include "league/team_colors.h"
 #include "league/team_data.h"
-#include "tools/rsmtool/changes.h"
-#include "tools/rsmtool/wording.h"
 
 namespace rostermill {
 

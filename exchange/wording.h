@@ -8,7 +8,7 @@
 
 namespace rostermill {
 
-// How teams, players and games are called in the tool's lines. All give UTF-8 fit for a terminal.
+// How teams, players and games are called in messages and lists. All give UTF-8 fit for a terminal.
 
 /// Latin-1 bytes of an image as UTF-8, control characters as "\x1B".
 std::string Escaped(std::string_view latin1);

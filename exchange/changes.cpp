@@ -1,13 +1,13 @@
-#include "tools/rsmtool/changes.h"
+#include "exchange/changes.h"
 
 #include <algorithm>
 
+#include "exchange/player_table.h"
+#include "exchange/wording.h"
 #include "league/league_tables.h"
 #include "screens/players/display_text.h"
 #include "screens/players/position_layout.h"
 #include "screens/teams/play_names.h"
-#include "tools/rsmtool/player_table.h"
-#include "tools/rsmtool/wording.h"
 
 namespace rostermill {
 

@@ -1,12 +1,12 @@
-#include "tools/rsmtool/player_table.h"
+#include "exchange/player_table.h"
 
 #include <algorithm>
 #include <charconv>
 
 #include "exchange/utf8.h"
+#include "exchange/wording.h"
 #include "league/league_tables.h"
 #include "screens/players/position_layout.h"
-#include "tools/rsmtool/wording.h"
 
 namespace rostermill {
 

@@ -1,4 +1,4 @@
-#include "tools/rsmtool/wording.h"
+#include "exchange/wording.h"
 
 #include "exchange/utf8.h"
 #include "league/league_tables.h"
