@@ -19,7 +19,6 @@
 #include "toolkit/qt_strings.h"
 
 namespace rostermill::test {
-
 namespace {
 
 enum Group { QB, RB, WR, TE, OL, DL, LB, Secondary, Kicker, Punter };
@@ -313,5 +312,4 @@ TEST_F(ViewLeadersTest, PrintsTheWholeListOnThePrinterAndReportsThatThereIsNone)
 }
 
 }  // namespace
-
 }  // namespace rostermill::test

@@ -13,7 +13,6 @@
 #include "toolkit/qt_strings.h"
 
 namespace rostermill::test {
-
 namespace {
 
 struct LabelRow {
@@ -232,5 +231,4 @@ TEST_F(ProbowlTest, NamesWithMarkupOrWithoutEndAreShownAsTheyAreAndKeepTheFormsS
 }
 
 }  // namespace
-
 }  // namespace rostermill::test

@@ -244,19 +244,6 @@ TEST_F(EditScheduleTest, AVisitChangesNoAllStarSide) {
   EXPECT_EQ(Stored(0, 0).HomeTeam, 2);
 }
 
-TEST_F(EditScheduleTest, APickStoresTheFirstTeamWithItsAbbreviation) {
-  league().TeamData[20].Abbreviation = "AC. ";
-  Open();
-  Box(0).SetListIndex(3);  // the second "AC. ", team number 19
-  ASSERT_EQ(Box(0).Text(), "AC. ");
-  league().TeamData[5].Abbreviation = "NEW ";
-  Type(2, "ae");
-  EXPECT_EQ(Box(2).Text(), "");
-  Press("cmdOK");
-  EXPECT_EQ(Stored(0, 0).AwayTeam, 2);
-  EXPECT_EQ(Stored(0, 1).AwayTeam, 1);
-}
-
 TEST_F(EditScheduleTest, OfTwoTeamsWithOneAbbreviationAVisitKeepsTheHigher) {
   league().TeamData[20].Abbreviation = "AC. ";
   SetGame(league().ScheduleData[0], 0, 19, 19);
@@ -268,11 +255,18 @@ TEST_F(EditScheduleTest, OfTwoTeamsWithOneAbbreviationAVisitKeepsTheHigher) {
   QTest::keyClick(&Box(1), Qt::Key_Escape);
   EXPECT_EQ(Box(1).Text(), "AC. ");
   Type(2, "ac. ");
+  Box(4).SetListIndex(3);  // the second "AC. "
+  ASSERT_EQ(Box(4).Text(), "AC. ");
+  league().TeamData[5].Abbreviation = "NEW ";
+  Type(6, "ae");
+  EXPECT_EQ(Box(6).Text(), "") << "no team has this abbreviation any more";
   Press("cmdOK");
   EXPECT_EQ(Stored(0, 0).AwayTeam, 19);
   EXPECT_EQ(Stored(0, 0).HomeTeam, 19);
   EXPECT_EQ(Stored(0, 1).AwayTeam, 2) << "a typed team is the lower one";
   EXPECT_EQ(Stored(0, 1).HomeTeam, 5);
+  EXPECT_EQ(Stored(0, 2).AwayTeam, 2) << "a picked one too";
+  EXPECT_EQ(Stored(0, 3).AwayTeam, 3);
 }
 
 TEST_F(EditScheduleTest, AnAbbreviationChangedMeanwhileShowsAsItIsNow) {

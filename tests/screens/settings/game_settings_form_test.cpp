@@ -10,7 +10,6 @@
 #include "toolkit/qt_strings.h"
 
 namespace rostermill::test {
-
 namespace {
 
 class GameSettingsFormTest : public testing::Test {
@@ -115,5 +114,4 @@ TEST_F(GameSettingsFormTest, OpeningAndOkKeepsAnyBytes) {
 }
 
 }  // namespace
-
 }  // namespace rostermill::test
