@@ -45,10 +45,10 @@ class PlayerForms : public testing::Test {
   }
   void GoTo(int team, int slot) {
     List("cmbTeam").SetListIndex(List("cmbTeam").findText(
-        FromLatin1(TeamListText(session_->League, team)), Qt::MatchExactly));
+        FromLatin1(TeamListText(LeagueOf(*session_), team)), Qt::MatchExactly));
     List("cmbPosition").SetListIndex(slot - 1);
   }
-  NameRec& Name(int team, int slot) { return session_->League.NameData[team][slot]; }
+  NameRec& Name(int team, int slot) { return LeagueOf(*session_).NameData[team][slot]; }
 
   std::unique_ptr<LeagueSession> session_ = SampleSession();
   ChildArea area_;
@@ -57,7 +57,7 @@ class PlayerForms : public testing::Test {
 };
 
 TEST_F(PlayerForms, OpenOnTheTeamAndPlayerThatSortFirstAndNoWiderForALongName) {
-  for (TeamRec& team : session_->League.TeamData) team.Nickname = std::string(50'000, 'W');
+  for (TeamRec& team : LeagueOf(*session_).TeamData) team.Nickname = std::string(50'000, 'W');
   OpenBoth();
   EXPECT_TRUE(List("cmbTeam").Text().startsWith("BAYOU VERDE W"));
   EXPECT_EQ(session_->CurTeam, 27);
@@ -81,7 +81,7 @@ struct ShownPlayer {
 };
 
 TEST_F(PlayerForms, BothShowAllOfAPlayer) {
-  LeagueData& league = session_->League;
+  LeagueData& league = LeagueOf(*session_);
   league.QBData[8][2] = {0, 1, 2, 3, 0x15, 4, 5, 6, 7};
   league.LineData[8][5] = {8, 9, 10, 11, 0x96};
   for (auto& rec : league.SkillData[8]) rec.KickReturner = rec.PuntReturner = 0;
@@ -154,10 +154,10 @@ TEST_F(PlayerForms, BothShowAllOfAPlayer) {
 
 TEST_F(PlayerForms, NamesakesShowTheLowerSlotAndTeamsOfOneNameTheFirst) {
   Name(3, 5) = Name(3, 9) = {"twin", "BROTHERS", "11"};
-  session_->League.TeamData[9].City = session_->League.TeamData[4].City;
-  session_->League.TeamData[9].Nickname = session_->League.TeamData[4].Nickname;
+  LeagueOf(*session_).TeamData[9].City = LeagueOf(*session_).TeamData[4].City;
+  LeagueOf(*session_).TeamData[9].Nickname = LeagueOf(*session_).TeamData[4].Nickname;
   OpenBoth();
-  session_->League.NameData[3][9].JerseyNumber = "77";
+  LeagueOf(*session_).NameData[3][9].JerseyNumber = "77";
   for (const int from : {1, 5}) {
     GoTo(3, from);
     List("cmbPosition").SetListIndex(8);
@@ -176,7 +176,7 @@ TEST_F(PlayerForms, NamesakesShowTheLowerSlotAndTeamsOfOneNameTheFirst) {
 }
 
 TEST_F(PlayerForms, EachButtonStepsItsOwnRatingOnTheLadderAndTheSaveStoresIt) {
-  const QBRec stored = session_->League.QBData[2][1] = {0, 4, 14, 15, 0x15, 7, 8, 9, 10};
+  const QBRec stored = LeagueOf(*session_).QBData[2][1] = {0, 4, 14, 15, 0x15, 7, 8, 9, 10};
   OpenBoth();
   GoTo(2, 1);
   for (const int place : {0, 4, 6}) Press(MemberName("btnMinus", place));
@@ -186,10 +186,10 @@ TEST_F(PlayerForms, EachButtonStepsItsOwnRatingOnTheLadderAndTheSaveStoresIt) {
   EXPECT_EQ(values, QStringList({"6", "38", "100", "100", "44", "63", "56", "75"}));
   Press("btnPlus(0)", 20);
   EXPECT_EQ(Edited("Label3(0)"), "100");
-  EXPECT_EQ(session_->League.QBData[2][1], stored) << "nothing is stored before the save";
+  EXPECT_EQ(LeagueOf(*session_).QBData[2][1], stored) << "nothing is stored before the save";
   EXPECT_EQ(Viewed("Label3(1)"), "31");
   Press("btnSavePlayer");
-  EXPECT_EQ(session_->League.QBData[2][1], (QBRec{15, 5, 15, 15, 0x15, 6, 9, 8, 11}));
+  EXPECT_EQ(LeagueOf(*session_).QBData[2][1], (QBRec{15, 5, 15, 15, 0x15, 6, 9, 8, 11}));
   EXPECT_EQ(Viewed("Label3(1)"), "38");
 }
 
@@ -242,7 +242,7 @@ TEST_F(PlayerForms, NamesThatCannotBeSplitAreGivenBackAndTheRestIsSaved) {
     EXPECT_EQ(Name(5, 1).FirstName, before.FirstName);
     EXPECT_EQ(Name(5, 1).LastName, before.LastName);
     EXPECT_EQ(Name(5, 1).JerseyNumber, number.toStdString());
-    EXPECT_EQ(NameBox().Text(), FromLatin1(PlayerEditText(session_->League, 5, 1)));
+    EXPECT_EQ(NameBox().Text(), FromLatin1(PlayerEditText(LeagueOf(*session_), 5, 1)));
   }
   for (const auto& [text, first, last] :
        {std::tuple{"Solo ", "solo", ""}, std::tuple{" Alone", "", "ALONE"},
@@ -286,10 +286,10 @@ TEST_F(PlayerForms, APlayerGivenAMatesNameShowsTheLowerSlotOnBothForms) {
 }
 
 TEST_F(PlayerForms, ReturnersMoveWithinTheTeamAtTheSaveOnly) {
-  for (auto& rec : session_->League.SkillData[1]) rec.KickReturner = rec.PuntReturner = 0;
-  session_->League.SkillData[1][5].KickReturner = 1;
-  session_->League.SkillData[2][5].KickReturner = 1;
-  session_->League.SkillData[1][7].PuntReturner = 1;
+  for (auto& rec : LeagueOf(*session_).SkillData[1]) rec.KickReturner = rec.PuntReturner = 0;
+  LeagueOf(*session_).SkillData[1][5].KickReturner = 1;
+  LeagueOf(*session_).SkillData[2][5].KickReturner = 1;
+  LeagueOf(*session_).SkillData[1][7].PuntReturner = 1;
   OpenBoth();
   auto& kick = Find<QCheckBox>(*editor_, "chkKick");
   auto& punt = Find<QCheckBox>(*editor_, "chkPunt");
@@ -300,13 +300,13 @@ TEST_F(PlayerForms, ReturnersMoveWithinTheTeamAtTheSaveOnly) {
   EXPECT_FALSE(kick.isChecked());
   EXPECT_TRUE(punt.isChecked());
   kick.setChecked(true);
-  EXPECT_EQ(session_->League.SkillData[1][5].KickReturner, 1);
+  EXPECT_EQ(LeagueOf(*session_).SkillData[1][5].KickReturner, 1);
   punt.setChecked(false);
   Press("btnSavePlayer");
-  EXPECT_EQ(session_->League.SkillData[1][5].KickReturner, 0);
-  EXPECT_EQ(session_->League.SkillData[1][7].KickReturner, 1);
-  EXPECT_EQ(session_->League.SkillData[1][7].PuntReturner, 0);
-  EXPECT_EQ(session_->League.SkillData[2][5].KickReturner, 1) << "another team's";
+  EXPECT_EQ(LeagueOf(*session_).SkillData[1][5].KickReturner, 0);
+  EXPECT_EQ(LeagueOf(*session_).SkillData[1][7].KickReturner, 1);
+  EXPECT_EQ(LeagueOf(*session_).SkillData[1][7].PuntReturner, 0);
+  EXPECT_EQ(LeagueOf(*session_).SkillData[2][5].KickReturner, 1) << "another team's";
 }
 
 TEST_F(PlayerForms, TheEditorFollowsTheViewerAndClosesWithIt) {
@@ -316,7 +316,7 @@ TEST_F(PlayerForms, TheEditorFollowsTheViewerAndClosesWithIt) {
   Find<QPushButton>(*viewer_, "btnEdit").click();
   EXPECT_EQ(NameBox().Text(), "Not Saved") << "the open editor only comes to the front";
   GoTo(3, 6);
-  EXPECT_EQ(NameBox().Text(), FromLatin1(PlayerEditText(session_->League, 3, 6)));
+  EXPECT_EQ(NameBox().Text(), FromLatin1(PlayerEditText(LeagueOf(*session_), 3, 6)));
   EXPECT_TRUE(session_->EditPlayerOpen);
   Find<QPushButton>(*editor_, "btnClose").click();
   EXPECT_FALSE(session_->EditPlayerOpen);
@@ -332,10 +332,10 @@ TEST_F(PlayerForms, ListsOfAnImageLoadedBeforeAreFilledAnewAtTheFirstPick) {
   for (const char* list : {"cmbPlayer", "cmbTeam", "cmbPosition"}) {
     GoTo(3, 4);
     for (int team = 1; team <= TeamCount; ++team) {
-      session_->League.TeamData[team].City += "S";
-      for (NameRec& name : session_->League.NameData[team]) name.LastName += "X";
+      LeagueOf(*session_).TeamData[team].City += "S";
+      for (NameRec& name : LeagueOf(*session_).NameData[team]) name.LastName += "X";
     }
-    const LeagueData loaded = session_->League;
+    const LeagueData loaded = LeagueOf(*session_);
     List(list).SetListIndex(7);
     const int team = session_->CurTeam;
     const int slot = session_->CurSlot;

@@ -19,7 +19,7 @@ class Photos : public testing::Test {
   ~Photos() override { EXPECT_EQ(DialogsStillExpected(), 0); }
 
   void OpenEditor(int face) {
-    SetFace(session_->League, 1, 1, face);
+    SetFace(LeagueOf(*session_), 1, 1, face);
     editor_ = std::make_unique<EditPlayer>(*session_);
     editor_->show();
   }
@@ -102,9 +102,9 @@ TEST_F(Photos, CellsShowAndGiveTheFacesOfTheirPage) {
     EXPECT_EQ(EditorNumber(), first == 0 ? "127" : "255");
     EXPECT_EQ(EditorFace().Picture(), File(first == 0 ? "7F" : "FF"));
   }
-  EXPECT_EQ(FaceOf(session_->League, 1, 1), 37) << "the league changes at the save only";
+  EXPECT_EQ(FaceOf(LeagueOf(*session_), 1, 1), 37) << "the league changes at the save only";
   Find<QPushButton>(*editor_, "btnSavePlayer").click();
-  EXPECT_EQ(FaceOf(session_->League, 1, 1), 127);
+  EXPECT_EQ(FaceOf(LeagueOf(*session_), 1, 1), 127);
 }
 
 TEST_F(Photos, APickStaysWhenThePageTurnsAndARightClickPicksNothing) {

@@ -51,22 +51,22 @@ class ProbowlTest : public testing::Test {
   QLabel& Label(const QString& name) const { return Find<QLabel>(Roster(), name); }
   std::string Name(const QString& label) const { return ToUtf8(Label(label).text()); }
   void LeftClick(const QString& label) { QTest::mouseClick(&Label(label), Qt::LeftButton); }
-  ProbowlRec& Place(int side, int place) { return session->League.ProbowlData[side][place]; }
+  ProbowlRec& Place(int side, int place) { return LeagueOf(*session).ProbowlData[side][place]; }
   void SetName(int team, int slot, const std::string& first, const std::string& last) {
-    session->League.NameData[team][slot] = {first, last, "00"};
+    LeagueOf(*session).NameData[team][slot] = {first, last, "00"};
   }
   /// The entries that a list should have for the teams, or for the slots of a team.
   QStringList Teams(int first, int last) const {
     QStringList texts;
     for (int team = first; team <= last; ++team) {
-      texts << FromLatin1(TeamListText(session->League, team));
+      texts << FromLatin1(TeamListText(LeagueOf(*session), team));
     }
     return texts;
   }
   QStringList Players(int team, int first, int last) const {
     QStringList texts;
     for (int slot = first; slot <= last; ++slot) {
-      texts << FromLatin1(PlayerFullText(session->League, team, slot));
+      texts << FromLatin1(PlayerFullText(LeagueOf(*session), team, slot));
     }
     return texts;
   }
@@ -107,7 +107,7 @@ TEST_F(ProbowlTest, EveryLabelShowsItsPlaceAndFillsItFromItsGroup) {
       const int place = row.FirstPlace + index;
       EXPECT_EQ(Name(label), "place" + std::to_string(place) + " OLD");
       SetName(16, last_slot, "last", "LISTED");
-      auto expected = session->League.ProbowlData;
+      auto expected = LeagueOf(*session).ProbowlData;
       expected[2][place] = {16, static_cast<std::int16_t>(last_slot)};
       OnNextDialog([&](QDialog& chooser) {
         auto& players = Find<DropDownList>(chooser, "cmbPlayer");
@@ -120,7 +120,7 @@ TEST_F(ProbowlTest, EveryLabelShowsItsPlaceAndFillsItFromItsGroup) {
         Find<QPushButton>(chooser, "btnOK").click();
       });
       LeftClick(label);
-      EXPECT_TRUE(session->League.ProbowlData == expected) << ToUtf8(label);
+      EXPECT_TRUE(LeagueOf(*session).ProbowlData == expected) << ToUtf8(label);
       EXPECT_EQ(Name(label), "last LISTED");
     }
   }
@@ -152,14 +152,14 @@ TEST_F(ProbowlTest, LeavingTheChooserWithoutOkStoresNothingAndRedraws) {
       [](QDialog& chooser) { chooser.close(); }};
   int turn = 0;
   for (const auto& leave : exits) {
-    const auto before = session->League.ProbowlData;
+    const auto before = LeagueOf(*session).ProbowlData;
     session->ChosenTeam = 7;
     const ProbowlRec shown = Place(1, 8);
     const std::string first = "turn" + std::to_string(++turn);
     SetName(shown.Team, shown.Slot, first, "NEW");
     OnNextDialog(leave);
     LeftClick("lblTE(0)");
-    EXPECT_TRUE(session->League.ProbowlData == before) << turn;
+    EXPECT_TRUE(LeagueOf(*session).ProbowlData == before) << turn;
     EXPECT_EQ(Name("lblWR(1)"), first + " NEW");
   }
 }

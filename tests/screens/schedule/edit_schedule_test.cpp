@@ -12,6 +12,7 @@ namespace rostermill {
 namespace {
 
 using test::Find;
+using test::LeagueOf;
 
 /// The editor on a league whose teams 1 to 28 are "AA" to "BB", with 12 games in week 1.
 class EditScheduleTest : public testing::Test {
@@ -40,7 +41,7 @@ class EditScheduleTest : public testing::Test {
     QApplication::setActiveWindow(form.get());
   }
 
-  LeagueData& league() { return session->League; }
+  LeagueData& league() { return LeagueOf(*session); }
   QString Team(int side) {
     return QString::fromStdString(league().TeamData[side + 1].Abbreviation);
   }

@@ -41,7 +41,7 @@ class TeamForms : public testing::Test {
 
   DropDownList& Teams() { return Find<DropDownList>(*viewer_, "cmbTeam"); }
   void GoTo(int team) {
-    const QString text = FromLatin1(TeamListText(session_->League, team));
+    const QString text = FromLatin1(TeamListText(LeagueOf(*session_), team));
     Teams().SetListIndex(Teams().findText(text, Qt::MatchFixedString | Qt::MatchCaseSensitive));
   }
   QString Viewed(const char* label) { return Find<QLabel>(*viewer_, label).text(); }
@@ -57,10 +57,10 @@ class TeamForms : public testing::Test {
     return Find<PictureBox>(*editor_, figure).Picture().pixelColor(3 * column + 1, 3 * row + 1);
   }
   QColor Screen(int index) {
-    const PaletteRec& rec = session_->League.PaletteData[index];
+    const PaletteRec& rec = LeagueOf(*session_).PaletteData[index];
     return {rec.Red, rec.Green, rec.Blue};
   }
-  QString Named(int index) { return FromUtf8(session_->League.PaletteData[index].Name); }
+  QString Named(int index) { return FromUtf8(LeagueOf(*session_).PaletteData[index].Name); }
   QString NameAndNumber(int index) {
     return Named(index) + QString(", %1 ($%2)").arg(index).arg(FromLatin1(HexByteText(index)));
   }
@@ -71,7 +71,7 @@ class TeamForms : public testing::Test {
     return QImage(FromUtf8(BinFolder()) + file)
         .convertToFormat(QImage::Format_ARGB32_Premultiplied);
   }
-  TeamRec& Team(int team) { return session_->League.TeamData[team]; }
+  TeamRec& Team(int team) { return LeagueOf(*session_).TeamData[team]; }
 
   std::unique_ptr<LeagueSession> session_ = SampleSession();
   ChildArea area_;

@@ -11,7 +11,7 @@ TEST_F(TeamForms, TheViewerOpensOnTheTextThatSortsFirstAndShowsOddValues) {
   Team(20).City = "AARDVALE";
   Team(20).Nickname = "& <B>ANTS";
   Team(20).TeamColors = {{0, 22, 33, 0x4F, 6, 63}};
-  session_->League.PaletteData[33].Name = "Bl\xC3\xA5 \xE8\x89\xB2";
+  LeagueOf(*session_).PaletteData[33].Name = "Bl\xC3\xA5 \xE8\x89\xB2";
   OpenViewer();
   EXPECT_EQ(Teams().Text(), "AARDVALE & <B>ANTS");
   EXPECT_EQ(Teams().ListCount(), 28);
@@ -35,8 +35,8 @@ TEST_F(TeamForms, BothShowAllOfATeam) {
               {{0, 6, 45, 12, 22, 63}},
               {{16, 17, 19, 20, 21}},
               {{34, 35, 36, 37}}};
-  session_->League.TeamPlays[9] = {{2, 0, 1, 3, 4, 5, 6, 7}};
-  session_->League.TeamPlays[20] = {{0, 3, 8, 2, 4, 0, 6, 7}};
+  LeagueOf(*session_).TeamPlays[9] = {{2, 0, 1, 3, 4, 5, 6, 7}};
+  LeagueOf(*session_).TeamPlays[20] = {{0, 3, 8, 2, 4, 0, 6, 7}};
   const std::map<int, QStringList> plays{
       {9,
        {"WTE Offtackle Right", "T Power Dive", "Run and Shoot Sweep Right", "One Setback Dive",
@@ -91,7 +91,7 @@ TEST_F(TeamForms, BothShowAllOfATeam) {
       EXPECT_EQ(option->isChecked(), skins.contains(option->objectName()));
     }
     for (int i = 0; i < 8; ++i) {
-      const int choice = session_->League.TeamPlays[number][i + 1];
+      const int choice = LeagueOf(*session_).TeamPlays[number][i + 1];
       auto& box = Find<PictureBox>(*viewer_, MemberName("picRun", i));
       EXPECT_EQ(box.isHidden(), choice > 7);
       if (!box.isHidden()) {
@@ -205,9 +205,9 @@ TEST_F(TeamForms, OddBytesSurviveOKUntouched) {
   Team(12).TeamColors = {{0x4F, 7, 0xFF, 64, 99, 200}};
   Team(12).DivChampColors = {{255, 64, 1, 2, 3}};
   Team(12).Formation = 7;
-  session_->League.TeamPlays[12] = {{8, 9, 0, 1, 2, 3, 4, 9}};
+  LeagueOf(*session_).TeamPlays[12] = {{8, 9, 0, 1, 2, 3, 4, 9}};
   OpenEditor(12);
-  const LeagueData before = session_->League;
+  const LeagueData before = LeagueOf(*session_);
   EXPECT_EQ(Caption("btnChange(1)"), "Unknown FF");
   EXPECT_EQ(Find<ColorBox>(*editor_, "picDivChamp(0)").BackColor(), std::nullopt);
   const QImage figure = Find<PictureBox>(*editor_, "picJersey(2)").Picture();
@@ -218,7 +218,7 @@ TEST_F(TeamForms, OddBytesSurviveOKUntouched) {
     EXPECT_FALSE(Find<QRadioButton>(*editor_, option).isChecked()) << option;
   }
   Press("btnSave");
-  EXPECT_TRUE(session_->League == before);
+  EXPECT_TRUE(LeagueOf(*session_) == before);
 }
 
 TEST_F(TeamForms, TheFiguresShowTheThreeColorsOfTheirOwnUniform) {
