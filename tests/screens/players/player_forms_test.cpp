@@ -1,33 +1,74 @@
 #include <QCheckBox>
+#include <QLabel>
+#include <QMdiSubWindow>
+#include <QPushButton>
 #include <QTest>
+#include <gtest/gtest.h>
 
-#include "tests/screens/players/player_forms_fixture.h"
+#include "screens/players/display_text.h"
+#include "screens/players/edit_player.h"
+#include "screens/players/view_player.h"
+#include "tests/support/dialogs.h"
+#include "tests/support/sample.h"
 #include "tests/support/typing.h"
+#include "toolkit/drop_down_list.h"
+#include "toolkit/qt_strings.h"
 
 namespace rostermill::test {
 namespace {
 
-TEST_F(PlayerForms, TheViewerOpensOnTheTeamAndPlayerThatSortFirst) {
-  OpenViewer();
-  EXPECT_EQ(List("cmbTeam").Text(), "BAYOU VERDE NEWTS");
+/// The player viewer and its editor inside a main window, on the sample league.
+class PlayerForms : public testing::Test {
+ protected:
+  PlayerForms() { area_.resize(1200, 900); }
+
+  void OpenEditor() {
+    Find<QPushButton>(*viewer_, "btnEdit").click();
+    for (QMdiSubWindow* window : area_.subWindowList()) {
+      if (auto* form = qobject_cast<EditPlayer*>(window->widget())) editor_ = form;
+    }
+    ASSERT_NE(editor_, nullptr);
+  }
+  void OpenBoth() {
+    viewer_ = new ViewPlayer(*session_);
+    area_.ShowForm(viewer_);
+    OpenEditor();
+  }
+
+  DropDownList& List(const char* name) { return Find<DropDownList>(*viewer_, name); }
+  QString Viewed(const char* label) { return Find<QLabel>(*viewer_, label).text(); }
+  QString Edited(const QString& label) { return Find<QLabel>(*editor_, label).text(); }
+  TextBox& NameBox() { return Find<TextBox>(*editor_, "txtPlayer"); }
+  QPushButton& Button(const QString& name) { return Find<QPushButton>(*editor_, name); }
+  void Press(const QString& button, int times = 1) {
+    for (int time = 0; time < times; ++time) Button(button).click();
+  }
+  void GoTo(int team, int slot) {
+    List("cmbTeam").SetListIndex(List("cmbTeam").findText(
+        FromLatin1(TeamListText(LeagueOf(*session_), team)), Qt::MatchExactly));
+    List("cmbPosition").SetListIndex(slot - 1);
+  }
+  NameRec& Name(int team, int slot) { return LeagueOf(*session_).NameData[team][slot]; }
+
+  std::unique_ptr<LeagueSession> session_ = SampleSession();
+  ChildArea area_;
+  QPointer<ViewPlayer> viewer_;
+  QPointer<EditPlayer> editor_;
+};
+
+TEST_F(PlayerForms, OpenOnTheTeamAndPlayerThatSortFirstAndNoWiderForALongName) {
+  for (TeamRec& team : LeagueOf(*session_).TeamData) team.Nickname = std::string(50'000, 'W');
+  OpenBoth();
+  EXPECT_TRUE(List("cmbTeam").Text().startsWith("BAYOU VERDE W"));
   EXPECT_EQ(session_->CurTeam, 27);
   EXPECT_EQ(List("cmbPlayer").ListIndex(), 0);
   EXPECT_EQ(List("cmbPlayer").Text(), "BIRCH, quin");
   EXPECT_EQ(List("cmbPosition").Text(), "FS");
   EXPECT_EQ(session_->CurSlot, 27);
-}
-
-TEST_F(PlayerForms, EveryOneOfThe840PlayersIsReached) {
-  OpenViewer();
-  for (int team = 1; team <= TeamCount; ++team) {
-    for (int slot = 1; slot <= SlotCount; ++slot) {
-      GoTo(team, slot);
-      ASSERT_EQ(session_->CurTeam, team);
-      ASSERT_EQ(session_->CurSlot, slot);
-      ASSERT_EQ(List("cmbPlayer").Text(),
-                FromLatin1(PlayerListText(LeagueOf(*session_), team, slot)));
-    }
-  }
+  EXPECT_LT(editor_->sizeHint().width(), 1000);
+  EXPECT_LT(editor_->minimumSizeHint().width(), 1000);
+  EXPECT_EQ(editor_->focusProxy(), &NameBox());
+  EXPECT_EQ(viewer_->focusProxy(), &List("cmbTeam"));
 }
 
 /// What both forms show of a player of team 8, which plays "1RB 4WR".
@@ -39,8 +80,6 @@ struct ShownPlayer {
   QStringList Captions;  // of the places from 4 on
 };
 
-// Catches a control that a form doesn't fill, leaves from the player before, or shows for a group
-// that doesn't have it.
 TEST_F(PlayerForms, BothShowAllOfAPlayer) {
   LeagueData& league = LeagueOf(*session_);
   league.QBData[8][2] = {0, 1, 2, 3, 0x15, 4, 5, 6, 7};
@@ -85,15 +124,19 @@ TEST_F(PlayerForms, BothShowAllOfAPlayer) {
         EXPECT_EQ(Find<QLabel>(*form, MemberName("Label2", place + 1)).text(), captions[place]);
         EXPECT_EQ(Find<QLabel>(*form, MemberName("Label3", place)).text(), player.Values[place]);
       }
+      EXPECT_TRUE(Find<QLabel>(*form, "lblNumber").font().bold());
       EXPECT_EQ(Find<QLabel>(*form, "lblNumber").text(),
                 FromLatin1("#" + Name(8, player.Slot).JerseyNumber));
       EXPECT_EQ(Find<PictureBox>(*form, "imgFace").Picture().convertToFormat(face.format()), face);
     }
-    for (int place = 0; place < 8; ++place) {
-      for (const char* button : {"btnMinus", "btnPlus"}) {
-        EXPECT_EQ(Find<QPushButton>(*editor_, MemberName(button, place)).isVisibleTo(editor_),
-                  place < captions.size());
+    for (const auto& [button, spoken] : {std::pair{"btnMinus", "Lower "}, {"btnPlus", "Raise "}}) {
+      for (int place = 0; place < 8; ++place) {
+        const QPushButton& step = Button(MemberName(button, place));
+        EXPECT_EQ(step.isVisibleTo(editor_), place < captions.size());
+        if (place >= captions.size()) continue;
+        EXPECT_EQ(step.accessibleName(), spoken + captions[place]);
       }
+      EXPECT_EQ(Button(MemberName(button, 8)).accessibleName(), spoken + QString("uniform number"));
     }
     EXPECT_EQ(Edited("lblFace").toInt(), QString(player.Face).toInt(nullptr, 16));
     EXPECT_FALSE(Find<QLabel>(*editor_, "lblFace").isVisibleTo(editor_));
@@ -132,25 +175,22 @@ TEST_F(PlayerForms, NamesakesShowTheLowerSlotAndTeamsOfOneNameTheFirst) {
   EXPECT_EQ(session_->CurTeam, 4);
 }
 
-TEST_F(PlayerForms, StepsStayOnTheLadderAndInTheLabels) {
+TEST_F(PlayerForms, EachButtonStepsItsOwnRatingOnTheLadderAndTheSaveStoresIt) {
+  const QBRec stored = LeagueOf(*session_).QBData[2][1] = {0, 4, 14, 15, 0x15, 7, 8, 9, 10};
   OpenBoth();
   GoTo(2, 1);
-  LeagueOf(*session_).QBData[2][1] = {0, 4, 14, 15, 0, 0, 0, 0, 0};
-  GoTo(2, 2);
-  GoTo(2, 1);
-  Press("btnMinus(0)");
-  Press("btnPlus(1)");
-  Press("btnPlus(2)");
-  Press("btnPlus(3)");
-  EXPECT_EQ(Edited("Label3(0)"), "6");
-  EXPECT_EQ(Edited("Label3(1)"), "38");
-  EXPECT_EQ(Edited("Label3(2)"), "100");
-  EXPECT_EQ(Edited("Label3(3)"), "100");
+  for (const int place : {0, 4, 6}) Press(MemberName("btnMinus", place));
+  for (const int place : {1, 2, 3, 5, 7}) Press(MemberName("btnPlus", place));
+  QStringList values;
+  for (int place = 0; place < 8; ++place) values << Edited(MemberName("Label3", place));
+  EXPECT_EQ(values, QStringList({"6", "38", "100", "100", "44", "63", "56", "75"}));
   Press("btnPlus(0)", 20);
   EXPECT_EQ(Edited("Label3(0)"), "100");
-  EXPECT_EQ(LeagueOf(*session_).QBData[2][1].RunningSpeed, 4)
-      << "nothing is stored before the save";
+  EXPECT_EQ(LeagueOf(*session_).QBData[2][1], stored) << "nothing is stored before the save";
   EXPECT_EQ(Viewed("Label3(1)"), "31");
+  Press("btnSavePlayer");
+  EXPECT_EQ(LeagueOf(*session_).QBData[2][1], (QBRec{15, 5, 15, 15, 0x15, 6, 9, 8, 11}));
+  EXPECT_EQ(Viewed("Label3(1)"), "38");
 }
 
 TEST_F(PlayerForms, TheNumberStepsInDecimalBetween0And99) {
@@ -218,33 +258,19 @@ TEST_F(PlayerForms, NamesThatCannotBeSplitAreGivenBackAndTheRestIsSaved) {
   }
 }
 
-TEST_F(PlayerForms, ANameIsEditedWhereTheCaretStandsAndStoredWithoutControlCharacters) {
-  Name(5, 1).LastName = "SM\nITH";
-  OpenBoth();
-  GoTo(5, 1);
-  Press("btnSavePlayer");
-  EXPECT_EQ(Name(5, 1).LastName, "SM\nITH") << "what an image brought stays as it is";
-  NameBox().SetText("Quin Birch");
-  QTest::keyClick(&NameBox(), Qt::Key_Home);
-  QTest::keyClicks(&NameBox(), "xy");
-  EXPECT_EQ(NameBox().Text(), "xyQuin Birch");
-  Undo(NameBox());
-  EXPECT_EQ(NameBox().Text(), "Quin Birch");
-  NameBox().selectAll();
-  Paste(NameBox(), "bob\nSMITH\x7f\n");
-  Press("btnSavePlayer");
-  EXPECT_EQ(Name(5, 1).FirstName, "bob");
-  EXPECT_EQ(Name(5, 1).LastName, "SMITH");
-}
-
-TEST_F(PlayerForms, ANameLongerThanTheBoxSurvivesASaveOfSomethingElse) {
-  Name(6, 1) = {"bartholomew", "FEATHERSTONEHAUGH", "12"};
+TEST_F(PlayerForms, ALongOrBrokenNameFromTheImageSurvivesASaveAndNoneIsTypedIn) {
+  Name(6, 1) = {"bartholomew", "FEATHERSTONE\nHAUGH", "12"};
   OpenBoth();
   GoTo(6, 1);
   Press("btnPlus(8)");
   Press("btnSavePlayer");
-  EXPECT_EQ(Name(6, 1).LastName, "FEATHERSTONEHAUGH");
+  EXPECT_EQ(Name(6, 1).LastName, "FEATHERSTONE\nHAUGH");
   EXPECT_EQ(session_->CurSlot, 1);
+  NameBox().selectAll();
+  Paste(NameBox(), "bob\nSMITH\x7f\n");
+  Press("btnSavePlayer");
+  EXPECT_EQ(Name(6, 1).FirstName, "bob");
+  EXPECT_EQ(Name(6, 1).LastName, "SMITH");
 }
 
 TEST_F(PlayerForms, APlayerGivenAMatesNameShowsTheLowerSlotOnBothForms) {
@@ -323,27 +349,6 @@ TEST_F(PlayerForms, ListsOfAnImageLoadedBeforeAreFilledAnewAtTheFirstPick) {
       EXPECT_EQ(Name(3, mate).LastName, loaded.NameData[3][mate].LastName) << list << ' ' << mate;
     }
   }
-}
-
-TEST_F(PlayerForms, BothOpenReadyToTypeAndAsWideAsEver) {
-  for (TeamRec& team : LeagueOf(*session_).TeamData) team.City = std::string(50'000, 'W');
-  OpenBoth();
-  EXPECT_LT(editor_->sizeHint().width(), 1000);
-  EXPECT_LT(editor_->minimumSizeHint().width(), 1000);
-  EXPECT_EQ(editor_->focusProxy(), &NameBox());
-  EXPECT_EQ(viewer_->focusProxy(), &List("cmbTeam"));
-}
-
-TEST_F(PlayerForms, AMissingPhotoFallsBackAndThenToNothing) {
-  TempFolder folder;
-  session_->AppDir = folder.Path("");
-  OpenViewer();
-  auto& face = Find<PictureBox>(*viewer_, "imgFace");
-  EXPECT_TRUE(face.Picture().isNull());
-  std::filesystem::create_directory(folder.Path("faces"));
-  std::filesystem::copy_file(BinFolder() + "faces/na.bmp", folder.Path("faces/na.bmp"));
-  GoTo(1, 2);
-  EXPECT_FALSE(face.Picture().isNull());
 }
 
 }  // namespace

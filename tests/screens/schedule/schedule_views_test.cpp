@@ -43,9 +43,7 @@ class ScheduleViewsTest : public testing::Test {
   std::unique_ptr<LeagueSession> session = test::SampleSession();
 };
 
-// Would catch host before visitor, trimmed abbreviations, a stale game in the grid, and columns
-// left at the default width though some week has a game there.
-TEST_F(ScheduleViewsTest, TheGridHoldsTheSeason) {
+TEST_F(ScheduleViewsTest, TheGridShowsVisitorAtHostInTheirWeekWithoutStaleGames) {
   AddGame(0, 0, 1);
   AddGame(0, 28, 29);
   AddGame(16, 1, 27);
@@ -69,7 +67,6 @@ TEST_F(ScheduleViewsTest, TheGridHoldsTheSeason) {
   EXPECT_TRUE(grid.item(16, 1)->toolTip().contains("at WEST&lt;B&gt;MARK MILLS"));
 }
 
-// Would catch a gap beside the grid, and a cursor that walks under the fixed column.
 TEST_F(ScheduleViewsTest, TheGridFillsItsWindowAndKeepsTheWeeksInView) {
   for (int game = 0; game < 14; ++game) AddGame(3, 0, 1);
   ViewSchedule form(*session);
@@ -88,8 +85,6 @@ TEST_F(ScheduleViewsTest, TheGridFillsItsWindowAndKeepsTheWeeksInView) {
   }
 }
 
-// Would catch a copy that leaves out the weeks or breaks rows, and one of more or less than
-// the selection.
 TEST_F(ScheduleViewsTest, TheGridCopiesAsTabSeparatedText) {
   AddGame(0, 0, 1);
   AddGame(1, 1, 0);
@@ -121,9 +116,7 @@ TEST_F(ScheduleViewsTest, TheGridCopiesAsTabSeparatedText) {
             " Week 4\t\tWES. @ P&V \n");
 }
 
-// Would catch the venue's case the wrong way round, the team itself on a line, and the first of
-// two games in a week winning.
-TEST_F(ScheduleViewsTest, ATeamsLinesTellHomeFromAway) {
+TEST_F(ScheduleViewsTest, ATeamsLinesShowHostsInCapitalsAndVisitorsInSmallLetters) {
   AddGame(0, 1, 0);
   AddGame(1, 0, 27);
   AddGame(2, 0, 27);
@@ -158,6 +151,16 @@ TEST_F(ScheduleViewsTest, ATeamsLinesTellHomeFromAway) {
   const QStringList lines = QApplication::clipboard()->text().split('\n');
   EXPECT_EQ(lines[0], "WEST<B>MARK MILLS");
   EXPECT_EQ(lines[2], "Week 2\tharborton sparrows");
+
+  EXPECT_TRUE(Find<QLabel>(form, "lblTeamName").font().bold());
+  for (const bool selected : {true, false}) {
+    if (selected) QTest::keyClick(&form, Qt::Key_A, Qt::ControlModifier);
+    if (!selected) QTest::mouseClick(&form, Qt::LeftButton);
+    for (const char* label : {"lblTeamName", "lblOpponent(0)", "lblOpponent(16)"}) {
+      const auto role = Find<QLabel>(form, label).backgroundRole();
+      EXPECT_EQ(role == QPalette::Highlight, selected) << label;
+    }
+  }
 }
 
 }  // namespace

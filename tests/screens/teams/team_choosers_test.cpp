@@ -1,6 +1,7 @@
 #include <QDir>
 #include <QFile>
 
+#include "screens/teams/play_names.h"
 #include "tests/screens/teams/team_forms_fixture.h"
 #include "toolkit/click_label.h"
 
@@ -54,7 +55,6 @@ TEST_F(TeamForms, AJerseyColorIsPendingUntilOK) {
   EXPECT_EQ(Viewed("lblInfo(3)"), " " + Named(1) + " and " + Named(40));
 }
 
-/// Esc and the close box taken for the same thing.
 TEST_F(TeamForms, CancelEscAndTheCloseBoxKeepAJerseyColor) {
   Team(6).TeamColors[1] = 1;
   OpenEditor(6);
@@ -112,69 +112,59 @@ TEST_F(TeamForms, AnUnknownColorIsKeptByOKAndReplacedByAPick) {
   EXPECT_EQ(session_->PreviewColors[1][1], 0);
 }
 
-/// A first Enter that closes the dialog, or a second one or a double click that doesn't.
 TEST_F(TeamForms, EnterPicksAColorOrPlayAndEnterAgainOrADoubleClickTakesIt) {
   Team(8).TeamColors[1] = 22;
   LeagueOf(*session_).TeamPlays[8][1] = 2;
   OpenEditor(8);
-  const auto enter_twice = [](QDialog& dialog) {
-    QTest::keyClick(dialog.focusWidget(), Qt::Key_Right);
+  const auto enter_twice = [](QDialog& dialog, Qt::Key step) {
+    QTest::keyClick(dialog.focusWidget(), step);
     QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);
     ASSERT_TRUE(dialog.isVisible());
     TakeByEnter(dialog);
   };
-  const auto double_click = [](const char* cell) {
-    return [cell](QDialog& dialog) {
-      auto& picture = Find<QWidget>(dialog, cell);
-      QTest::mouseClick(&picture, Qt::LeftButton);
-      ASSERT_TRUE(dialog.isVisible());
-      QTest::mouseDClick(&picture, Qt::LeftButton);
-      EXPECT_FALSE(dialog.isVisible());
-      if (dialog.isVisible()) dialog.reject();
-    };
-  };
-  OnNextDialog(enter_twice);
-  Press("btnChange(0)");
-  EXPECT_EQ(session_->PreviewColors[1][1], 23);
-  OnNextDialog(double_click("picColor(40)"));
-  Press("btnChange(0)");
-  EXPECT_EQ(session_->PreviewColors[1][1], 40);
-  OnNextDialog(enter_twice);
-  Press("btnPlay(0)");
-  EXPECT_EQ(session_->PreviewPlays[1], 3);
-  OnNextDialog(double_click("picRun(7)"));
-  Press("btnPlay(0)");
-  EXPECT_EQ(session_->PreviewPlays[1], 7);
-  OnNextDialog(double_click("lblName(6)"));
-  Press("btnPlay(0)");
-  EXPECT_EQ(session_->PreviewPlays[1], 6);
-}
-
-/// Rows of another length, a walk that leaves the palette, 64 stops between the colours and OK.
-TEST_F(TeamForms, ArrowKeysWalkTheColorsAndTabLeavesThem) {
-  Team(8).TeamColors[1] = 22;
-  OpenEditor(8);
   OnNextDialog([&](QDialog& dialog) {
-    const auto key = [&](Qt::Key pressed) {
-      QTest::keyClick(dialog.focusWidget(), pressed);
-      return dialog.focusWidget()->objectName();
-    };
+    for (int color = 0; color < 64; ++color) {
+      const auto& box = Find<ColorBox>(dialog, MemberName("picColor", color));
+      EXPECT_EQ(box.BackColor(), Screen(color));
+      EXPECT_EQ(box.toolTip(), NameAndNumber(color));
+      EXPECT_EQ(box.accessibleName(), NameAndNumber(color));
+    }
     EXPECT_EQ(dialog.focusWidget()->objectName(), "picColor(22)");
-    EXPECT_EQ(key(Qt::Key_Right), "picColor(23)");
-    EXPECT_EQ(key(Qt::Key_Down), "picColor(39)");
-    EXPECT_EQ(key(Qt::Key_Down), "picColor(55)");
-    EXPECT_EQ(key(Qt::Key_Down), "picColor(55)");
-    EXPECT_EQ(key(Qt::Key_Up), "picColor(39)");
-    EXPECT_EQ(key(Qt::Key_End), "picColor(47)");
-    EXPECT_EQ(key(Qt::Key_Right), "picColor(47)");
-    EXPECT_EQ(key(Qt::Key_Home), "picColor(32)");
-    EXPECT_EQ(key(Qt::Key_Left), "picColor(32)");
-    EXPECT_EQ(session_->ColorChoice, 22);
-    EXPECT_EQ(Find<ColorBox>(dialog, "picColor(22)").toolTip(), Named(22) + ", 22 ($16)");
-    EXPECT_EQ(key(Qt::Key_Tab), "btnOK");
-    dialog.reject();
+    enter_twice(dialog, Qt::Key_Down);
   });
   Press("btnChange(0)");
+  EXPECT_EQ(session_->PreviewColors[1][1], 38);
+  OnNextDialog([&](QDialog& dialog) { enter_twice(dialog, Qt::Key_Down); });
+  Press("btnPlay(0)");
+  EXPECT_EQ(session_->PreviewPlays[1], 6);
+  OnNextDialog([&](QDialog& dialog) {
+    auto& name = Find<QWidget>(dialog, "lblName(3)");
+    QTest::mouseClick(&name, Qt::LeftButton);
+    ASSERT_TRUE(dialog.isVisible());
+    QTest::mouseDClick(&name, Qt::LeftButton);
+    EXPECT_FALSE(dialog.isVisible());
+    if (dialog.isVisible()) dialog.reject();
+  });
+  Press("btnPlay(0)");
+  EXPECT_EQ(session_->PreviewPlays[1], 3);
+}
+
+TEST_F(TeamForms, ThePlayChooserShowsThePicturesAndNamesOfItsSlot) {
+  OpenEditor(5);
+  for (int slot = 1; slot <= 8; ++slot) {
+    SCOPED_TRACE(slot);
+    OnNextDialog([&](QDialog& dialog) {
+      for (int choice = 0; choice < 8; ++choice) {
+        const QString name = FromLatin1(PlayName(slot, choice));
+        const auto& picture = Find<PictureBox>(dialog, MemberName("picRun", choice));
+        EXPECT_EQ(picture.Picture(), PlayPicture(slot, choice));
+        EXPECT_EQ(picture.accessibleName(), name);
+        EXPECT_EQ(Find<ClickLabel>(dialog, MemberName("lblName", choice)).text(), name);
+      }
+      dialog.reject();
+    });
+    Press(MemberName("btnPlay", slot - 1));
+  }
 }
 
 TEST_F(TeamForms, ThePlayChooserStartsFromTheStoredPlay) {
@@ -203,12 +193,10 @@ TEST_F(TeamForms, ThePlayChooserStartsFromTheStoredPlay) {
   EXPECT_EQ(LeagueOf(*session_).TeamPlays[5][8], 5);
 }
 
-/// A dialog that can't be used without its pictures, or that makes a nameless play a named one.
 TEST_F(TeamForms, APlayWithoutPictureIsPickedByItsName) {
   const TempFolder folder;
   ASSERT_TRUE(QFile::copy(FromUtf8(BinFolder() + "p3-1.bmp"), FromUtf8(folder.Path("p3-1.bmp"))));
   session_->AppDir = folder.Path("");
-  if (!session_->AppDir.ends_with('/')) session_->AppDir += '/';
   LeagueOf(*session_).TeamPlays[5][7] = 9;
   OpenEditor(5);
   OnNextDialog([&](QDialog& dialog) {

@@ -16,7 +16,7 @@
 
 namespace rostermill::test {
 
-/// The team viewer and its editor in the inside of a main window, on the sample league.
+/// The team viewer and its editor inside a main window, on the sample league.
 class TeamForms : public testing::Test {
  protected:
   TeamForms() {
@@ -47,12 +47,12 @@ class TeamForms : public testing::Test {
   QString Viewed(const char* label) { return Find<QLabel>(*viewer_, label).text(); }
   TextBox& Box(const char* name) { return Find<TextBox>(*editor_, name); }
   QString Caption(const char* button) { return Find<QPushButton>(*editor_, button).text(); }
-  void Press(const char* button) { Find<QPushButton>(*editor_, button).click(); }
+  void Press(const QString& button) { Find<QPushButton>(*editor_, button).click(); }
   /// Presses Space on a picture of the editor.
   void PressPicture(const char* picture) {
     QTest::keyClick(&Find<PictureBox>(*editor_, picture), Qt::Key_Space);
   }
-  /// The colour of a cell of a figure, by its row and column in the pattern, counted from 1.
+  /// The color of a cell of a figure, by its row and column in the pattern, counted from 1.
   QColor Cell(const char* figure, int row, int column) {
     return Find<PictureBox>(*editor_, figure).Picture().pixelColor(3 * column + 1, 3 * row + 1);
   }
@@ -61,6 +61,16 @@ class TeamForms : public testing::Test {
     return {rec.Red, rec.Green, rec.Blue};
   }
   QString Named(int index) { return FromUtf8(LeagueOf(*session_).PaletteData[index].Name); }
+  QString NameAndNumber(int index) {
+    return Named(index) + QString(", %1 ($%2)").arg(index).arg(FromLatin1(HexByteText(index)));
+  }
+  /// The picture of a play as the program has it in its folder; slots and choices as in the league.
+  static QImage PlayPicture(int slot, int choice) {
+    const char kind = slot <= 4 ? 'r' : 'p';
+    const QString file = QString("%1%2-%3.bmp").arg(kind).arg((slot - 1) % 4 + 1).arg(choice);
+    return QImage(FromUtf8(BinFolder()) + file)
+        .convertToFormat(QImage::Format_ARGB32_Premultiplied);
+  }
   TeamRec& Team(int team) { return LeagueOf(*session_).TeamData[team]; }
 
   std::unique_ptr<LeagueSession> session_ = SampleSession();
