@@ -117,6 +117,7 @@ TEST_F(AllForms, TabReachesEverythingInReadingOrder) {
     // Forms that only show texts have no controls.
     if (form.focusPolicy() != Qt::NoFocus || form.objectName() == "Loading") return;
     ASSERT_FALSE(stops.isEmpty());
+    EXPECT_TRUE(stops.contains(QApplication::focusWidget())) << "no control has the focus at first";
     QList<QWidget*> walk = TabWalk(form, stops.constFirst());
     const auto reached = [&](QWidget* stop) {
       if (qobject_cast<QRadioButton*>(stop) == nullptr) return walk.contains(stop);
