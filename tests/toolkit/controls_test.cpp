@@ -133,8 +133,9 @@ TEST(FlexGrid, ItsFixedColumnCoversTheFirstOne) {
   grid.show();
   const auto& fixed = *grid.findChild<QTableView*>();
   for (const int height : {100, 300}) {
-    grid.resize(150, height);
     grid.SetColWidth(0, height * 10);
+    EXPECT_EQ(fixed.width(), grid.columnWidth(0));
+    grid.resize(150, height);
     EXPECT_EQ(fixed.geometry(), QRect(0, 0, grid.columnWidth(0), grid.viewport()->height()));
   }
 }
