@@ -187,8 +187,10 @@ class Forms : public testing::Test {
 
 TEST_F(Forms, EnterPressesTheFocusedOrElseTheDefaultButton) {
   EXPECT_EQ(form_->focusWidget(), form_->ok) << "the first control has the focus";
-  form_->setFocus();
   form_->ok->clearFocus();
+  area_.ShowForm(form_);
+  EXPECT_EQ(form_->focusWidget(), form_->ok) << "and gets it when no other has it";
+  form_->setFocus();
   QTest::keyClick(form_, Qt::Key_Return);
   form_->other->setFocus();
   QTest::keyClick(form_->other, Qt::Key_Enter);
