@@ -112,7 +112,7 @@ TEST_F(OpenSave, AChosenFileFillsTheProperties) {
   EXPECT_FALSE(std::filesystem::exists(folder_.Path("fresh.txt"))) << "it only asks for a name";
 }
 
-TEST_F(OpenSave, ACancelIsToldAsCancelErrorAsks) {
+TEST_F(OpenSave, ACancelIsReportedAsCancelErrorAsks) {
   dialog_.SetFileName(Path("plain"));
   AnswerNextFileDialog("");
   dialog_.ShowOpen();
