@@ -248,27 +248,5 @@ TEST_F(MainForm, AMissingPaletteIsAskedForAndABlankAnswerEndsTheProgram) {
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
 }
 
-TEST_F(MainForm, TextsOfAnyLengthAndKindInTheImageOnlyLookOdd) {
-  auto bytes = SampleBytes();
-  for (const auto& [first, end] : {std::pair{0x48u, 0x6DAu}, {0x1FC50u, 0x1FD00u}}) {
-    for (auto at = first; at < end; at += 4) bytes[at + 1] = 0xFF;
-  }
-  WriteFile(path_, bytes);
-  Load(path_);
-  Pick("mViePlayerData");
-  Press("ViewPlayer", "btnEdit");
-  for (const char* form : {"ViewPlayer", "EditPlayer"}) {
-    EXPECT_LT(Form(form).sizeHint().width(), 1000) << form;
-  }
-  auto& players = Find<DropDownList>(Form("ViewPlayer"), "cmbPlayer");
-  for (int index = 0; index < players.ListCount(); ++index) players.SetListIndex(index);
-  QString text;
-  AnswerNextMessage("Yes");
-  AnswerNextMessage("OK", &text);
-  Item("mFilSaveROM").trigger();
-  EXPECT_TRUE(text.contains("too long for the image")) << text.toStdString();
-  EXPECT_EQ(FileBytes(path_), bytes);
-}
-
 }  // namespace
 }  // namespace rostermill::test

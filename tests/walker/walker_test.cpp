@@ -152,7 +152,11 @@ class Walker : public QObject {
     if (session_.ImageLoaded != 0 && step_ % 10 == 0) CheckSave(session_.League);
     if (!window_.isEnabled()) throw std::runtime_error("the window stays disabled");
     if (QApplication::overrideCursor()) throw std::runtime_error("the pointer stays busy");
-    if (OpenForms(window_).size() > 12) throw std::runtime_error("too many forms are open");
+    const QList<QMdiSubWindow*> forms = OpenForms(window_);
+    if (forms.size() > 12) throw std::runtime_error("too many forms are open");
+    for (const QMdiSubWindow* form : forms) {
+      if (form->sizeHint().width() > 1200) throw std::runtime_error("a form grows with its texts");
+    }
   }
 
   void StepInWindow() {
