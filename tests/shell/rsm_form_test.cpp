@@ -99,6 +99,7 @@ TEST_F(MainForm, OpensInTheMiddleOfTheScreenAndSaysWhatItIs) {
   EXPECT_LT((window_.geometry().center() - screen.center()).manhattanLength(), 20);
   EXPECT_EQ(window_.size(), QSize(1120, 800).boundedTo(screen.size() * 0.95));
   EXPECT_EQ(window_.windowTitle(), "Rostermill");
+  EXPECT_EQ(window_.objectName(), "FRSMform");
   EXPECT_EQ(Status(), "No ROM Loaded");
   EXPECT_EQ(Find<QLabel>(window_, "StatusBar1.Panels(2)").text(), "Rostermill " ROSTERMILL_VERSION);
   for (const int size : {16, 24, 32, 48, 64, 128, 256}) {

@@ -127,8 +127,8 @@ TEST(PictureBox, IsPressedByMouseAndKeyboardOncePerPressAndOnlyWhenClickable) {
   EXPECT_TRUE(repeated.isAccepted()) << "it must not press the form's default button either";
 }
 
-// Would catch a fixed column that doesn't follow the size of its grid.
-TEST(FlexGrid, ItsFixedColumnCoversTheFirstOne) {
+// Would catch a fixed column that doesn't follow its grid.
+TEST(FlexGrid, ItsFixedColumnCoversTheFirstOneAndScrollsWithIt) {
   FlexGrid grid("grid", 30, 3);
   grid.show();
   const auto& fixed = *grid.findChild<QTableView*>();
@@ -138,6 +138,19 @@ TEST(FlexGrid, ItsFixedColumnCoversTheFirstOne) {
     grid.resize(150, height);
     EXPECT_EQ(fixed.geometry(), QRect(0, 0, grid.columnWidth(0), grid.viewport()->height()));
   }
+  grid.verticalScrollBar()->setValue(7);
+  EXPECT_EQ(grid.rowViewportPosition(0), -7) << "pixels, not rows";
+  EXPECT_EQ(fixed.rowViewportPosition(0), -7);
+  grid.SetColWidth(0, 960);
+  for (const int column : {2, 1}) {
+    grid.setCurrentCell(0, column);
+    EXPECT_GE(grid.visualRect(grid.currentIndex()).left(), grid.columnWidth(0)) << column;
+  }
+  QFont large = grid.font();
+  large.setPointSizeF(30);
+  grid.setFont(large);
+  EXPECT_GE(grid.rowHeight(0), grid.fontMetrics().height());
+  EXPECT_EQ(fixed.rowHeight(0), grid.rowHeight(0));
 }
 
 TEST(ElidedLabel, NeverAsksForRoomForItsWholeText) {
@@ -222,6 +235,7 @@ TEST_F(Forms, HeldEnterAndEscAnswerNoDialog) {
     Hold(*box.focusWidget(), Qt::Key_Return);
     Hold(box, Qt::Key_Escape);
     EXPECT_TRUE(box.isVisible());
+    EXPECT_EQ(box.objectName(), "MessageBox");
     ClickButton(box, "Yes");
   });
   EXPECT_TRUE(AskYesNo(&form, "Sure?", "Question", QMessageBox::Yes));

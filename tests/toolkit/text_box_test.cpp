@@ -96,6 +96,8 @@ TEST(TextBox, EveryWayInBlanksControlCharactersWhereItIsToldSo) {
     enter();
     EXPECT_EQ(box.Text(), blanked);
   }
+  Drop(box, "  a  b ");
+  EXPECT_EQ(box.Text(), "  a  b " + blanked) << "blanks stay";
   box.SetText("a\nb");
   EXPECT_EQ(box.Text(), "a\nb") << "what the program sets stays";
 
