@@ -122,9 +122,12 @@ TEST_F(ComboBoxTest, StepButtonsAndArrowKeysStepAndTakeTheFocus) {
   QString stepped;
   window.connect(steps, &UpDown::UpClick, &window, [&] { stepped += '+'; });
   window.connect(steps, &UpDown::DownClick, &window, [&] { stepped += '-'; });
-  QTest::mouseClick(steps->findChild<QWidget*>("Up"), Qt::LeftButton);
+  auto* up = steps->findChild<QWidget*>("Up");
+  auto* down = steps->findChild<QWidget*>("Down");
+  EXPECT_LT(up->geometry().bottom(), down->geometry().top());
+  QTest::mouseClick(up, Qt::LeftButton);
   EXPECT_TRUE(steps->hasFocus());
-  QTest::mouseClick(steps->findChild<QWidget*>("Down"), Qt::LeftButton);
+  QTest::mouseClick(down, Qt::LeftButton);
   QTest::keyClick(steps, Qt::Key_Up);
   QTest::keyClick(steps, Qt::Key_Down);
   EXPECT_EQ(stepped, "+-+-");
