@@ -62,7 +62,7 @@ TEST_F(MainForm, TheMenuOffersWhatCanBePickedAndNamesTheTeams) {
   const auto expect_menu = [&](bool loaded) {
     QString expected = menu;
     if (loaded) expected.remove('[').remove(']');
-    for (const TeamRec& team : session_.League.TeamData) {
+    for (const TeamRec& team : LeagueOf(session_).TeamData) {
       expected = expected.arg(loaded ? FromLatin1(team.City + " " + team.Nickname) : " ");
     }
     EXPECT_EQ(Described(window_.menuBar()->actions()).toStdString(), expected.toStdString());
@@ -71,7 +71,7 @@ TEST_F(MainForm, TheMenuOffersWhatCanBePickedAndNamesTheTeams) {
   expect_menu(false);
   EXPECT_TRUE(window_.OpenImageFile(path_));
   expect_menu(true);
-  session_.League.TeamData[1].City = "A\tB & C";
+  LeagueOf(session_).TeamData[1].City = "A\tB & C";
   window_.UpdateCommandState();
   EXPECT_EQ(Item("mAFCe1").text(), "A B && C SPARROWS");
   AnswerNextMessage("Yes");
@@ -150,7 +150,7 @@ TEST_F(MainForm, ARejectedFileOrACancelLeavesPathStatusAndLeagueInUse) {
   EXPECT_EQ(session_.ImageLoaded, 0);
   Load(path_);
   WriteFile(folder_.Path("other.nes"), std::string("not an image"));
-  const LeagueData before = session_.League;
+  const LeagueData before = LeagueOf(session_);
   for (const std::string name : {"other.nes", "missing.nes", ""}) {
     if (!name.empty()) {
       OnNextDialog([](QDialog& dialog) {
@@ -166,7 +166,7 @@ TEST_F(MainForm, ARejectedFileOrACancelLeavesPathStatusAndLeagueInUse) {
     }
     EXPECT_EQ(session_.ImagePath, path_);
     EXPECT_EQ(Status().toStdString(), path_);
-    EXPECT_EQ(session_.League, before);
+    EXPECT_EQ(LeagueOf(session_), before);
     EXPECT_FALSE(IsOpen("Loading"));
   }
   EXPECT_FALSE(std::filesystem::exists(folder_.Path("missing.nes")));
@@ -224,9 +224,9 @@ TEST_F(MainForm, AChangeOfOnePlayerMovesItsOwnBytesAndNoOthers) {
   EXPECT_EQ(std::string(after.begin() + entry + 1, after.begin() + entry + 10), "tidTESTES");
   EXPECT_EQ(after[0x239D3] >> 4, 2);
   EXPECT_EQ(after[0x328D3], after[0x239D3]);
-  const LeagueData changed = session_.League;
+  const LeagueData changed = LeagueOf(session_);
   Load(path_);
-  EXPECT_EQ(session_.League, changed);
+  EXPECT_EQ(LeagueOf(session_), changed);
 }
 
 TEST_F(MainForm, AMissingPaletteIsAskedForAndABlankAnswerEndsTheProgram) {

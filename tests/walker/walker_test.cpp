@@ -80,7 +80,7 @@ void CheckValues(const LeagueSession& session) {
   expect(within(session.SchedTeam, 1, TeamCount), "SchedTeam");
   expect(within(session.PlaySlot, 0, 7), "PlaySlot");
   expect(within(session.RosterConference, 1, 2), "RosterConference");
-  for (const ScheduleWeek& week : session.League.ScheduleData) {
+  for (const ScheduleWeek& week : LeagueOf(session).ScheduleData) {
     for (const GamePlace& game : week.Games) {
       expect(within(game.HomeTeam, 0, 29) && within(game.AwayTeam, 0, 29), "a game's team");
     }
@@ -149,7 +149,7 @@ class Walker : public QObject {
 
   void CheckAtRest() {
     CheckValues(session_);
-    if (session_.ImageLoaded != 0 && step_ % 10 == 0) CheckSave(session_.League);
+    if (session_.ImageLoaded != 0 && step_ % 10 == 0) CheckSave(LeagueOf(session_));
     if (!window_.isEnabled()) throw std::runtime_error("the window stays disabled");
     if (QApplication::overrideCursor()) throw std::runtime_error("the pointer stays busy");
     const QList<QMdiSubWindow*> forms = OpenForms(window_);
