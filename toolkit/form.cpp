@@ -43,7 +43,6 @@ ChildForm::ChildForm(const QString& name, const QString& caption) {
   setObjectName(name);
   setWindowTitle(caption);
   setAttribute(Qt::WA_DeleteOnClose, false);
-  LetHeldKeysActOnce();
 }
 
 void ChildForm::CloseForm() {
@@ -135,7 +134,6 @@ DialogForm::DialogForm(QWidget* parent, const QString& name, const QString& capt
     : QDialog(parent) {
   setObjectName(name);
   setWindowTitle(caption);
-  LetHeldKeysActOnce();
 }
 
 }  // namespace rostermill

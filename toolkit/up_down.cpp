@@ -36,8 +36,6 @@ QToolButton* UpDown::NewArrow(const QString& name, Qt::ArrowType arrow) {
   button->setAutoRepeat(true);
   const int height = fontMetrics().height();
   button->setFixedSize(height * 3 / 2, height);
-  // A click takes the focus from the text box that had it, as a click on any control does.
-  button->setFocusPolicy(Qt::ClickFocus);
   button->setFocusProxy(this);
   return button;
 }

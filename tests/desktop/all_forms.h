@@ -1,39 +1,18 @@
 #pragma once
 
-#include <QMdiSubWindow>
-#include <QPushButton>
-#include <QTest>
-#include <gtest/gtest.h>
-
 #include "screens/probowl/place_label.h"
 #include "shell/loading.h"
-#include "shell/rsm_form.h"
-#include "tests/support/dialogs.h"
-#include "tests/support/sample.h"
+#include "tests/support/main_window.h"
 #include "toolkit/picture_box.h"
 
 namespace rostermill::test {
 
 /// The main window with the sample league loaded, and a visit to every form that it can show.
-class AllForms : public testing::Test {
+class AllForms : public MainWindow {
  protected:
-  AllForms() : path_(folder_.Path("league.nes")) {
-    session_.AppDir = BinFolder();
-    WriteFile(path_, SampleBytes());
-    window_.show();
+  AllForms() {
     EXPECT_TRUE(window_.OpenImageFile(path_));
     Activate(window_);
-  }
-  ~AllForms() override { EXPECT_EQ(DialogsStillExpected(), 0); }
-
-  void Pick(const QString& item) {
-    Find<QAction>(window_, item).trigger();
-    QCoreApplication::processEvents();
-  }
-  QWidget& Form(const QString& name) { return Find<ChildForm>(window_, name); }
-  ChildArea& Area() { return *window_.findChild<ChildArea*>(); }
-  void Press(const QString& form, const QString& button) {
-    Find<QPushButton>(Form(form), button).click();
   }
 
   using Look = std::function<void(QWidget& form)>;
@@ -66,17 +45,6 @@ class AllForms : public testing::Test {
   void VisitAll(const Look& look) {
     VisitPlayersAndTeams(look);
     VisitTheOthers(look);
-  }
-
-  TempFolder folder_;
-  std::string path_;
-  LeagueSession session_;
-  QSettings settings_{QString::fromStdString(folder_.Path("settings.ini")), QSettings::IniFormat};
-  FRSMform window_{session_, &settings_};
-
-  static void Activate(QWidget& window) {
-    window.activateWindow();
-    EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &window; }));
   }
 
  private:

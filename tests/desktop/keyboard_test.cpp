@@ -117,6 +117,7 @@ TEST_F(AllForms, TabReachesEverythingInReadingOrder) {
     // Forms that only show texts have no controls.
     if (form.focusPolicy() != Qt::NoFocus || form.objectName() == "Loading") return;
     ASSERT_FALSE(stops.isEmpty());
+    EXPECT_TRUE(stops.contains(QApplication::focusWidget())) << "no control has the focus at first";
     QList<QWidget*> walk = TabWalk(form, stops.constFirst());
     const auto reached = [&](QWidget* stop) {
       if (qobject_cast<QRadioButton*>(stop) == nullptr) return walk.contains(stop);
@@ -260,35 +261,38 @@ bool Drop(QWidget& window, const QString& path) {
 }
 
 TEST_F(AllForms, ADroppedImageIsLoadedLikeOneFromTheMenu) {
-  const std::string other = folder_.Path("OTHER.NES");
-  WriteFile(other, SampleBytes());
-  EXPECT_FALSE(Drop(window_, QString::fromStdString(BinFolder() + "colors.txt")));
-  EXPECT_EQ(session_.ImagePath, path_);
-  EXPECT_TRUE(Drop(window_, QString::fromStdString(other)));
-  EXPECT_EQ(session_.ImagePath, other);
-  EXPECT_EQ(window_.GetRecentFiles()[0].toStdString(), other);
-
+  const QString palette = QString::fromStdString(BinFolder() + "colors.txt");
+  const QString images[] = {QString::fromStdString(folder_.Path("OTHER.NES")),
+                            QString::fromStdString(path_)};
+  WriteFile(images[0].toStdString(), SampleBytes());
   Pick("mSchEdit");
   Pick("mnuEditGameSettings");
-  const QList<QLineEdit*> boxes = window_.findChildren<QLineEdit*>();
-  EXPECT_EQ(boxes.size(), 28 + 4);
-  for (QLineEdit* box : {boxes.front(), boxes.back()}) {
-    const QString before = box->text();
-    EXPECT_FALSE(Drop(*box, QString::fromStdString(BinFolder() + "colors.txt")));
-    WriteFile(path_, SampleBytes());
-    EXPECT_TRUE(Drop(*box, QString::fromStdString(session_.ImagePath == path_ ? other : path_)));
-    EXPECT_EQ(session_.ImagePath, box == boxes.front() ? path_ : other);
-    EXPECT_EQ(box->text(), before) << NameOf(box);
+  QList<QWidget*> targets{&window_};
+  for (QLineEdit* box : window_.findChildren<QLineEdit*>()) targets << box;
+  EXPECT_EQ(targets.size(), 1 + 28 + 4);
+  int drops = 0;
+  for (QWidget* target : {targets[0], targets[1], targets.back()}) {
+    const auto* box = qobject_cast<QLineEdit*>(target);
+    const QString before = box != nullptr ? box->text() : QString();
+    const QString image = images[drops++ % 2];
+    EXPECT_FALSE(Drop(*target, palette));
+    EXPECT_TRUE(Drop(*target, image));
+    EXPECT_EQ(session_.ImagePath, image.toStdString());
+    EXPECT_EQ(window_.GetRecentFiles()[0], image);
+    EXPECT_EQ(box != nullptr ? box->text() : QString(), before) << NameOf(target);
   }
+  window_.setEnabled(false);
+  EXPECT_FALSE(Drop(window_, images[1])) << "while it is busy";
+  window_.setEnabled(true);
 
-  WriteFile(folder_.Path("text.nes"), std::string("no image"));
+  const QString bad = QString::fromStdString(folder_.Path("text.nes"));
+  WriteFile(bad.toStdString(), std::string("no image"));
   QString text;
   AnswerNextMessage("OK", &text);
-  EXPECT_TRUE(Drop(window_, QString::fromStdString(folder_.Path("text.nes"))));
+  EXPECT_TRUE(Drop(window_, bad));
   QTest::qWait(50);
   EXPECT_EQ(text, "Not a valid ROM file!");
-  EXPECT_EQ(session_.ImagePath, other);
-  EXPECT_EQ(window_.GetRecentFiles()[0].toStdString(), other);
+  EXPECT_EQ(window_.GetRecentFiles()[0], images[0]);
 }
 
 }  // namespace

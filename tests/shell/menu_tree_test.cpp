@@ -13,27 +13,19 @@ TEST(MenuTree, RefusesRowsWithoutParentNameOfTheirOwnOrHandler) {
   const auto nothing = [](int) {};
   const MenuRow menu{"mTest", "&Test", "", MenuRow::Kind::Menu};
   const MenuRow good{"mOne", "&One", "mTest", MenuRow::Kind::Command, nothing};
-  const auto build = [&](const MenuRow& row) {
+  using Kind = MenuRow::Kind;
+  for (const auto& [row, fault] :
+       {std::pair{MenuRow{"mTwo", "", "mTset", Kind::Command, nothing}, "it names an unknown menu"},
+        {MenuRow{"mTwo", "", "mOne", Kind::Separator}, "it names an unknown menu"},
+        {MenuRow{"mTwo", "", "", Kind::Command, nothing}, "it names an unknown menu"},
+        {MenuRow{"mOne", "", "mTest", Kind::Command, nothing}, "the name is used twice"},
+        {MenuRow{"mTwo", "", "mTest"}, "it has no handler"}}) {
     QMenuBar bar;
-    MenuTree tree;
-    tree.Build(bar, {menu, good, row});
-  };
-  for (const auto& [row, fault] : {
-           std::pair{MenuRow{"mTwo", "&Two", "mTset", MenuRow::Kind::Command, nothing},
-                     "menu item mTwo: it names an unknown menu"},
-           {MenuRow{"mTwo", "&Two", "mOne", MenuRow::Kind::Separator},
-            "menu item mTwo: it names an unknown menu"},
-           {MenuRow{"mTwo", "&Two", "", MenuRow::Kind::Command, nothing},
-            "menu item mTwo: it names an unknown menu"},
-           {MenuRow{"mOne", "&Two", "mTest", MenuRow::Kind::Command, nothing},
-            "menu item mOne: the name is used twice"},
-           {MenuRow{"mTwo", "&Two", "mTest"}, "menu item mTwo: it has no handler"},
-       }) {
     try {
-      build(row);
+      MenuTree().Build(bar, {menu, good, row});
       ADD_FAILURE() << fault;
     } catch (const std::logic_error& error) {
-      EXPECT_STREQ(error.what(), fault);
+      EXPECT_EQ(error.what(), "menu item " + row.Name.toStdString() + ": " + fault);
     }
   }
   QMenuBar bar;

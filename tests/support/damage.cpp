@@ -1,6 +1,9 @@
 #include "tests/support/damage.h"
 
+#include <algorithm>
+
 #include "league/save_image.h"
+#include "tests/support/random_league.h"
 
 namespace rostermill::test {
 
@@ -30,6 +33,30 @@ std::vector<std::uint8_t> SavedBytes(const LeagueData& league) {
 
 LeagueData SampleLeague() {
   return LeagueOfChanged([](auto&) {});
+}
+
+std::vector<std::uint8_t> OddImage(std::mt19937& random) {
+  std::vector<std::uint8_t> image = SampleBytes();
+  const auto below = [&](std::size_t end) { return random() % end; };
+  switch (const auto kind = below(10)) {
+    case 0:
+      std::generate(image.begin() + 16, image.end(), std::ref(random));
+      break;
+    case 1:
+      image.resize(below(400'000), 0x41);
+      break;
+    case 2:
+      image[below(16)] ^= 0x11;
+      break;
+    default:
+      if (kind > 6) break;
+      const std::vector<int> sections = DifferingOffsets(image, SavedBytes(RandomLeague(random)));
+      for (auto hits = 1 + below(40); hits > 0; --hits) {
+        image[static_cast<std::size_t>(sections[below(sections.size())])] =
+            static_cast<std::uint8_t>(random());
+      }
+  }
+  return image;
 }
 
 }  // namespace rostermill::test

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <random>
 #include <vector>
 
 #include "league/load_image.h"
@@ -21,5 +22,9 @@ std::vector<std::uint8_t> SavedBytes(const LeagueData& league);
 
 /// The sample league as loaded.
 LeagueData SampleLeague();
+
+/// A file that a user might load: a valid image, one damaged in its sections, one that is random
+/// after its header, one of a wrong length, or one with a bad header.
+std::vector<std::uint8_t> OddImage(std::mt19937& random);
 
 }  // namespace rostermill::test

@@ -10,26 +10,14 @@ namespace rostermill::test {
 
 namespace {
 
-struct Paper {
-  Paper(QSizeF millimetres, double margin) : writer(&buffer) {
-    buffer.open(QIODevice::WriteOnly);
-    writer.setPageSize(QPageSize(millimetres, QPageSize::Millimeter));
-    writer.setPageMargins(QMarginsF(margin, margin, margin, margin), QPageLayout::Millimeter);
-  }
-  QBuffer buffer;
-  QPdfWriter writer;
-};
-
-QStringList Lines(int count, int length) {
-  QStringList lines;
-  for (int i = 0; i < count; ++i) lines << QString(length, 'W');
-  return lines;
-}
-
 TEST(PrintLines, PagesFollowThePaperAndNarrowPaperTakesSmallerLetters) {
   const auto pages = [](QSizeF paper, int count, int length) {
-    Paper sheet(paper, 10);
-    return PrintLines(sheet.writer, Lines(count, length)).Pages;
+    QBuffer buffer;
+    buffer.open(QIODevice::WriteOnly);
+    QPdfWriter writer(&buffer);
+    writer.setPageSize(QPageSize(paper, QPageSize::Millimeter));
+    writer.setPageMargins(QMarginsF(10, 10, 10, 10), QPageLayout::Millimeter);
+    return PrintLines(writer, QStringList(count, QString(length, 'W'))).Pages;
   };
   const QSizeF a4(210, 297);
   EXPECT_EQ(pages(a4, 1, 68), 1);
@@ -39,12 +27,13 @@ TEST(PrintLines, PagesFollowThePaperAndNarrowPaperTakesSmallerLetters) {
   EXPECT_GT(pages(QSizeF(210, 148), 141, 68), whole) << "half the height must make more pages";
   EXPECT_LT(pages(QSizeF(70, 297), 141, 68), whole)
       << "lines wider than the paper must be shrunk, not cut";
+  EXPECT_EQ(pages(QSizeF(70, 297), 1, 20'000), 1) << "letters have a smallest size";
   EXPECT_EQ(pages(QSizeF(210, 24), 6, 68), 6) << "a page as high as one line takes one line";
 }
 
 TEST(PrintLines, AFailingDeviceIsReported) {
   QPdfWriter writer("/no such folder/list.pdf");
-  EXPECT_EQ(PrintLines(writer, Lines(3, 10)).Failure, "the printer could not be started.");
+  EXPECT_EQ(PrintLines(writer, {"a line"}).Failure, "the printer could not be started.");
 }
 
 // Would catch a list that isn't printed though there is one printer, and a message that leaves the

@@ -104,7 +104,7 @@ TEST_F(Photos, CellsShowAndGiveTheFacesOfTheirPage) {
   }
   EXPECT_EQ(FaceOf(LeagueOf(*session_), 1, 1), 37) << "the league changes at the save only";
   Find<QPushButton>(*editor_, "btnSavePlayer").click();
-  EXPECT_EQ(FaceOf(LeagueOf(*session_), 1, 1), 127);
+  EXPECT_EQ(FaceOf(LeagueOf(*session_), 1, 1), 255);
 }
 
 TEST_F(Photos, APickStaysWhenThePageTurnsAndARightClickPicksNothing) {
