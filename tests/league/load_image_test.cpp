@@ -143,7 +143,11 @@ TEST_F(LoadImageTest, ADamagedPaletteEndsTheProgramWithItsNumber) {
   WriteFile(folder_.Path("colors.txt"), std::string("Black,0,0,0\n"));
   EXPECT_EQ(Load(SampleBytes()), LoadOutcome::EndProgram);
   ASSERT_EQ(host_.messages.size(), 1u);
-  EXPECT_EQ(host_.messages[0].rfind("Error: Error: 61\n\n", 0), 0u) << host_.messages[0];
+  EXPECT_EQ(host_.messages[0].rfind("Error: Error: 61\n\n" + folder_.Path("colors.txt") +
+                                        ": record 2: the file ends before its 64 records",
+                                    0),
+            0u)
+      << host_.messages[0];
   EXPECT_FALSE(host_.busy);
 }
 

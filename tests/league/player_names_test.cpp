@@ -77,6 +77,11 @@ TEST(PlayerNames, FilledToTheLastByteIsSavedAndOneMoreIsRefused) {
   EXPECT_EQ(WordAt(saved, 0x6D8), 0x3010 + 0x7FF0);
   EXPECT_EQ(saved[0x3010], SampleBytes()[0x3010]) << "a filler overwrote the attributes";
 
+  OpenImage full(saved);
+  Oddities found;
+  FindNameOddities(full, found);
+  EXPECT_TRUE(found.empty());
+
   league.NameData[5][5].LastName += "XX";
   const auto overflow = TextOverflow(league);
   ASSERT_TRUE(overflow.has_value());

@@ -99,6 +99,11 @@ TEST(TeamData, TheTextBlockMayBeFilledToTheEndOfItsBankAndNoFurther) {
   EXPECT_EQ(TextAt(saved, 0x20010 - 3, 3), "SKP");
   EXPECT_EQ(saved[0x20010], SampleBytes()[0x20010]);
 
+  OpenImage full(saved);
+  Oddities found;
+  FindTeamDataOddities(full, found);
+  EXPECT_TRUE(found.empty());
+
   league.TeamData[28].Nickname += "X";
   EXPECT_EQ(TextOverflow(league),
             "The teams' cities and names are too long for the image: they need 661 bytes, and it "
