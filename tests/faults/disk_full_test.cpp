@@ -40,14 +40,14 @@ std::string FaultOnFullDisk(const std::string& folder) {
   WriteFile(path, old);
   auto session = SampleSession();
   session->ImagePath = path;
-  session->League.TeamData[1].City = "FULLTON";
-  const LeagueData before = session->League;
+  LeagueOf(*session).TeamData[1].City = "FULLTON";
+  const LeagueData before = LeagueOf(*session);
   FakeHost host;
   if (SaveImage(*session, host) != SaveOutcome::Refused) return "not refused";
   if (host.messages.size() != 1) return "not told";
   if (host.messages[0].find(std::strerror(ENOSPC)) == std::string::npos) return host.messages[0];
   if (FileBytes(path) != old) return "the old image is gone";
-  if (session->League != before) return "the league has changed";
+  if (LeagueOf(*session) != before) return "the league has changed";
   if (std::distance(fs::directory_iterator(folder), {}) != 1) return "a file stays behind";
   if (mount("tmpfs", folder.c_str(), "tmpfs", MS_REMOUNT, "size=2m") != 0) return {};
   if (SaveImage(*session, host) != SaveOutcome::Saved) return "the retry fails";
