@@ -10,12 +10,6 @@ void OpenImage::ThrowOffsetOutside(int offset) {
   throw std::out_of_range("offset " + std::to_string(offset) + " outside the image");
 }
 
-BytePair OpenImage::ReadPair() {
-  const std::size_t start = Checked(position_, 2);
-  position_ += 2;
-  return {bytes_[start], bytes_[start + 1]};
-}
-
 std::string_view OpenImage::ReadTextAt(int first, int end) const {
   if (end <= first) return {};
   const std::size_t length = static_cast<std::size_t>(end - first);

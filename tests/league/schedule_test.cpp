@@ -71,25 +71,6 @@ TEST(ReadSchedule, FollowsPointersWhereverTheyLead) {
   EXPECT_EQ(season[3].GameCount, 0);
 }
 
-// Catches a count or a team number that would index past its table later.
-TEST(ReadSchedule, BringsCountsAndTeamNumbersIntoRange) {
-  Bytes bytes = EmptySeason();
-  bytes[counts] = 15;
-  bytes[counts + 1] = 255;
-  bytes[counts + 2] = 14;
-  const Bytes numbers{0x1B, 0x1C, 0x1D, 0x1E, 0xFF, 0x80};
-  std::copy(numbers.begin(), numbers.end(), bytes.begin() + games);
-
-  const LeagueData league = Read(bytes);
-  EXPECT_EQ(league.ScheduleData[0].GameCount, 14);
-  EXPECT_EQ(league.ScheduleData[1].GameCount, 14);
-  EXPECT_EQ(league.ScheduleData[2].GameCount, 14);
-  EXPECT_EQ(league.ScheduleData[0].Games[0], Game(27, 28));
-  EXPECT_EQ(league.ScheduleData[0].Games[1], Game(29, 0));
-  EXPECT_EQ(league.ScheduleData[0].Games[2], Game(0, 0));
-  EXPECT_EQ(Written(league, bytes)[counts], 14);
-}
-
 // Catches pointers that don't follow the counts, a missing byte after the counts, stale games that
 // get into the image, and a byte written outside the section.
 TEST(WriteSchedule, PacksTheWeeksFromTheFixedOffset) {
