@@ -276,49 +276,24 @@ TEST_F(SaveFaults, OtherHardLinksKeepTheOldImage) {
   EXPECT_EQ(FileBytes(folder_.Path("other.nes")), old_);
 }
 
-/// An export, over a file that is there and one that isn't.
+/// Over a file that is there and where there is none.
 TEST_F(SaveFaults, AnExportIsWholeOrNotThere) {
   const std::string path = folder_.Path("real/rsm_qb.txt");
   const Bytes lines(9000, 'x');
   for (const Bytes& old : {Bytes{}, Bytes(50, 'o')}) {
-    const auto put_back = [&] {
-      fs::remove(path);
-      if (!old.empty()) WriteFile(path, old);
-    };
-    put_back();
-    StartFaults({});
-    ReplaceFile(path, lines);
-    const auto trace = StopFaults();
     const auto now = [&] { return fs::exists(path) ? FileBytes(path) : Bytes{}; };
-    const auto one = [&](const Fault& fault) {
-      SCOPED_TRACE(TextOf(fault));
-      put_back();
-      bool failed = false;
-      StartFaults({fault});
-      try {
-        ReplaceFile(path, lines);
-      } catch (const FileError&) {
-        failed = true;
-      }
-      StopFaults();
-      EXPECT_TRUE(failed ? now() == old || now() == lines : now() == lines);
-      ReplaceFile(path, lines);
-      EXPECT_EQ(now(), lines);
-      EXPECT_EQ(Names(), (std::set<std::string>{"league.nes", "rsm_qb.txt"}));
-    };
-    for (const int number : {EIO, ENOSPC}) ForEachFault(trace, Effect::Error, number, one);
-    ForEachFault(trace, Effect::Short, 0, one);
-    ForEachFault(trace, Effect::Kill, 0, [&](const Fault& fault) {
-      SCOPED_TRACE(TextOf(fault));
-      put_back();
-      EXPECT_TRUE(KilledWhile([&] {
-        StartFaults({fault});
-        ReplaceFile(path, lines);
-      }));
-      EXPECT_TRUE(now() == old || now() == lines);
-      ReplaceFile(path, lines);
-      EXPECT_EQ(Names(), (std::set<std::string>{"league.nes", "rsm_qb.txt"}));
-    });
+    WalkFaults(
+        [&] {
+          fs::remove(path);
+          if (!old.empty()) WriteFile(path, old);
+        },
+        [&] { ReplaceFile(path, lines); },
+        [&](bool done) {
+          EXPECT_TRUE(now() == lines || (!done && now() == old));
+          ReplaceFile(path, lines);
+          EXPECT_EQ(now(), lines);
+          EXPECT_EQ(Names(), (std::set<std::string>{"league.nes", "rsm_qb.txt"}));
+        });
   }
 }
 
