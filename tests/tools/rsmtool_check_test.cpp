@@ -128,10 +128,10 @@ TEST_F(RsmtoolCheck, WhatIsNoUsableImageGivesTwoAndTheOthersAreStillChecked) {
 }
 
 TEST_F(RsmtoolCheck, MachinesGetOneObjectAFile) {
-  const QString odd = Image("odd.nes", {{0x239D3, {0x0B}}, {0x328D3, {0x0B}}});
+  const QString odd = Image("\x7F\".nes", {{0x239D3, {0x0B}}, {0x328D3, {0x0B}}, {0x6DA, {0x1F}}});
   const Result result = Run({"check", "--json", odd, Path("none.nes")});
   EXPECT_EQ(result.Code, 2);
-  EXPECT_EQ(result.Out, "[\n  {\n    \"file\": \"" + odd.toStdString() + R"(",
+  EXPECT_EQ(result.Out, "[\n  {\n    \"file\": \"" + folder_.Path("\\u007F\\\".nes") + R"(",
     "usable": true,
     "state": "stock",
     "names": {
@@ -150,6 +150,13 @@ TEST_F(RsmtoolCheck, MachinesGetOneObjectAFile) {
         "team": 1,
         "subject": "SPARROWS",
         "text": "no kick returner: the value 0 names no player"
+      },
+      {
+        "section": "names",
+        "team": 1,
+        "slot": 1,
+        "subject": "SPARROWS QB 1 sam PLOVER",
+        "text": "the number 1F is not decimal"
       }
     ]
   },
