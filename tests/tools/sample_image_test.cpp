@@ -38,6 +38,10 @@ TEST(SampleImage, TheSeasonIsLegal) {
   }
   ASSERT_EQ(games.size(), 28u);
   EXPECT_EQ(league.RosterYear.str(), "2026");
+  for (int slot = 1; slot <= SlotCount; ++slot) {
+    EXPECT_LE(league.ProbowlData[1][slot].Team, 14);
+    EXPECT_GE(league.ProbowlData[2][slot].Team, 15);
+  }
   for (const auto& [team, count] : games) {
     EXPECT_EQ(count, 16) << team;
     EXPECT_GE(home[team], 6) << team;
