@@ -32,7 +32,7 @@ struct Damage {
   const char* Line;
 };
 
-TEST_F(RsmtoolCheck, WhatALoadLeavesOutOrChangesIsTold) {
+TEST_F(RsmtoolCheck, WhatALoadLeavesOutOrChangesIsReported) {
   const std::vector<Damage> damages{
       {0x239D3, {0x02}, "returners: SPARROWS: no kick returner: the value 0 names no player"},
       {0x239D3, {0x2C}, "returners: SPARROWS: no punt returner: the value 12 names no player"},
@@ -77,7 +77,7 @@ TEST_F(RsmtoolCheck, WhatALoadLeavesOutOrChangesIsTold) {
   }
 }
 
-TEST_F(RsmtoolCheck, ATeamTwiceInAWeekAndAgainstItselfIsTold) {
+TEST_F(RsmtoolCheck, ATeamTwiceInAWeekAndAgainstItselfIsReported) {
   const QString path = Image("twice.nes", {{0x329C9, {2}}, {0x329DB, {0, 9, 0, 0}}});
   const Result result = Run({"check", path});
   EXPECT_EQ(result.Code, 1);
