@@ -17,12 +17,12 @@ class LongestTexts : public AllForms {
   LongestTexts() {
     const std::string widest(15, 'W');
     for (int team = 1; team <= 28; ++team) {
-      session_.League.TeamData[team].City = session_.League.TeamData[team].Nickname = widest;
-      session_.League.TeamData[team].Abbreviation = "WWWW";
-      for (NameRec& name : session_.League.NameData[team]) name = {"ww", widest.substr(2), "88"};
+      LeagueOf(session_).TeamData[team].City = LeagueOf(session_).TeamData[team].Nickname = widest;
+      LeagueOf(session_).TeamData[team].Abbreviation = "WWWW";
+      for (NameRec& name : LeagueOf(session_).NameData[team]) name = {"ww", widest.substr(2), "88"};
     }
     // Half of the teams play against themselves in the first week.
-    ScheduleWeek& week = session_.League.ScheduleData[0];
+    ScheduleWeek& week = LeagueOf(session_).ScheduleData[0];
     week.GameCount = 14;
     for (int game = 0; game < 14; ++game) {
       week.Games[game].AwayTeam = week.Games[game].HomeTeam = static_cast<std::int16_t>(game);

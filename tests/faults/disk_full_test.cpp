@@ -38,14 +38,14 @@ void SaveOnFullDisk(const std::string& folder) {
   WriteFile(path, SampleBytes());
   auto session = SampleSession();
   session->ImagePath = path;
-  session->League.TeamData[1].City = "FULLTON";
-  const LeagueData before = session->League;
+  LeagueOf(*session).TeamData[1].City = "FULLTON";
+  const LeagueData before = LeagueOf(*session);
   FakeHost host;
   EXPECT_EQ(SaveImage(*session, host), SaveOutcome::Refused);
   ASSERT_EQ(host.messages.size(), 1u);
   EXPECT_NE(host.messages[0].find(std::strerror(ENOSPC)), std::string::npos) << host.messages[0];
   EXPECT_EQ(FileBytes(path), SampleBytes());
-  EXPECT_EQ(session->League, before);
+  EXPECT_EQ(LeagueOf(*session), before);
   EXPECT_EQ(std::distance(fs::directory_iterator(folder), {}), 1) << "a file is left";
   if (mount("tmpfs", folder.c_str(), "tmpfs", MS_REMOUNT, "size=2m") != 0) return;
   EXPECT_EQ(SaveImage(*session, host), SaveOutcome::Saved) << "with room again";

@@ -30,13 +30,13 @@ class SaveFaults : public testing::Test {
     fs::create_directory(folder_.Path("real"));
     fs::create_symlink("real/league.nes", link_);
     session_->ImagePath = link_;
-    session_->League.TeamData[3].City = "FAULTON";
-    session_->League.QBData[3][1].Accuracy ^= 3;
+    LeagueOf(*session_).TeamData[3].City = "FAULTON";
+    LeagueOf(*session_).QBData[3][1].Accuracy ^= 3;
     PutBackOld();
     EXPECT_EQ(Save(), SaveOutcome::Saved);
     new_ = FileBytes(file_);
     EXPECT_NE(new_, old_);
-    before_ = session_->League;
+    before_ = LeagueOf(*session_);
   }
 
   void PutBackOld() {
@@ -87,7 +87,7 @@ class SaveFaults : public testing::Test {
     const Bytes now = FileBytes(file_);
     EXPECT_TRUE(now == old_ || now == new_) << "the file is neither the old image nor the new";
     EXPECT_EQ(RightsOf(file_), rights_);
-    EXPECT_EQ(session_->League, before_);
+    EXPECT_EQ(LeagueOf(*session_), before_);
   }
 
   void ExpectRetrySaves() {

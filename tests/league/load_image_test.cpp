@@ -47,8 +47,8 @@ TEST(ImageHeader, OnlyTheSupportedLayoutPasses) {
 TEST_F(LoadImageTest, AGoodImageIsLoadedWithOneBeepAndNoMessage) {
   EXPECT_EQ(Load(SampleBytes()), LoadOutcome::Loaded);
   EXPECT_EQ(session_.ImageLoaded, 1);
-  EXPECT_EQ(session_.League.TeamData[28].City, "PEACHFORD");
-  EXPECT_FALSE(session_.League.PaletteData[63].Name.empty());
+  EXPECT_EQ(LeagueOf(session_).TeamData[28].City, "PEACHFORD");
+  EXPECT_FALSE(LeagueOf(session_).PaletteData[63].Name.empty());
   EXPECT_EQ(host_.beeps, 1);
   EXPECT_FALSE(host_.busy);
   EXPECT_FALSE(host_.loading_open);
@@ -65,17 +65,17 @@ TEST_F(LoadImageTest, ALongerFileLoadsAndASecondLoadLeavesNothingOfTheFirst) {
   Bytes longer = SampleBytes();
   longer.resize(longer.size() + 5000, 0xEE);
   EXPECT_EQ(Load(longer), LoadOutcome::Loaded);
-  session_.League.NameData[3][3] = {"old", "NAME", "99"};
-  session_.League.TeamData[5].Formation = 2;
+  LeagueOf(session_).NameData[3][3] = {"old", "NAME", "99"};
+  LeagueOf(session_).TeamData[5].Formation = 2;
   EXPECT_EQ(Load(SampleBytes()), LoadOutcome::Loaded);
   LeagueData fresh = SampleLeague();
-  fresh.PaletteData = session_.League.PaletteData;
-  EXPECT_EQ(session_.League, fresh);
+  fresh.PaletteData = LeagueOf(session_).PaletteData;
+  EXPECT_EQ(LeagueOf(session_), fresh);
 }
 
 TEST_F(LoadImageTest, OtherFilesAreRejectedAndTheLeagueStays) {
   ASSERT_EQ(Load(SampleBytes()), LoadOutcome::Loaded);
-  const LeagueData before = session_.League;
+  const LeagueData before = LeagueOf(session_);
   Bytes bad = SampleBytes();
   bad[7] = 0x01;
   Bytes header_only = SampleBytes();
@@ -88,7 +88,7 @@ TEST_F(LoadImageTest, OtherFilesAreRejectedAndTheLeagueStays) {
     EXPECT_EQ(outcome, LoadOutcome::Rejected);
     ASSERT_EQ(host_.messages.size(), 1u);
     EXPECT_EQ(host_.messages[0], message);
-    EXPECT_EQ(session_.League, before);
+    EXPECT_EQ(LeagueOf(session_), before);
     EXPECT_EQ(session_.ImageLoaded, 1);
     EXPECT_FALSE(host_.busy);
     host_.messages.clear();

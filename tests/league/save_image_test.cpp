@@ -106,7 +106,7 @@ TEST_F(SaveImageTest, SavingAnUnchangedLeagueOnlyAddsWhatEverySaveAdds) {
   again.AppDir = BinFolder();
   again.ImagePath = path_;
   ASSERT_EQ(LoadImage(again, host_), LoadOutcome::Loaded);
-  EXPECT_EQ(again.League, session_->League);
+  EXPECT_EQ(LeagueOf(again), LeagueOf(*session_));
 }
 
 TEST_F(SaveImageTest, BytesOutsideTheSectionsAndAfterTheImageAreKept) {
@@ -152,7 +152,7 @@ TEST_F(SaveImageTest, ALinkStaysALinkAndPermissionsStay) {
 }
 
 TEST_F(SaveImageTest, TextsThatDontFitAreRefusedBeforeTheFileIsTouched) {
-  session_->League.NameData[1][1].LastName.append(2000, 'X');
+  LeagueOf(*session_).NameData[1][1].LastName.append(2000, 'X');
   const auto written = fs::last_write_time(path_);
   EXPECT_EQ(Save(), SaveOutcome::Refused);
   EXPECT_EQ(fs::last_write_time(path_), written);
@@ -212,7 +212,7 @@ TEST_F(SaveImageTest, LeftoversOfAKilledSaveAreRemovedAndTheUsersFilesStay) {
 
 // Would catch a path on which the window stays disabled.
 TEST_F(SaveImageTest, AnExceptionAmidTheStepsFreesTheWindowAndWritesNothing) {
-  session_->League.RosterYear = "77";
+  LeagueOf(*session_).RosterYear = "77";
   host_.at_yield = [] { throw std::bad_alloc(); };
   EXPECT_EQ(Save(), SaveOutcome::Refused);
   EXPECT_EQ(host_.messages,

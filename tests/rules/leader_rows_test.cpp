@@ -20,7 +20,7 @@ std::unique_ptr<LeagueSession> NumberedLeague() {
   auto session = std::make_unique<LeagueSession>();
   for (int team = 1; team <= TeamCount; ++team) {
     for (int slot = 1; slot <= SlotCount; ++slot) {
-      session->League.NameData[team][slot].LastName =
+      LeagueOf(*session).NameData[team][slot].LastName =
           "T" + std::to_string(team) + "S" + std::to_string(slot);
     }
   }
@@ -28,7 +28,7 @@ std::unique_ptr<LeagueSession> NumberedLeague() {
 }
 
 int Fill(LeagueSession& session, int group) {
-  return FillLeaderRows(session.League, group, session.LeaderRows);
+  return FillLeaderRows(LeagueOf(session), group, session.LeaderRows);
 }
 
 std::string Names(LeagueSession& session, int first, int last) {
@@ -43,8 +43,8 @@ std::vector<int> Codes(const LeaderRow& row) {
 
 TEST(LeaderFill, EachGroupTakesItsSlotsInOrderUnderEveryFormation) {
   auto session = NumberedLeague();
-  session->League.TeamData[2].Formation = 1;
-  session->League.TeamData[3].Formation = 2;
+  LeagueOf(*session).TeamData[2].Formation = 1;
+  LeagueOf(*session).TeamData[3].Formation = 2;
   struct Expected {
     Group group;
     int rows;
@@ -73,7 +73,7 @@ TEST(LeaderFill, EachGroupTakesItsSlotsInOrderUnderEveryFormation) {
 // Six receivers on each team are more than any other group has.
 TEST(LeaderFill, HoldsAllReceiversOfALeagueWithoutTightEnds) {
   auto session = NumberedLeague();
-  for (TeamRec& team : session->League.TeamData) team.Formation = 1;
+  for (TeamRec& team : LeagueOf(*session).TeamData) team.Formation = 1;
   EXPECT_EQ(Fill(*session, WR), 168);
   EXPECT_EQ(session->LeaderRows[168].Name, "T28s12,");
   EXPECT_EQ(Fill(*session, RB), 112);
@@ -82,7 +82,7 @@ TEST(LeaderFill, HoldsAllReceiversOfALeagueWithoutTightEnds) {
 
 TEST(LeaderFill, ColumnsStartWithRunningSpeedAndKeepTheGroupsOrder) {
   auto session = NumberedLeague();
-  LeagueData& league = session->League;
+  LeagueData& league = LeagueOf(*session);
   league.QBData[1][2] = {2, 1, 3, 4, 99, 5, 6, 7, 8};
   league.SkillData[1][1] = {2, 1, 3, 4, 99, 5, 6, 1, 1};
   league.LineData[1][5] = {2, 1, 3, 4, 99};
@@ -114,7 +114,7 @@ TEST(LeaderFill, CapitalsFollowBlanksAndPeriodsOnly) {
            Expected{"", "sam", ", Sam"},
            Expected{"\xC9TIENNE", "\xE9mil", "\xC9tienne, \xE9mil"},
        }) {
-    session->League.NameData[1][29] = {first, last, "01"};
+    LeagueOf(*session).NameData[1][29] = {first, last, "01"};
     Fill(*session, Kicker);
     EXPECT_EQ(session->LeaderRows[1].Name, shown);
   }

@@ -22,7 +22,7 @@ TEST(PlayNames, FilesAndNamesFollowSlotAndChoice) {
 TEST(TeamForms, TheRoomForTextsCountsWhatIsPending) {
   LeagueSession session;
   EXPECT_EQ(TeamTextBytesFree(session), 660 - 82);
-  session.League.TeamData[3].City = "ABC";
+  LeagueOf(session).TeamData[3].City = "ABC";
   session.ViewTeam = 3;
   session.PreviewCity = "ABCDE";
   session.PreviewName = "XY";
@@ -39,7 +39,7 @@ TEST(TeamForms, TheRoomForTextsCountsWhatIsPending) {
 TEST(TeamForms, WorkingCopiesGoToTheirPlacesAndBack) {
   LeagueSession session;
   session.ViewTeam = 28;
-  TeamRec& team = session.League.TeamData[28];
+  TeamRec& team = LeagueOf(session).TeamData[28];
   team.TeamColors = {{11, 12, 13, 21, 22, 23}};
   FillWorkingCopies(session);
   EXPECT_EQ(session.PreviewColors[1], (IndexedArray<std::int16_t, 1, 3>{{11, 12, 13}}));

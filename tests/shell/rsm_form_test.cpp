@@ -85,7 +85,7 @@ TEST_F(MainWindow, ALoadEnablesTheCommandsAndNamesTheTeams) {
 TEST_F(MainWindow, ARejectedFileLeavesPathStatusAndLeagueInUse) {
   Load(path_);
   WriteFile(folder_.Path("other.nes"), std::string("not an image"));
-  const LeagueData before = session_.League;
+  const LeagueData before = LeagueOf(session_);
   for (const std::string name : {"other.nes", "missing.nes"}) {
     QString text;
     QString title;
@@ -95,7 +95,7 @@ TEST_F(MainWindow, ARejectedFileLeavesPathStatusAndLeagueInUse) {
     EXPECT_EQ(title, "Error");
     EXPECT_EQ(session_.ImagePath, path_);
     EXPECT_EQ(Status().toStdString(), path_);
-    EXPECT_EQ(session_.League, before);
+    EXPECT_EQ(LeagueOf(session_), before);
     EXPECT_EQ(Form("Loading"), nullptr);
   }
   EXPECT_FALSE(std::filesystem::exists(folder_.Path("missing.nes")));
@@ -137,7 +137,7 @@ TEST_F(MainWindow, EnterKeepsTheLeagueAtAnUnloadAndSavesAtASave) {
   enter();
   Item("mFilUnloadROM").trigger();
   EXPECT_EQ(session_.ImageLoaded, 1);
-  session_.League.RosterYear = "77";
+  LeagueOf(session_).RosterYear = "77";
   enter();
   Item("mFilSaveROM").trigger();
   EXPECT_NE(FileBytes(path_), SampleBytes());
@@ -151,10 +151,10 @@ TEST_F(MainWindow, AChangeOfOnePlayerMovesItsOwnBytesAndNoOthers) {
   };
   Load(path_);
   // The first back of team 1: his entry is the third, and he returns neither kicks nor punts.
-  session_.League.NameData[1][3] = {"sid", "TESTER", "29"};
-  session_.League.SkillData[1][1] = {5, 5, 5, 5, 40, 5, 5, 0, 0};
-  for (SkillRec& mate : session_.League.SkillData[1]) mate.KickReturner = 0;
-  session_.League.SkillData[1][4].KickReturner = 1;
+  LeagueOf(session_).NameData[1][3] = {"sid", "TESTER", "29"};
+  LeagueOf(session_).SkillData[1][1] = {5, 5, 5, 5, 40, 5, 5, 0, 0};
+  for (SkillRec& mate : LeagueOf(session_).SkillData[1]) mate.KickReturner = 0;
+  LeagueOf(session_).SkillData[1][4].KickReturner = 1;
   const auto before = save();
   Item("mViePlayerData").trigger();
   QWidget* viewer = Form("ViewPlayer");
@@ -179,9 +179,9 @@ TEST_F(MainWindow, AChangeOfOnePlayerMovesItsOwnBytesAndNoOthers) {
   EXPECT_EQ(after[0x301D], 0x65);
   EXPECT_EQ(after[0x239D3] >> 4, 2);
   EXPECT_EQ(after[0x328D3], after[0x239D3]);
-  const LeagueData changed = session_.League;
+  const LeagueData changed = LeagueOf(session_);
   Load(path_);
-  EXPECT_EQ(session_.League, changed);
+  EXPECT_EQ(LeagueOf(session_), changed);
 }
 
 TEST_F(MainWindow, ASaveLeavesTheFocusWhereItWasAndCtrlWUnloads) {

@@ -50,9 +50,9 @@ TempFolder::~TempFolder() {
 std::unique_ptr<LeagueSession> SampleSession() {
   auto session = std::make_unique<LeagueSession>();
   OpenImage image(SampleBytes());
-  session->League = ReadLeague(image);
+  LeagueOf(*session) = ReadLeague(image);
   session->AppDir = BinFolder();
-  session->League.PaletteData = ReadPalette(session->AppDir);
+  LeagueOf(*session).PaletteData = ReadPalette(session->AppDir);
   session->ImagePath = SAMPLE_IMAGE;
   session->ImageLoaded = 1;
   return session;

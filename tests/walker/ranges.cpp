@@ -87,7 +87,7 @@ bool RostersGood(const LeagueData& league) {
 }  // namespace
 
 std::optional<std::string> OutOfRange(const LeagueSession& session) {
-  const LeagueData& league = session.League;
+  const LeagueData& league = LeagueOf(session);
   for (int team = 1; team <= TeamCount; ++team) {
     if (!PlayersGood(league, team)) return "a player of team " + std::to_string(team);
     if (!TeamGood(league, team)) return "team " + std::to_string(team);

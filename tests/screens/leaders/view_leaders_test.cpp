@@ -83,13 +83,13 @@ class ViewLeadersTest : public testing::Test {
   void NameKickers() {
     const KickRec weak{0, 0, 0, 0, 0, 0, 0};
     for (int team = 1; team <= TeamCount; ++team) {
-      session->League.NameData[team][29] = {"x", "FILLER", "01"};
-      session->League.KickData[team][1] = weak;
+      LeagueOf(*session).NameData[team][29] = {"x", "FILLER", "01"};
+      LeagueOf(*session).KickData[team][1] = weak;
     }
-    session->League.NameData[1][29] = {"ann", "BOOT", "01"};
-    session->League.NameData[3][29] = {"<b>&", "TOE", "01"};
-    session->League.KickData[1][1] = {1, 2, 3, 4, 0, 5, 6};
-    session->League.KickData[3][1] = {15, 15, 14, 15, 0, 15, 15};
+    LeagueOf(*session).NameData[1][29] = {"ann", "BOOT", "01"};
+    LeagueOf(*session).NameData[3][29] = {"<b>&", "TOE", "01"};
+    LeagueOf(*session).KickData[1][1] = {1, 2, 3, 4, 0, 5, 6};
+    LeagueOf(*session).KickData[3][1] = {15, 15, 14, 15, 0, 15, 15};
   }
 
   static QString OutputOf(const QString& program, const QStringList& arguments) {
@@ -131,8 +131,8 @@ TEST_F(ViewLeadersTest, OpensOnTheQuarterbacksInTeamOrder) {
   EXPECT_EQ(Bar().maximum(), 52);
   EXPECT_EQ(WhiteHeadings(), "");
   EXPECT_EQ(session->LeaderRows[3].Name.substr(0, 4),
-            session->League.NameData[2][1].LastName.substr(0, 1) +
-                LowerText(session->League.NameData[2][1].LastName.substr(1, 3)));
+            LeagueOf(*session).NameData[2][1].LastName.substr(0, 1) +
+                LowerText(LeagueOf(*session).NameData[2][1].LastName.substr(1, 3)));
   EXPECT_TRUE(Label("lblD8", 0).isVisible());
   EXPECT_EQ(Label("lblHead", 8).text(), "APB");
   EXPECT_EQ(Label("lblHead", 8).toolTip(), "Avoid Pass Block");
@@ -174,17 +174,17 @@ TEST_F(ViewLeadersTest, HeadingsSortWhereTheBarStandsAndANewGroupStartsAfresh) {
 }
 
 TEST_F(ViewLeadersTest, AFewRowsLeaveNothingStaleBehindThem) {
-  for (TeamRec& team : session->League.TeamData) team.Formation = 1;
-  session->League.TeamData[9].Formation = 0;
-  session->League.NameData[9][11] = {"al", "END", "01"};
-  session->League.NameData[9][12] = {"bo", "ABLE", "01"};
+  for (TeamRec& team : LeagueOf(*session).TeamData) team.Formation = 1;
+  LeagueOf(*session).TeamData[9].Formation = 0;
+  LeagueOf(*session).NameData[9][11] = {"al", "END", "01"};
+  LeagueOf(*session).NameData[9][12] = {"bo", "ABLE", "01"};
   Choose(TE);
   EXPECT_EQ(Bar().maximum(), 1);
   Click(0);
   EXPECT_EQ(Label("lblName", 0).text(), "Able, Bo");
   EXPECT_EQ(Label("lblName", 1).text(), "End, Al");
   EXPECT_EQ(Row(2), "       ") << "rows of the earlier group came into view";
-  session->League.TeamData[9].Formation = 1;
+  LeagueOf(*session).TeamData[9].Formation = 1;
   Choose(WR);
   EXPECT_EQ(Bar().maximum(), 164);
   Choose(TE);

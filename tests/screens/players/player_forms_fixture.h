@@ -48,10 +48,10 @@ class PlayerForms : public testing::Test {
   }
   void GoTo(int team, int slot) {
     List("cmbTeam").SetListIndex(List("cmbTeam").findText(
-        FromLatin1(TeamListText(session_->League, team)), Qt::MatchExactly));
+        FromLatin1(TeamListText(LeagueOf(*session_), team)), Qt::MatchExactly));
     List("cmbPosition").SetListIndex(slot - 1);
   }
-  NameRec& Name(int team, int slot) { return session_->League.NameData[team][slot]; }
+  NameRec& Name(int team, int slot) { return LeagueOf(*session_).NameData[team][slot]; }
 
   std::unique_ptr<LeagueSession> session_ = SampleSession();
   ChildArea area_;

@@ -24,7 +24,8 @@ TEST_F(PlayerForms, EveryOneOfThe840PlayersIsReached) {
       GoTo(team, slot);
       ASSERT_EQ(session_->CurTeam, team);
       ASSERT_EQ(session_->CurSlot, slot);
-      ASSERT_EQ(List("cmbPlayer").Text(), FromLatin1(PlayerListText(session_->League, team, slot)));
+      ASSERT_EQ(List("cmbPlayer").Text(),
+                FromLatin1(PlayerListText(LeagueOf(*session_), team, slot)));
     }
   }
 }
@@ -41,7 +42,7 @@ struct ShownPlayer {
 // Catches a control that a form doesn't fill, leaves from the player before, or shows for a group
 // that doesn't have it.
 TEST_F(PlayerForms, BothShowAllOfAPlayer) {
-  LeagueData& league = session_->League;
+  LeagueData& league = LeagueOf(*session_);
   league.QBData[8][2] = {0, 1, 2, 3, 0x15, 4, 5, 6, 7};
   league.LineData[8][5] = {8, 9, 10, 11, 0x96};
   for (auto& rec : league.SkillData[8]) rec.KickReturner = rec.PuntReturner = 0;
@@ -110,10 +111,10 @@ TEST_F(PlayerForms, BothShowAllOfAPlayer) {
 
 TEST_F(PlayerForms, NamesakesShowTheLowerSlotAndTeamsOfOneNameTheFirst) {
   Name(3, 5) = Name(3, 9) = {"twin", "BROTHERS", "11"};
-  session_->League.TeamData[9].City = session_->League.TeamData[4].City;
-  session_->League.TeamData[9].Nickname = session_->League.TeamData[4].Nickname;
+  LeagueOf(*session_).TeamData[9].City = LeagueOf(*session_).TeamData[4].City;
+  LeagueOf(*session_).TeamData[9].Nickname = LeagueOf(*session_).TeamData[4].Nickname;
   OpenBoth();
-  session_->League.NameData[3][9].JerseyNumber = "77";
+  LeagueOf(*session_).NameData[3][9].JerseyNumber = "77";
   for (const int from : {1, 5}) {
     GoTo(3, from);
     List("cmbPosition").SetListIndex(8);
@@ -134,7 +135,7 @@ TEST_F(PlayerForms, NamesakesShowTheLowerSlotAndTeamsOfOneNameTheFirst) {
 TEST_F(PlayerForms, StepsStayOnTheLadderAndInTheLabels) {
   OpenBoth();
   GoTo(2, 1);
-  session_->League.QBData[2][1] = {0, 4, 14, 15, 0, 0, 0, 0, 0};
+  LeagueOf(*session_).QBData[2][1] = {0, 4, 14, 15, 0, 0, 0, 0, 0};
   GoTo(2, 2);
   GoTo(2, 1);
   Press("btnMinus(0)");
@@ -147,7 +148,8 @@ TEST_F(PlayerForms, StepsStayOnTheLadderAndInTheLabels) {
   EXPECT_EQ(Edited("Label3(3)"), "100");
   Press("btnPlus(0)", 20);
   EXPECT_EQ(Edited("Label3(0)"), "100");
-  EXPECT_EQ(session_->League.QBData[2][1].RunningSpeed, 4) << "nothing is stored before the save";
+  EXPECT_EQ(LeagueOf(*session_).QBData[2][1].RunningSpeed, 4)
+      << "nothing is stored before the save";
   EXPECT_EQ(Viewed("Label3(1)"), "31");
 }
 
@@ -200,7 +202,7 @@ TEST_F(PlayerForms, NamesThatCannotBeSplitAreGivenBackAndTheRestIsSaved) {
     EXPECT_EQ(Name(5, 1).FirstName, before.FirstName);
     EXPECT_EQ(Name(5, 1).LastName, before.LastName);
     EXPECT_EQ(Name(5, 1).JerseyNumber, number.toStdString());
-    EXPECT_EQ(NameBox().Text(), FromLatin1(PlayerEditText(session_->League, 5, 1)));
+    EXPECT_EQ(NameBox().Text(), FromLatin1(PlayerEditText(LeagueOf(*session_), 5, 1)));
   }
   for (const auto& [text, first, last] :
        {std::tuple{"Solo ", "solo", ""}, std::tuple{" Alone", "", "ALONE"},
@@ -258,10 +260,10 @@ TEST_F(PlayerForms, APlayerGivenAMatesNameShowsTheLowerSlotOnBothForms) {
 }
 
 TEST_F(PlayerForms, ReturnersMoveWithinTheTeamAtTheSaveOnly) {
-  for (auto& rec : session_->League.SkillData[1]) rec.KickReturner = rec.PuntReturner = 0;
-  session_->League.SkillData[1][5].KickReturner = 1;
-  session_->League.SkillData[2][5].KickReturner = 1;
-  session_->League.SkillData[1][7].PuntReturner = 1;
+  for (auto& rec : LeagueOf(*session_).SkillData[1]) rec.KickReturner = rec.PuntReturner = 0;
+  LeagueOf(*session_).SkillData[1][5].KickReturner = 1;
+  LeagueOf(*session_).SkillData[2][5].KickReturner = 1;
+  LeagueOf(*session_).SkillData[1][7].PuntReturner = 1;
   OpenBoth();
   auto& kick = Find<QCheckBox>(*editor_, "chkKick");
   auto& punt = Find<QCheckBox>(*editor_, "chkPunt");
@@ -272,13 +274,13 @@ TEST_F(PlayerForms, ReturnersMoveWithinTheTeamAtTheSaveOnly) {
   EXPECT_FALSE(kick.isChecked());
   EXPECT_TRUE(punt.isChecked());
   kick.setChecked(true);
-  EXPECT_EQ(session_->League.SkillData[1][5].KickReturner, 1);
+  EXPECT_EQ(LeagueOf(*session_).SkillData[1][5].KickReturner, 1);
   punt.setChecked(false);
   Press("btnSavePlayer");
-  EXPECT_EQ(session_->League.SkillData[1][5].KickReturner, 0);
-  EXPECT_EQ(session_->League.SkillData[1][7].KickReturner, 1);
-  EXPECT_EQ(session_->League.SkillData[1][7].PuntReturner, 0);
-  EXPECT_EQ(session_->League.SkillData[2][5].KickReturner, 1) << "another team's";
+  EXPECT_EQ(LeagueOf(*session_).SkillData[1][5].KickReturner, 0);
+  EXPECT_EQ(LeagueOf(*session_).SkillData[1][7].KickReturner, 1);
+  EXPECT_EQ(LeagueOf(*session_).SkillData[1][7].PuntReturner, 0);
+  EXPECT_EQ(LeagueOf(*session_).SkillData[2][5].KickReturner, 1) << "another team's";
 }
 
 TEST_F(PlayerForms, TheEditorFollowsTheViewerAndClosesWithIt) {
@@ -288,7 +290,7 @@ TEST_F(PlayerForms, TheEditorFollowsTheViewerAndClosesWithIt) {
   Find<QPushButton>(*viewer_, "btnEdit").click();
   EXPECT_EQ(NameBox().Text(), "Not Saved") << "the open editor only comes to the front";
   GoTo(3, 6);
-  EXPECT_EQ(NameBox().Text(), FromLatin1(PlayerEditText(session_->League, 3, 6)));
+  EXPECT_EQ(NameBox().Text(), FromLatin1(PlayerEditText(LeagueOf(*session_), 3, 6)));
   EXPECT_TRUE(session_->EditPlayerOpen);
   Find<QPushButton>(*editor_, "btnClose").click();
   EXPECT_FALSE(session_->EditPlayerOpen);
@@ -304,10 +306,10 @@ TEST_F(PlayerForms, ListsOfAnImageLoadedBeforeAreFilledAnewAtTheFirstPick) {
   for (const char* list : {"cmbPlayer", "cmbTeam", "cmbPosition"}) {
     GoTo(3, 4);
     for (int team = 1; team <= TeamCount; ++team) {
-      session_->League.TeamData[team].City += "S";
-      for (NameRec& name : session_->League.NameData[team]) name.LastName += "X";
+      LeagueOf(*session_).TeamData[team].City += "S";
+      for (NameRec& name : LeagueOf(*session_).NameData[team]) name.LastName += "X";
     }
-    const LeagueData loaded = session_->League;
+    const LeagueData loaded = LeagueOf(*session_);
     List(list).SetListIndex(7);
     const int team = session_->CurTeam;
     const int slot = session_->CurSlot;
@@ -324,7 +326,7 @@ TEST_F(PlayerForms, ListsOfAnImageLoadedBeforeAreFilledAnewAtTheFirstPick) {
 }
 
 TEST_F(PlayerForms, BothOpenReadyToTypeAndAsWideAsEver) {
-  for (TeamRec& team : session_->League.TeamData) team.City = std::string(50'000, 'W');
+  for (TeamRec& team : LeagueOf(*session_).TeamData) team.City = std::string(50'000, 'W');
   OpenBoth();
   EXPECT_LT(editor_->sizeHint().width(), 1000);
   EXPECT_LT(editor_->minimumSizeHint().width(), 1000);

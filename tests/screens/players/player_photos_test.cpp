@@ -19,7 +19,7 @@ class Photos : public testing::Test {
   ~Photos() override { EXPECT_EQ(DialogsStillExpected(), 0); }
 
   void OpenEditor(int face) {
-    SetFace(session_->League, 1, 1, face);
+    SetFace(LeagueOf(*session_), 1, 1, face);
     editor_ = std::make_unique<EditPlayer>(*session_);
     editor_->show();
   }
@@ -118,9 +118,9 @@ TEST_F(Photos, CellsGiveTheFacesOfTheirPage) {
     EXPECT_EQ(EditorNumber(), c.number);
     EXPECT_EQ(EditorFace().Picture(), File(c.file));
   }
-  EXPECT_EQ(FaceOf(session_->League, 1, 1), 37) << "the league changes at the save only";
+  EXPECT_EQ(FaceOf(LeagueOf(*session_), 1, 1), 37) << "the league changes at the save only";
   Find<QPushButton>(*editor_, "btnSavePlayer").click();
-  EXPECT_EQ(FaceOf(session_->League, 1, 1), 255);
+  EXPECT_EQ(FaceOf(LeagueOf(*session_), 1, 1), 255);
 }
 
 TEST_F(Photos, APickStaysWhenThePageTurnsAndARightClickPicksNothing) {

@@ -59,7 +59,7 @@ TEST(ChoosePlayer, OffersTheSlotsOfTheGroup) {
     EXPECT_EQ(chooser.List("cmbPlayer").ListCount(), c.Count) << c.Code;
     EXPECT_EQ(chooser.List("cmbPlayer").ListIndex(), 0) << c.Code;
     for (int i = 0; i < c.Count; ++i) {
-      const NameRec& name = chooser.session->League.NameData[15][c.FirstSlot + i];
+      const NameRec& name = LeagueOf(*chooser.session).NameData[15][c.FirstSlot + i];
       EXPECT_EQ(chooser.Entry("cmbPlayer", i), name.FirstName + " " + name.LastName) << c.Code;
     }
     chooser.List("cmbPlayer").SetListIndex(c.Count - 1);
@@ -70,7 +70,7 @@ TEST(ChoosePlayer, OffersTheSlotsOfTheGroup) {
 // Would catch players of the team before, and nameless ones dropped so that the others move up.
 TEST(ChoosePlayer, AnotherTeamKeepsTheGroupAndStartsAtItsFirstPlayer) {
   Chooser chooser(1, 7);
-  auto& names = chooser.session->League.NameData[4];
+  auto& names = LeagueOf(*chooser.session).NameData[4];
   names[21] = {"", "", "00"};
   names[22] = {"ann", "OTHER", "00"};
   chooser.List("cmbPlayer").SetListIndex(3);

@@ -48,9 +48,9 @@ class ProbowlTest : public testing::Test {
   QLabel& Label(const QString& name) const { return Find<QLabel>(Roster(), name); }
   std::string Name(const QString& label) const { return ToUtf8(Label(label).text()); }
   void LeftClick(const QString& label) { QTest::mouseClick(&Label(label), Qt::LeftButton); }
-  ProbowlRec& Place(int side, int place) { return session->League.ProbowlData[side][place]; }
+  ProbowlRec& Place(int side, int place) { return LeagueOf(*session).ProbowlData[side][place]; }
   void SetName(int team, int slot, const std::string& first, const std::string& last) {
-    session->League.NameData[team][slot] = {first, last, "00"};
+    LeagueOf(*session).NameData[team][slot] = {first, last, "00"};
   }
 
   std::unique_ptr<LeagueSession> session;
@@ -80,11 +80,11 @@ TEST_F(ProbowlTest, EveryLabelShowsItsPlaceAndFillsItFromItsGroup) {
       const int place = row.FirstPlace + index;
       EXPECT_EQ(Name(label), "place" + std::to_string(place) + " OLD");
       SetName(16, row.BaseSlot + row.Listed - 1, "last", "LISTED");
-      auto expected = session->League.ProbowlData;
+      auto expected = LeagueOf(*session).ProbowlData;
       expected[2][place] = {16, static_cast<std::int16_t>(row.BaseSlot + row.Listed - 1)};
       PickInNextChooser(1, row.Listed - 1);
       LeftClick(label);
-      EXPECT_TRUE(session->League.ProbowlData == expected) << ToUtf8(label);
+      EXPECT_TRUE(LeagueOf(*session).ProbowlData == expected) << ToUtf8(label);
       EXPECT_EQ(Name(label), "last LISTED");
     }
   }
@@ -132,7 +132,7 @@ TEST_F(ProbowlTest, LeavingTheChooserWithoutOkStoresNothingAndRedraws) {
       [](QDialog& chooser) { chooser.close(); }};
   int turn = 0;
   for (const auto& leave : exits) {
-    const auto before = session->League.ProbowlData;
+    const auto before = LeagueOf(*session).ProbowlData;
     session->ChosenTeam = 7;
     const ProbowlRec shown = Place(1, 8);
     const std::string first = "turn" + std::to_string(++turn);
@@ -141,7 +141,7 @@ TEST_F(ProbowlTest, LeavingTheChooserWithoutOkStoresNothingAndRedraws) {
     LeftClick("lblTE(0)");
     EXPECT_EQ(session->ChosenTeam, 0) << turn;
     EXPECT_EQ(session->ChosenSlot, 0) << turn;
-    EXPECT_TRUE(session->League.ProbowlData == before) << turn;
+    EXPECT_TRUE(LeagueOf(*session).ProbowlData == before) << turn;
     EXPECT_EQ(Name("lblWR(1)"), first + " NEW");
   }
 }

@@ -14,6 +14,7 @@ namespace rostermill {
 namespace {
 
 using test::Find;
+using test::LeagueOf;
 
 /// The editor on a league whose teams 1 to 28 are "AA" to "BB", with 12 games in week 1.
 class EditScheduleTest : public testing::Test {
@@ -42,7 +43,7 @@ class EditScheduleTest : public testing::Test {
     QApplication::setActiveWindow(form.get());
   }
 
-  LeagueData& league() { return session->League; }
+  LeagueData& league() { return LeagueOf(*session); }
   GamePlace& Stored(int week, int game) { return league().ScheduleData[week].Games[game]; }
   ComboBox& Box(int index) { return Find<ComboBox>(*form, QString("cmbTeam(%1)").arg(index)); }
   QString Caption(const QString& name) { return Find<QLabel>(*form, name).text(); }

@@ -13,6 +13,7 @@ namespace rostermill {
 namespace {
 
 using test::Find;
+using test::LeagueOf;
 
 class ScheduleViewsTest : public testing::Test {
  protected:
@@ -20,20 +21,20 @@ class ScheduleViewsTest : public testing::Test {
     NameTeam(1, "HARBORTON", "SPARROWS", "HAR.");
     NameTeam(2, "PORT & VALE", "KILNS", "P&V ");
     NameTeam(28, "WEST<B>MARK", "MILLS", "WES.");
-    session->League.LeagueText[2] = "SUN";
-    session->League.LeagueText[3] = "MOO";
-    for (ScheduleWeek& week : session->League.ScheduleData) week = {};
+    LeagueOf(*session).LeagueText[2] = "SUN";
+    LeagueOf(*session).LeagueText[3] = "MOO";
+    for (ScheduleWeek& week : LeagueOf(*session).ScheduleData) week = {};
   }
 
   void NameTeam(int team, const char* city, const char* nickname, const char* abbreviation) {
-    TeamRec& rec = session->League.TeamData[team];
+    TeamRec& rec = LeagueOf(*session).TeamData[team];
     rec.City = city;
     rec.Nickname = nickname;
     rec.Abbreviation = abbreviation;
   }
 
   void AddGame(int week, int away, int home) {
-    ScheduleWeek& place = session->League.ScheduleData[week];
+    ScheduleWeek& place = LeagueOf(*session).ScheduleData[week];
     place.Games[place.GameCount].AwayTeam = static_cast<std::int16_t>(away);
     place.Games[place.GameCount].HomeTeam = static_cast<std::int16_t>(home);
     ++place.GameCount;
@@ -48,7 +49,7 @@ TEST_F(ScheduleViewsTest, TheGridHoldsTheSeason) {
   AddGame(0, 0, 1);
   AddGame(0, 28, 29);
   AddGame(16, 1, 27);
-  session->League.ScheduleData[5].Games[0] = {.HomeTeam = 1, .AwayTeam = 1};
+  LeagueOf(*session).ScheduleData[5].Games[0] = {.HomeTeam = 1, .AwayTeam = 1};
   ViewSchedule form(*session);
   EXPECT_EQ(form.windowTitle(), "NFL Schedule");
   auto& grid = Find<FlexGrid>(form, "grdSchedule");

@@ -27,14 +27,14 @@ class GameSettingsFormTest : public testing::Test {
   }
   void SetTexts(const std::string& year, const std::string& a, const std::string& b,
                 const std::string& c) {
-    session.League.RosterYear = year;
-    session.League.LeagueText[1] = a;
-    session.League.LeagueText[2] = b;
-    session.League.LeagueText[3] = c;
+    LeagueOf(session).RosterYear = year;
+    LeagueOf(session).LeagueText[1] = a;
+    LeagueOf(session).LeagueText[2] = b;
+    LeagueOf(session).LeagueText[3] = c;
   }
   std::string Texts() const {
-    const auto& texts = session.League.LeagueText;
-    return session.League.RosterYear.str() + "|" + texts[1].str() + "|" + texts[2].str() + "|" +
+    const auto& texts = LeagueOf(session).LeagueText;
+    return LeagueOf(session).RosterYear.str() + "|" + texts[1].str() + "|" + texts[2].str() + "|" +
            texts[3].str();
   }
   TextBox& Box(const QString& name) { return Find<TextBox>(*form, name); }

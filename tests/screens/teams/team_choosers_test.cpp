@@ -115,7 +115,7 @@ TEST_F(TeamForms, AnUnknownColorIsKeptByOKAndReplacedByAPick) {
 /// A first Enter that closes the dialog, or a second one or a double click that doesn't.
 TEST_F(TeamForms, EnterPicksAColorOrPlayAndEnterAgainOrADoubleClickTakesIt) {
   Team(8).TeamColors[1] = 22;
-  session_->League.TeamPlays[8][1] = 2;
+  LeagueOf(*session_).TeamPlays[8][1] = 2;
   OpenEditor(8);
   const auto enter_twice = [](QDialog& dialog) {
     QTest::keyClick(dialog.focusWidget(), Qt::Key_Right);
@@ -178,12 +178,12 @@ TEST_F(TeamForms, ArrowKeysWalkTheColorsAndTabLeavesThem) {
 }
 
 TEST_F(TeamForms, ThePlayChooserStartsFromTheStoredPlay) {
-  session_->League.TeamPlays[5][1] = 2;
+  LeagueOf(*session_).TeamPlays[5][1] = 2;
   OpenEditor(5);
   PickInNextDialog("picRun(6)", "btnOK");
   Press("btnPlay(0)");
   EXPECT_EQ(Caption("btnPlay(0)"), "FB Open Left");
-  EXPECT_EQ(session_->League.TeamPlays[5][1], 2);
+  EXPECT_EQ(LeagueOf(*session_).TeamPlays[5][1], 2);
   for (const char* way : {"btnCancel", "Esc", "close"}) {
     PickInNextDialog("picRun(7)", way);
     Press("btnPlay(0)");
@@ -199,8 +199,8 @@ TEST_F(TeamForms, ThePlayChooserStartsFromTheStoredPlay) {
   PickInNextDialog("picRun(5)", "btnOK");
   Press("btnPlay(7)");
   Press("btnSave");
-  EXPECT_EQ(session_->League.TeamPlays[5][1], 2);
-  EXPECT_EQ(session_->League.TeamPlays[5][8], 5);
+  EXPECT_EQ(LeagueOf(*session_).TeamPlays[5][1], 2);
+  EXPECT_EQ(LeagueOf(*session_).TeamPlays[5][8], 5);
 }
 
 /// A dialog that can't be used without its pictures, or that makes a nameless play a named one.
@@ -209,7 +209,7 @@ TEST_F(TeamForms, APlayWithoutPictureIsPickedByItsName) {
   ASSERT_TRUE(QFile::copy(FromUtf8(BinFolder() + "p3-1.bmp"), FromUtf8(folder.Path("p3-1.bmp"))));
   session_->AppDir = folder.Path("");
   if (!session_->AppDir.ends_with('/')) session_->AppDir += '/';
-  session_->League.TeamPlays[5][7] = 9;
+  LeagueOf(*session_).TeamPlays[5][7] = 9;
   OpenEditor(5);
   OnNextDialog([&](QDialog& dialog) {
     EXPECT_EQ(Find<QLabel>(dialog, "lblChosen").text(), "Unknown play 9");

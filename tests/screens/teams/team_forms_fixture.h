@@ -41,7 +41,7 @@ class TeamForms : public testing::Test {
 
   DropDownList& Teams() { return Find<DropDownList>(*viewer_, "cmbTeam"); }
   void GoTo(int team) {
-    const QString text = FromLatin1(TeamListText(session_->League, team));
+    const QString text = FromLatin1(TeamListText(LeagueOf(*session_), team));
     Teams().SetListIndex(Teams().findText(text, Qt::MatchFixedString | Qt::MatchCaseSensitive));
   }
   QString Viewed(const char* label) { return Find<QLabel>(*viewer_, label).text(); }
@@ -57,11 +57,11 @@ class TeamForms : public testing::Test {
     return Find<PictureBox>(*editor_, figure).Picture().pixelColor(3 * column + 1, 3 * row + 1);
   }
   QColor Screen(int index) {
-    const PaletteRec& rec = session_->League.PaletteData[index];
+    const PaletteRec& rec = LeagueOf(*session_).PaletteData[index];
     return {rec.Red, rec.Green, rec.Blue};
   }
-  QString Named(int index) { return FromUtf8(session_->League.PaletteData[index].Name); }
-  TeamRec& Team(int team) { return session_->League.TeamData[team]; }
+  QString Named(int index) { return FromUtf8(LeagueOf(*session_).PaletteData[index].Name); }
+  TeamRec& Team(int team) { return LeagueOf(*session_).TeamData[team]; }
 
   std::unique_ptr<LeagueSession> session_ = SampleSession();
   ChildArea area_;

@@ -11,7 +11,7 @@ TEST_F(TeamForms, TheViewerOpensOnTheTextThatSortsFirstAndShowsOddValues) {
   Team(20).City = "AARDVALE";
   Team(20).Nickname = "& <B>ANTS";
   Team(20).TeamColors = {{0, 22, 33, 0x4F, 6, 63}};
-  session_->League.PaletteData[33].Name = "Bl\xC3\xA5 \xE8\x89\xB2";
+  LeagueOf(*session_).PaletteData[33].Name = "Bl\xC3\xA5 \xE8\x89\xB2";
   OpenViewer();
   EXPECT_EQ(Teams().Text(), "AARDVALE & <B>ANTS");
   EXPECT_EQ(Teams().ListCount(), 28);
@@ -37,8 +37,8 @@ TEST_F(TeamForms, BothShowAllOfATeam) {
               {{0, 6, 45, 12, 22, 63}},
               {{16, 17, 19, 20, 21}},
               {{34, 35, 36, 37}}};
-  session_->League.TeamPlays[9] = {{2, 0, 1, 3, 4, 5, 6, 7}};
-  session_->League.TeamPlays[20] = {{0, 3, 1, 2, 4, 0, 6, 8}};
+  LeagueOf(*session_).TeamPlays[9] = {{2, 0, 1, 3, 4, 5, 6, 7}};
+  LeagueOf(*session_).TeamPlays[20] = {{0, 3, 1, 2, 4, 0, 6, 8}};
   const std::map<int, QStringList> plays{
       {9,
        {"WTE Offtackle Right", "T Power Dive", "Run and Shoot Sweep Right", "One Setback Dive",
@@ -89,7 +89,7 @@ TEST_F(TeamForms, BothShowAllOfATeam) {
       EXPECT_EQ(option->isChecked(), skins.contains(option->objectName()));
     }
     for (int i = 0; i < 8; ++i) {
-      const int choice = session_->League.TeamPlays[number][i + 1];
+      const int choice = LeagueOf(*session_).TeamPlays[number][i + 1];
       const QString file = QString("%1%2-%3.bmp").arg(i < 4 ? "r" : "p").arg(i % 4 + 1).arg(choice);
       const QImage picture =
           QImage(FromUtf8(BinFolder()) + file).convertToFormat(QImage::Format_RGB32);
@@ -107,8 +107,8 @@ TEST_F(TeamForms, BothShowAllOfATeam) {
 
 /// A picture that stays hidden for the next team, or a play without one that hides all behind it.
 TEST_F(TeamForms, OnlyThePlayWithoutAPictureIsHidden) {
-  session_->League.TeamPlays[1] = {{0, 0, 8, 0, 0, 9, 0, 0}};
-  session_->League.TeamPlays[2] = {{1, 1, 1, 1, 1, 1, 1, 1}};
+  LeagueOf(*session_).TeamPlays[1] = {{0, 0, 8, 0, 0, 9, 0, 0}};
+  LeagueOf(*session_).TeamPlays[2] = {{1, 1, 1, 1, 1, 1, 1, 1}};
   OpenViewer();
   const auto hidden = [&] {
     std::string boxes;
@@ -233,9 +233,9 @@ TEST_F(TeamForms, OddBytesSurviveOKUntouched) {
   Team(12).TeamColors = {{0x4F, 7, 0xFF, 64, 99, 200}};
   Team(12).DivChampColors = {{255, 64, 1, 2, 3}};
   Team(12).Formation = 7;
-  session_->League.TeamPlays[12] = {{8, 9, 0, 1, 2, 3, 4, 9}};
+  LeagueOf(*session_).TeamPlays[12] = {{8, 9, 0, 1, 2, 3, 4, 9}};
   OpenEditor(12);
-  const LeagueData before = session_->League;
+  const LeagueData before = LeagueOf(*session_);
   EXPECT_EQ(Caption("btnChange(1)"), "Unknown FF");
   EXPECT_EQ(Find<ColorBox>(*editor_, "picDivChamp(0)").BackColor(), std::nullopt);
   const QImage figure = Find<PictureBox>(*editor_, "picJersey(2)").Picture();
@@ -246,7 +246,7 @@ TEST_F(TeamForms, OddBytesSurviveOKUntouched) {
     EXPECT_FALSE(Find<QRadioButton>(*editor_, option).isChecked()) << option;
   }
   Press("btnSave");
-  EXPECT_TRUE(session_->League == before);
+  EXPECT_TRUE(LeagueOf(*session_) == before);
 }
 
 TEST_F(TeamForms, TheFiguresShowTheThreeColorsOfTheirOwnUniform) {
