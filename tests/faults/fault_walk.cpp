@@ -1,8 +1,13 @@
 #include "tests/faults/fault_walk.h"
 
+#include <gtest/gtest.h>
+
+#include <cerrno>
 #include <csignal>
 #include <cstring>
 
+#include "history/store_folder.h"
+#include "league/file_error.h"
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -50,6 +55,49 @@ bool HeldWhile(const std::function<bool()>& act, const std::function<void()>& me
   kill(child, SIGCONT);
   waitpid(child, &status, 0);
   return WIFEXITED(status) && WEXITSTATUS(status) == 0;
+}
+
+std::set<std::string> WalkFaults(const std::function<void()>& prepare,
+                                 const std::function<void()>& act,
+                                 const std::function<void(bool)>& check) {
+  prepare();
+  StartFaults({});
+  act();
+  const auto trace = StopFaults();
+  check(true);
+  std::set<std::string> refused;
+  const auto failing = [&](const Fault& fault) {
+    // Syncs take their time, and a disk that fails for good fails at the first call as well.
+    if (fault.Onward && fault.At > 1) return;
+    SCOPED_TRACE(TextOf(fault));
+    prepare();
+    bool done = true;
+    StartFaults({fault});
+    try {
+      act();
+    } catch (const FileError& error) {
+      done = false;
+      EXPECT_NE(error.Number(), 0);
+    } catch (const HistoryError&) {
+      done = false;
+    }
+    StopFaults();
+    EXPECT_TRUE(FaultStruck());
+    if (!done) refused.insert(fault.Call);
+    check(done);
+  };
+  ForEachFault(trace, Effect::Error, EIO, failing);
+  ForEachFault(trace, Effect::Short, 0, failing);
+  ForEachFault(trace, Effect::Kill, 0, [&](const Fault& fault) {
+    SCOPED_TRACE(TextOf(fault));
+    prepare();
+    EXPECT_TRUE(KilledWhile([&] {
+      StartFaults({fault});
+      act();
+    }));
+    check(false);
+  });
+  return refused;
 }
 
 }  // namespace rostermill::test

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <set>
 
 #include "tests/faults/system_calls.h"
 
@@ -20,5 +21,12 @@ bool KilledWhile(const std::function<void()>& act);
 /// Runs `act` in a child process up to Effect::Hold, then `meanwhile` in this one, then the rest of
 /// `act`; true when it was held and has given true.
 bool HeldWhile(const std::function<bool()>& act, const std::function<void()>& meanwhile);
+
+/// Calls `act` without a fault, then under each fault of its own calls: a failing, a short, and one
+/// that it is killed before. `prepare` is called before each, `check` after each with whether `act`
+/// returned without an exception. Gives the names of the calls that `act` threw for.
+std::set<std::string> WalkFaults(const std::function<void()>& prepare,
+                                 const std::function<void()>& act,
+                                 const std::function<void(bool done)>& check);
 
 }  // namespace rostermill::test

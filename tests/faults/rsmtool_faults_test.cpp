@@ -6,7 +6,7 @@
 namespace rostermill::test {
 namespace {
 
-class RsmtoolFaults : public RsmtoolTest {};
+using RsmtoolFaults = RsmtoolTest;
 
 /// A script that takes a file in its place for one that wasn't written, or for one that is safe.
 TEST_F(RsmtoolFaults, AFileThatIsWrittenButNotConfirmedIsThree) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
 #include <filesystem>
@@ -20,8 +21,8 @@ namespace {
 using Bytes = std::vector<std::uint8_t>;
 namespace fs = std::filesystem;
 
-/// An image behind a link, another user's, with an access list, an attribute and bytes after its
-/// end, as far as the system allows: every save has all that a save can have to do.
+/// An image that a link leads to, another user's, with an access list, an attribute and bytes after
+/// its end, as far as the system allows: every save has all that a save can have to do.
 class SaveFaults : public testing::Test {
  protected:
   SaveFaults() : session_(SampleSession()) {
@@ -106,10 +107,10 @@ class SaveFaults : public testing::Test {
     ExpectWholeFile();
     EXPECT_FALSE(host_.busy);
     if (outcome == SaveOutcome::Saved) {
-      EXPECT_EQ(FileBytes(file_), new_) << "told as saved, but isn't";
+      EXPECT_EQ(FileBytes(file_), new_) << "reported as saved, but isn't";
       EXPECT_TRUE(host_.messages.empty());
     } else {
-      ASSERT_EQ(host_.messages.size(), 1u) << "a failure must be told";
+      ASSERT_EQ(host_.messages.size(), 1u) << "a failure must be reported";
       if (fault.Kind == Effect::Error) {
         EXPECT_NE(host_.messages[0].find(std::strerror(fault.Number)), std::string::npos)
             << "without its reason: " << host_.messages[0];
@@ -207,65 +208,57 @@ TEST_F(SaveFaults, AnImageThatIsGoneInTheMiddleOfASaveIsNotCreated) {
 }
 
 TEST_F(SaveFaults, ImagesWithOneBeginningOfTheirNamesDontTouchEachOther) {
-  const std::string longest(243, 'x');
-  for (const std::string& start : {std::string(70, 'x'), longest}) {
-    for (const char* end : {"1984.nes", "1985.nes"}) {
-      fs::copy_file(file_, folder_.Path("real/" + start + end));
-    }
-    session_->ImagePath = folder_.Path("real/" + start + "1984.nes");
+  for (const std::string& start : {std::string(70, 'x'), std::string(243, 'x')}) {
+    const std::string killed = folder_.Path("real/" + start + "1984.nes");
+    const std::string other = folder_.Path("real/" + start + "1985.nes");
+    fs::copy_file(file_, killed);
+    fs::copy_file(file_, other);
+    session_->ImagePath = killed;
     EXPECT_TRUE(KilledWhile([&] {
       StartFaults({{"rename", 1, false, Effect::Kill, 0}});
       Save();
     }));
     const auto with_leftover = Names();
     EXPECT_EQ(with_leftover.size(), 4u);
-    session_->ImagePath = folder_.Path("real/" + start + "1985.nes");
+    session_->ImagePath = other;
     EXPECT_EQ(Save(), SaveOutcome::Saved);
     EXPECT_EQ(Names(), with_leftover);
-    session_->ImagePath = folder_.Path("real/" + start + "1984.nes");
+    session_->ImagePath = killed;
     EXPECT_EQ(Save(), SaveOutcome::Saved);
     EXPECT_EQ(Names().size(), 3u);
-    for (const char* end : {"1984.nes", "1985.nes"})
-      fs::remove(folder_.Path("real/" + start + end));
+    fs::remove(killed);
+    fs::remove(other);
   }
-}
-
-/// The last call of this name, or the end.
-auto LastOf(const std::vector<SystemCall>& trace, const std::string& name) {
-  const auto found = std::find_if(trace.rbegin(), trace.rend(),
-                                  [&](const SystemCall& call) { return call.Name == name; });
-  return found == trace.rend() ? trace.end() : found.base() - 1;
 }
 
 TEST_F(SaveFaults, TheFileIsOnTheDiskBeforeItsNameAndTheNameBeforeTheEnd) {
   const auto trace = TraceOfSave();
-  const auto written = LastOf(trace, "write");
-  const auto renamed = LastOf(trace, "rename");
-  ASSERT_NE(written, trace.end());
+  const auto is = [](const char* name, int handle) {
+    return [=](const SystemCall& call) {
+      return call.Name == name && call.Handle == handle && call.Result >= 0;
+    };
+  };
+  const auto bytes = [&](auto from, auto to, const auto& counts) {
+    long sum = 0;
+    for (; from != to; ++from) sum += counts(*from) ? from->Result : 0;
+    return sum;
+  };
+  const auto renamed = std::ranges::find(trace, "rename", &SystemCall::Name);
+  const auto written = std::ranges::find(trace, "write", &SystemCall::Name);
   ASSERT_NE(renamed, trace.end());
+  ASSERT_NE(written, trace.end());
   EXPECT_EQ(renamed->To, fs::canonical(file_).string());
-  long bytes = 0;
-  for (const SystemCall& call : trace) {
-    if (call.Name == "write" && call.Handle == written->Handle) bytes += call.Result;
-  }
-  EXPECT_EQ(bytes, 393'235);
-  const auto synced = std::find_if(written, renamed, [&](const SystemCall& call) {
-    return call.Name == "fsync" && call.Handle == written->Handle && call.Result == 0;
-  });
-  EXPECT_NE(synced, renamed) << "renamed before it was synced";
-  long checked = 0;
-  std::for_each(synced, renamed, [&](const SystemCall& call) {
-    if (call.Name == "pread" && call.Handle == written->Handle) checked += call.Result;
-  });
-  EXPECT_EQ(checked, 393'235) << "renamed before it was read back";
+  const int file = written->Handle;
+  const auto synced = std::find_if(written, renamed, is("fsync", file));
+  EXPECT_EQ(bytes(trace.begin(), synced, is("write", file)), 393'235) << "synced before its end";
+  EXPECT_EQ(bytes(synced, renamed, is("pread", file)), 393'235)
+      << "renamed before it was read back";
 
   const auto folder = std::find_if(renamed, trace.end(), [&](const SystemCall& call) {
     return call.Name == "open" && call.Path == fs::canonical(folder_.Path("real")).string();
   });
   ASSERT_NE(folder, trace.end()) << "the folder isn't synced";
-  EXPECT_TRUE(std::any_of(folder, trace.end(), [&](const SystemCall& call) {
-    return call.Name == "fsync" && call.Handle == folder->Handle && call.Result == 0;
-  }));
+  EXPECT_TRUE(std::any_of(folder, trace.end(), is("fsync", folder->Handle)));
 }
 
 TEST_F(SaveFaults, OtherHardLinksKeepTheOldImage) {
@@ -276,49 +269,24 @@ TEST_F(SaveFaults, OtherHardLinksKeepTheOldImage) {
   EXPECT_EQ(FileBytes(folder_.Path("other.nes")), old_);
 }
 
-/// An export, over a file that is there and one that isn't.
+/// Over a file that is there and where there is none.
 TEST_F(SaveFaults, AnExportIsWholeOrNotThere) {
   const std::string path = folder_.Path("real/rsm_qb.txt");
   const Bytes lines(9000, 'x');
   for (const Bytes& old : {Bytes{}, Bytes(50, 'o')}) {
-    const auto put_back = [&] {
-      fs::remove(path);
-      if (!old.empty()) WriteFile(path, old);
-    };
-    put_back();
-    StartFaults({});
-    ReplaceFile(path, lines);
-    const auto trace = StopFaults();
     const auto now = [&] { return fs::exists(path) ? FileBytes(path) : Bytes{}; };
-    const auto one = [&](const Fault& fault) {
-      SCOPED_TRACE(TextOf(fault));
-      put_back();
-      bool failed = false;
-      StartFaults({fault});
-      try {
-        ReplaceFile(path, lines);
-      } catch (const FileError&) {
-        failed = true;
-      }
-      StopFaults();
-      EXPECT_TRUE(failed ? now() == old || now() == lines : now() == lines);
-      ReplaceFile(path, lines);
-      EXPECT_EQ(now(), lines);
-      EXPECT_EQ(Names(), (std::set<std::string>{"league.nes", "rsm_qb.txt"}));
-    };
-    for (const int number : {EIO, ENOSPC}) ForEachFault(trace, Effect::Error, number, one);
-    ForEachFault(trace, Effect::Short, 0, one);
-    ForEachFault(trace, Effect::Kill, 0, [&](const Fault& fault) {
-      SCOPED_TRACE(TextOf(fault));
-      put_back();
-      EXPECT_TRUE(KilledWhile([&] {
-        StartFaults({fault});
-        ReplaceFile(path, lines);
-      }));
-      EXPECT_TRUE(now() == old || now() == lines);
-      ReplaceFile(path, lines);
-      EXPECT_EQ(Names(), (std::set<std::string>{"league.nes", "rsm_qb.txt"}));
-    });
+    WalkFaults(
+        [&] {
+          fs::remove(path);
+          if (!old.empty()) WriteFile(path, old);
+        },
+        [&] { ReplaceFile(path, lines); },
+        [&](bool done) {
+          EXPECT_TRUE(now() == lines || (!done && now() == old));
+          ReplaceFile(path, lines);
+          EXPECT_EQ(now(), lines);
+          EXPECT_EQ(Names(), (std::set<std::string>{"league.nes", "rsm_qb.txt"}));
+        });
   }
 }
 

@@ -6,8 +6,8 @@
 
 namespace rostermill::test {
 
-/// The test program stands between the libraries and the system: it defines the C library's file
-/// functions itself, counts them, and can make one of them fail. Linux only; one thread.
+/// The test program defines the C library's file functions itself, counts their calls, and can make
+/// one of them fail. Linux only; one thread.
 
 enum class Effect {
   Error,  ///< the call isn't made and fails with Fault::Number
@@ -27,10 +27,10 @@ struct Fault {
 
 struct SystemCall {
   std::string Name;
-  int Handle = -1;   ///< the one it works on or gave
-  std::string Path;  ///< empty for a call on a handle
-  std::string To;    ///< of a rename; the name of an attribute
-  long Result = 0;   ///< as the caller saw it
+  int Handle = -1;        ///< the one it works on or gave
+  std::string Path = {};  ///< empty for a call on a handle
+  std::string To = {};    ///< of a rename
+  long Result = 0;        ///< as the caller saw it
 };
 
 /// Counts and records from here on, with these faults; the first that fits a call strikes.

@@ -36,8 +36,8 @@ class UnsavedStoreTest : public testing::Test {
     return row;
   }
 
-  std::vector<std::string> Names() const {
-    std::vector<std::string> names;
+  Texts Names() const {
+    Texts names;
     for (const auto& entry : fs::directory_iterator(ImageFolder(base_, image_))) {
       names.push_back(entry.path().filename().string());
     }
@@ -58,7 +58,7 @@ TEST_F(UnsavedStoreTest, AStateIsFoundOnceItsEditorHasLeft) {
     editor.Keep("one");
     editor.Keep(std::string("two\n\0 and more", 14));
     EXPECT_TRUE(editor.List().empty()) << "an editor's own state isn't offered to it";
-    EXPECT_EQ(Row(), Texts{}) << "nor to another one";
+    EXPECT_EQ(Row(), Texts{}) << "nor to another";
   }
   EXPECT_EQ(Row(), Texts{std::string("two\n\0 and more", 14)});
   EXPECT_GE(Editor().List()[0].When, before);
@@ -67,7 +67,7 @@ TEST_F(UnsavedStoreTest, AStateIsFoundOnceItsEditorHasLeft) {
               testing::UnorderedElementsAre("image.txt", "unsaved-1.lock", "unsaved-1.state"));
   EXPECT_EQ(fs::status(ImageFolder(base_, image_) + "/unsaved-1.state").permissions(),
             fs::perms(0600));
-  EXPECT_EQ(UnsavedStore(base_, folder_.Path("other.nes")).List().size(), 0u);
+  EXPECT_TRUE(UnsavedStore(base_, folder_.Path("other.nes")).List().empty());
 }
 
 TEST_F(UnsavedStoreTest, AKilledEditorsStateIsFoundAndItsLockRemoved) {
@@ -209,7 +209,7 @@ TEST_F(UnsavedStoreTest, AStateBelongsToTheImageThatWasLoadedWhereverItsLinkLead
   EXPECT_FALSE(fs::exists(ImageFolder(base_, folder_.Path("link.nes"))));
 }
 
-TEST_F(UnsavedStoreTest, WhatCannotBeKeptIsSaid) {
+TEST_F(UnsavedStoreTest, WhatCannotBeKeptIsReported) {
   WriteFile(base_, "a file");
   EXPECT_THROW(Leave("one"), FileError);
   UnsavedKeeper keeper(base_, image_);

@@ -32,7 +32,7 @@ struct Damage {
   const char* Line;
 };
 
-TEST_F(RsmtoolCheck, WhatALoadLeavesOutOrChangesIsTold) {
+TEST_F(RsmtoolCheck, WhatALoadLeavesOutOrChangesIsReported) {
   const std::vector<Damage> damages{
       {0x239D3, {0x02}, "returners: SPARROWS: no kick returner: the value 0 names no player"},
       {0x239D3, {0x2C}, "returners: SPARROWS: no punt returner: the value 12 names no player"},
@@ -80,7 +80,7 @@ TEST_F(RsmtoolCheck, WhatALoadLeavesOutOrChangesIsTold) {
   }
 }
 
-TEST_F(RsmtoolCheck, ATeamTwiceInAWeekAndAgainstItselfIsTold) {
+TEST_F(RsmtoolCheck, ATeamTwiceInAWeekAndAgainstItselfIsReported) {
   const QString path = Image("twice.nes", {{0x329C9, {2}}, {0x329DB, {0, 9, 0, 0}}});
   const Result result = Run({"check", path});
   EXPECT_EQ(result.Code, 1);
@@ -131,10 +131,10 @@ TEST_F(RsmtoolCheck, WhatIsNoUsableImageGivesTwoAndTheOthersAreStillChecked) {
 }
 
 TEST_F(RsmtoolCheck, MachinesGetOneObjectAFile) {
-  const QString odd = Image("odd.nes", {{0x239D3, {0x0B}}, {0x328D3, {0x0B}}});
+  const QString odd = Image("\x7F\".nes", {{0x239D3, {0x0B}}, {0x328D3, {0x0B}}, {0x6DA, {0x1F}}});
   const Result result = Run({"check", "--json", odd, Path("none.nes")});
   EXPECT_EQ(result.Code, 2);
-  EXPECT_EQ(result.Out, "[\n  {\n    \"file\": \"" + odd.toStdString() + R"(",
+  EXPECT_EQ(result.Out, "[\n  {\n    \"file\": \"" + folder_.Path("\\u007F\\\".nes") + R"(",
     "usable": true,
     "state": "stock",
     "names": {
@@ -153,6 +153,13 @@ TEST_F(RsmtoolCheck, MachinesGetOneObjectAFile) {
         "team": 1,
         "subject": "SPARROWS",
         "text": "no kick returner: the value 0 names no player"
+      },
+      {
+        "section": "names",
+        "team": 1,
+        "slot": 1,
+        "subject": "SPARROWS QB 1 sam PLOVER",
+        "text": "the number 1F is not decimal"
       }
     ]
   },

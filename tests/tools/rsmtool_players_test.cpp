@@ -47,6 +47,15 @@ class RsmtoolPlayers : public RsmtoolTest {
   }
 };
 
+/// A row with these cells for each of the 840 players.
+std::string Everybody(const std::string& headings, const std::string& cells) {
+  std::string csv = "Team,Slot," + headings + "\n";
+  for (int row = 0; row < 840; ++row) {
+    csv += std::to_string(row / 30 + 1) + "," + std::to_string(row % 30 + 1) + "," + cells + "\n";
+  }
+  return csv;
+}
+
 constexpr const char* one_error = "rsmtool: 1 error; nothing was written\n";
 
 TEST_F(RsmtoolPlayers, TheExportIsWrittenAsASpreadsheetReadsIt) {
@@ -164,13 +173,7 @@ TEST_F(RsmtoolPlayers, WhatTheSaveChangesByItselfIsReported) {
 }
 
 TEST_F(RsmtoolPlayers, AllPlayersEditedAtOnce) {
-  std::string csv = "Team,Slot,Rushing Power,Number,Face\n";
-  for (int team = 1; team <= 28; ++team) {
-    for (int slot = 1; slot <= 30; ++slot) {
-      csv += std::to_string(team) + "," + std::to_string(slot) + ",100,98,254\n";
-    }
-  }
-  const Result result = Import(csv);
+  const Result result = Import(Everybody("Rushing Power,Number,Face", "100,98,254"));
   EXPECT_EQ(result.Code, 0) << result.Err;
   const Bytes after = BytesOf(Path("league.nes"));
   // The record sizes of a team: 2 of 5 bytes, 10 of 4, 5 of 3, 11 of 4 and 2 of 4.
@@ -215,7 +218,7 @@ TEST_F(RsmtoolPlayers, HabitsOfSpreadsheets) {
                 one_error);
 }
 
-TEST_F(RsmtoolPlayers, EveryErrorIsToldWithItsPlaceAndNothingIsWritten) {
+TEST_F(RsmtoolPlayers, EveryErrorIsReportedWithItsPlaceAndNothingIsWritten) {
   EXPECT_EQ(Errors("Team,Slot,Position,First Name,Last Name,Number,Face,Accuracy,Receptions\n"
                    "1,1,QB 2,,,,,,\n"
                    "1,2,,,plover,100,256,51,\n"
@@ -285,12 +288,7 @@ TEST_F(RsmtoolPlayers, ATeamHasOneReturnerForEachDuty) {
 }
 
 TEST_F(RsmtoolPlayers, NamesThatDontFitTheImageAreRefusedTogether) {
-  std::string csv = "Team,Slot,First Name,Last Name\n";
-  for (int team = 1; team <= 28; ++team) {
-    for (int slot = 1; slot <= 30; ++slot) {
-      csv += std::to_string(team) + "," + std::to_string(slot) + ",abcdefg,HIJKLMNO\n";
-    }
-  }
+  const std::string csv = Everybody("First Name,Last Name", "abcdefg,HIJKLMNO");
   const std::string line =
       "rsmtool: The players' names are too long for the image: they need 13,440 bytes, and it has "
       "room for 10,550 bytes. Shorten them by 2,890 letters.\n";
