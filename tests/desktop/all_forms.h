@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QMdiSubWindow>
 #include <QPushButton>
 #include <QTest>
 #include <gtest/gtest.h>

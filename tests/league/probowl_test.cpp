@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/support/sample.h"
-
 namespace rostermill {
 namespace {
 

@@ -5,7 +5,6 @@
 #include <QCheckBox>
 #include <QInputDialog>
 #include <QLabel>
-#include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QPushButton>

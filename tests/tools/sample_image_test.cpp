@@ -3,9 +3,6 @@
 #include <map>
 #include <set>
 
-#include "league/palette.h"
-#include "league/player_names.h"
-#include "league/team_data.h"
 #include "tests/support/damage.h"
 
 namespace rostermill::test {

@@ -6,7 +6,6 @@
 #include <QComboBox>
 #include <QEventLoop>
 #include <QFileDialog>
-#include <QInputDialog>
 #include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QMdiSubWindow>

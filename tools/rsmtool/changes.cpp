@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "league/league_tables.h"
-#include "screens/players/display_text.h"
 #include "screens/players/position_layout.h"
 #include "screens/teams/play_names.h"
 #include "tools/rsmtool/player_table.h"
