@@ -5,7 +5,6 @@
 #include "exchange/player_table.h"
 #include "exchange/wording.h"
 #include "league/league_tables.h"
-#include "screens/players/display_text.h"
 #include "screens/players/position_layout.h"
 #include "screens/teams/play_names.h"
 

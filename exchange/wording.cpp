@@ -1,7 +1,6 @@
 #include "exchange/wording.h"
 
 #include "exchange/utf8.h"
-#include "league/league_tables.h"
 #include "league/probowl.h"
 #include "screens/players/position_layout.h"
 #include "screens/schedule/season_facts.h"

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "history/league_parts.h"
-#include "screens/players/position_layout.h"
+#include "league/ratings.h"
 
 namespace rostermill {
 

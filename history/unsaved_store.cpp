@@ -1,7 +1,6 @@
 #include "history/unsaved_store.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <sstream>
 #include <tuple>
 #include <utility>

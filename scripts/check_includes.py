@@ -9,7 +9,7 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parent.parent
 # From the lowest to the highest. "rules" are the units in screens/ without a window system.
 FLOORS = ["league", "rules", "exchange", "history", "toolkit", "screens", "shell"]
-# Lower floors that a floor may not include all the same: the toolkit is independent of the league.
+# Lower floors that a floor may not include either: the toolkit is independent of the league.
 UNRELATED = {"toolkit": {"league", "rules", "exchange", "history"}}
 RULES = set(re.findall(r"^\s+(\w+/\w+)\.cpp", (ROOT / "screens/CMakeLists.txt").read_text(), re.M))
 

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""Puts small faults into the code, one at a time, and says which of them no test notices.
+"""Inserts small faults into the code, one at a time, and lists those that no test notices.
 
-The tree stays as it is: the faults go into clones of it under build/mutate. What it takes from the
-tree is its state now, changes that are not committed too.
+The tree itself stays unchanged: the faults go into clones under build/mutate. The clones have the
+tree's current state, including changes that are not committed.
 """
 
 import argparse
@@ -23,8 +23,8 @@ ROOT = Path(__file__).resolve().parent.parent
 
 
 class Draw:
-    """Hands out faults in their order, the next one for each that turns out to be void, so that
-    the same seed tries the same faults with any number of workers."""
+    """Hands out faults in order, with another one for each that does not compile, so that the same
+    seed tries the same faults with any number of workers."""
 
     def __init__(self, faults, count):
         self._faults, self._count = faults, count
@@ -45,7 +45,7 @@ class Draw:
             return self._next - 1, self._faults[self._next - 1]
 
     def put(self, place, result):
-        """The result is None for a fault whose try was broken off."""
+        """The result is None for a fault whose try was interrupted."""
         with self._changed:
             self._busy -= 1
             if result is not None:
@@ -56,7 +56,7 @@ class Draw:
             self._changed.notify_all()
 
     def results(self):
-        """Those so far, in the order of the draw."""
+        """The results so far, in the order of the draw."""
         return [self._results[place] for place in sorted(self._results)]
 
     def seconds(self):
@@ -69,7 +69,7 @@ class Draw:
 
 
 class Run:
-    """The clones with their workers, and how long each test program may take."""
+    """The clones and their workers, and how long each test program may take."""
 
     def __init__(self, jobs):
         self.draw, self.processes = None, Processes()
@@ -96,7 +96,7 @@ class Run:
             clone.close()
 
     def _measure(self, programs):
-        """Runs the programs without a fault; what takes much longer with one hangs."""
+        """Times the programs without a fault; one that takes much longer with a fault hangs."""
         for program in sorted(programs):
             start = time.monotonic()
             failed = self._clones[0].test(program, "*", Limit(600, 1200))
@@ -129,7 +129,7 @@ class Run:
 
 
 def sources(paths):
-    """The C++ sources of the tree that lie at or below the paths."""
+    """The C++ sources of the tree at or below the paths."""
     wanted = [Path(path).resolve() for path in paths]
     for path in wanted:
         if not path.exists() or not path.is_relative_to(ROOT):
@@ -171,11 +171,11 @@ def print_summary(draw):
 
 def parsed_options():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    parser.add_argument("paths", nargs="*", help="folders and files to put faults into")
+    parser.add_argument("paths", nargs="*", help="folders and files to insert faults into")
     parser.add_argument("--seed", type=int, default=1, help="draws other faults")
     parser.add_argument("--count", type=int, default=100, help="faults to try (100)")
     parser.add_argument("--jobs", type=int, default=os.cpu_count() or 1,
-                        help="clones that work at the same time (one a processor)")
+                        help="clones that work at the same time (one per processor)")
     parser.add_argument("--list", action="store_true", help="only print the faults drawn")
     parser.add_argument("--report", metavar="FILE", help="write the results to FILE as JSON")
     parser.add_argument("--only-lived-from", metavar="REPORT",
@@ -204,7 +204,7 @@ def main():
             print(fault)
         return 0
     if options.report:
-        Path(options.report).touch()  # Better a complaint now than at the end.
+        Path(options.report).touch()  # Fails now if it can't be written, not at the end.
     run = Run(min(options.jobs, options.count))
     for number in (signal.SIGINT, signal.SIGTERM, signal.SIGHUP):
         if signal.getsignal(number) != signal.SIG_IGN:

@@ -2,7 +2,6 @@
 
 #include <utility>
 
-#include "league/league_tables.h"
 #include "screens/players/display_text.h"
 #include "screens/players/position_layout.h"
 

@@ -7,8 +7,6 @@
 #include "league/league_data.h"
 #include "toolkit/control_array.h"
 
-class QGridLayout;
-
 namespace rostermill {
 
 /// The frame "Attributes" of the two player screens: eight places, each a caption Label2(p + 1)

@@ -6,11 +6,11 @@
 #include <charconv>
 
 #include "league/league_tables.h"
+#include "league/ratings.h"
 #include "screens/players/attribute_panel.h"
 #include "screens/players/display_text.h"
 #include "screens/players/player_form_parts.h"
 #include "screens/players/player_photos.h"
-#include "screens/players/position_layout.h"
 #include "screens/players/show_face.h"
 #include "toolkit/elided_label.h"
 #include "toolkit/form_parts.h"

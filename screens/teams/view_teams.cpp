@@ -13,7 +13,6 @@
 #include "screens/teams/edit_team.h"
 #include "screens/teams/play_names.h"
 #include "screens/teams/team_form_parts.h"
-#include "screens/teams/working_copies.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/messages.h"
 #include "toolkit/qt_strings.h"

@@ -1,4 +1,4 @@
-"""A copy of the working tree with a build of its own, in which faults are put and tests run."""
+"""A copy of the working tree with its own build, where faults are inserted and tests run."""
 
 import contextlib
 import fcntl
@@ -14,20 +14,20 @@ from pathlib import Path
 
 PROGRAMS = ("core_tests", "window_tests", "fault_tests")
 SUITE = re.compile(r"^TEST(?:_[FP])?\(\s*(\w+)", re.MULTILINE)
-# A fault may ask for all of the machine: seconds of processor time, KiB of memory, blocks a file.
+# A fault may use up the machine: limits processor seconds, KiB of memory and blocks per file.
 LIMITED = 'ulimit -S -t "$1"; shift; ulimit -v 8000000; ulimit -f 4000000; ulimit -c 0; exec "$@"'
 
 
 @dataclass(frozen=True)
 class Limit:
-    """Seconds until a program counts as hanging. By the clock it may take longer, as others use
-    the processors too."""
+    """Seconds until a program counts as hanging. The clock allows more than the processor time,
+    since other programs use the processors too."""
 
     processor: int
     clock: int
 
 
-# What loops in a build is a tool with a fault; a header may well be included everywhere.
+# Only a tool with a fault loops in a build, but a header that is included everywhere takes long.
 BUILD_LIMIT = Limit(processor=120, clock=7200)
 
 
@@ -36,7 +36,7 @@ class Stopped(Exception):
 
 
 class Processes:
-    """Starts programs and can end all of them at once, with what they have started."""
+    """Starts programs and can end all of them at once, including their child processes."""
 
     def __init__(self):
         self._running = set()
@@ -50,7 +50,7 @@ class Processes:
             stderr=subprocess.STDOUT, text=True, errors="replace", start_new_session=True)
         self._running.add(process)
         try:
-            # Asked for after the process is known, so that a stop at any moment reaches it.
+            # Checked after the process is registered, so that a stop at any moment reaches it.
             if self.stopped:
                 self._end(process)
             output, code = process.communicate(timeout=limit.clock)[0], process.returncode
@@ -62,7 +62,7 @@ class Processes:
         return None if code == -signal.SIGXCPU else code, output
 
     def _ended(self, process):
-        """Ends a process, by a signal that ninja hands on if it can be, and returns the output."""
+        """Ends a process, first with a signal that ninja passes on, and returns its output."""
         self._end(process)
         with contextlib.suppress(subprocess.TimeoutExpired):
             return process.communicate(timeout=5)[0]
@@ -81,7 +81,7 @@ class Processes:
 
 
 def tracked_files(root):
-    """The files of the working tree as they are now, new ones too, those that git ignores not."""
+    """The names of the files in the working tree now, including new ones but not ignored ones."""
     names = subprocess.run(
         ["git", "ls-files", "-z", "--cached", "--others", "--exclude-standard"],
         cwd=root, check=True, capture_output=True, text=True).stdout.split("\0")
@@ -92,7 +92,7 @@ class Clone:
     """Stays under `build/mutate` after a run, so that the next one builds only what has changed."""
 
     def __init__(self, root, processes, jobs):
-        """Takes the first of the clones that no other run has."""
+        """Takes the first clone that no other run uses."""
         self.root, self._processes, self._jobs = root, processes, jobs
         for number in itertools.count(1):
             self.home = root / "build" / "mutate" / str(number)
@@ -102,19 +102,19 @@ class Clone:
                 fcntl.flock(self._lock, fcntl.LOCK_EX | fcntl.LOCK_NB)
                 break
         self.tree, self.build_folder = self.home / "tree", self.home / "build"
-        # Short, since some texts on the screen are cut by their width.
+        # Short, since some texts on the screen are cut to fit their width.
         self._scratch = Path(tempfile.gettempdir()) / f"mutate-{os.getpid()}-{number}"
         self._copy_tree()
 
     def close(self):
-        """Removes the temporary folder and leaves the clone to other runs."""
+        """Removes the temporary folder and releases the clone for other runs."""
         shutil.rmtree(self._scratch, ignore_errors=True)
         self._lock.close()
 
     def prepare(self):
         """Builds all test programs and learns from the build which of them sees which file."""
         configure = ["cmake", "-G", "Ninja", "-S", self.tree, "-B", self.build_folder,
-                     # The build type of no flags: neither optimized nor with debug information.
+                     # This build type adds no flags: neither optimization nor debug information.
                      "-DCMAKE_BUILD_TYPE=None", "-DROSTERMILL_TESTS=ON",
                      # A dropped statement may leave a variable unused.
                      "-DCMAKE_CXX_FLAGS=-w"]
@@ -143,7 +143,7 @@ class Clone:
                 path.unlink()
 
     def _build_environment(self):
-        # ccache shares the objects of all clones, precompiled headers in them too.
+        # ccache shares the objects among all clones, also those that use precompiled headers.
         return os.environ | {
             "CCACHE_BASEDIR": str(self.home), "CCACHE_NOHASHDIR": "1",
             "CCACHE_SLOPPINESS": "pch_defines,time_macros,include_file_mtime,include_file_ctime"}
@@ -154,7 +154,7 @@ class Clone:
 
     @contextlib.contextmanager
     def fault(self, fault):
-        """Puts a fault in and takes it out again, whatever happens meanwhile."""
+        """Inserts a fault and removes it again, whatever happens in between."""
         path = self.tree / fault.file
         whole = path.read_bytes()
         try:
@@ -164,8 +164,8 @@ class Clone:
             path.write_bytes(whole)
 
     def build(self, program):
-        """What the build says to a fault: "" for built, "void" where the compiler turns it away,
-        "found" where a tool that the build runs does not get through."""
+        """How the build takes a fault: "" if it succeeds, "void" if the compiler rejects the fault,
+        "found" if a tool that the build runs fails."""
         code, output = self._ninja("-j", self._jobs, program)
         if code == 0:
             return ""
@@ -173,8 +173,8 @@ class Clone:
         return "found" if made_by_tools else "void"
 
     def test(self, program, tests, limit):
-        """Runs tests of a program up to the first that fails, and returns its name, or "" when
-        all pass."""
+        """Runs a program's tests up to the first that fails and returns its name, or "" if all
+        pass."""
         shutil.rmtree(self._scratch, ignore_errors=True)
         self._scratch.mkdir()
         environment = os.environ | {
@@ -207,8 +207,8 @@ class Clone:
         return set(output.splitlines())
 
     def plan_for(self, file):
-        """(program, filter) of the test runs that can see a file, the likeliest to fail and the
-        cheapest first."""
+        """(program, filter) of the test runs that can notice a fault in a file, the likeliest to
+        fail and the cheapest first."""
         path = str(self.tree / file)
         seen_through = self._objects_with.get(path, set()) | {path}
         plan = []
@@ -219,14 +219,14 @@ class Clone:
             patterns = ":".join(f"{suite}.*:*/{suite}.*" for suite in near)
             if near:
                 plan.append((program, patterns))
-            # The faults of the system take long, and only few files know the system.
+            # fault_tests takes long, and few files make system calls.
             if program == "fault_tests":
                 continue
             plan.append((program, f"-{patterns}" if near else "*"))
         return plan
 
     def _near_suites(self, program, file):
-        """The suites in sources that have the unit's name, mirror its folder or include it."""
+        """The suites in test sources that have the unit's name, mirror its folder or include it."""
         folder = Path("tests") / file.parent
         if not (self.tree / folder).is_dir():
             folder = folder.parent

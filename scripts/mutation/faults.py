@@ -1,4 +1,4 @@
-"""Finds the places of a C++ source where a small fault can be put in.
+"""Finds the places in a C++ source where a small fault can be inserted.
 
 It counts on clang-format: a binary operator has blanks around it, a template's bracket has none.
 """
@@ -20,13 +20,13 @@ NOT = re.compile(r"!(?=[\w(*])")
 TRUTH = re.compile(r"\b(?:true|false)\b")
 NUMBER = re.compile(r"(?<![\w.'\"])(0[xX][\da-fA-F']+|\d[\d']*(?:\.\d+)?)([uUlLzfF]*)(?![\w.>])")
 
-# Comments, directives and texts. A quote after a digit parts its thousands.
+# Comments, directives and strings. A quote after a digit is a digit separator.
 SILENT = re.compile(
     r"""//[^\n]*|/\*.*?\*/|^[ \t]*\#(?:[^\n]*\\\n)*[^\n]*"""
     r"""|R"(?P<end>[^(\s]*)\(.*?\)(?P=end)"|"(?:\\.|[^"\\\n])*\""""
     r"""|(?<![\da-fA-F])'(?:\\.|[^'\\\n])+'""",
     re.DOTALL | re.MULTILINE)
-# Code that says what is, not what is done.
+# Code that declares something and does nothing.
 DECLARATIVE = re.compile(
     r"\[\[.*?\]\]|\bstatic_assert\s*\([^;]*;|^\s*template\s*<[^\n]*"
     r"|^\s*(?:using|typedef)\b[^;]*;| = (?:default|delete);|\)(?: const| noexcept| override)* = 0;",
@@ -76,7 +76,7 @@ def _blank(match):
 
 
 def _silenced(source):
-    """The source with comments and directives blank, and texts of quotes only."""
+    """The source with blanks for comments, directives and everything in quotes."""
 
     def silence(match):
         filler = '"' if match.group()[0] in "R\"'" else " "
@@ -90,7 +90,7 @@ def _changes_of_tokens(code):
     for match in OPERATOR.finditer(code):
         operator = match.group()
         left, right = code[: match.start()].rstrip()[-1:], code[match.end():].lstrip()[:1]
-        # Texts are only ever joined, and a stream is only shifted one way.
+        # Strings can only be joined, and a stream only goes one way.
         if operator == "+" and '"' in left + right:
             continue
         if operator in ("<<", ">>") and not right.isdigit():
@@ -135,8 +135,8 @@ def _opens_code(code, at, inside_code):
 
 
 def _statements(code):
-    """(start, end) of every statement that is not a block, and (start, end) of what every if and
-    while has between its parentheses, as two lists."""
+    """Two lists: (start, end) of every statement that is not a block, and (start, end) of what is
+    in the parentheses of every if and while."""
     statements, conditions = [], []
     outer = []
     is_code, depth, start, opened = False, 0, 0, 0
@@ -237,7 +237,7 @@ def _negated(code, start, end, only_joined=False):
     top = _top_level(condition)
     if not condition or re.match(r"(?:const|auto)\b", condition):
         return
-    # A lone comparison for equality and a lone `!` are turned as operators already.
+    # Single comparisons for equality and a single `!` are already changed as operators.
     if not JOINS.search(top) and (re.search(r"\s[!=]=\s", top) or top.startswith("!")):
         return
     if only_joined and not DECIDES.search(top):
@@ -251,7 +251,7 @@ def find_faults(file, source):
     faults, met = [], Counter()
     changes = [*_changes_of_tokens(code), *_changes_of_statements(code)]
     for kind, start, before, after in sorted(changes, key=lambda change: change[1]):
-        # Texts within are blank in `code`.
+        # Strings are blank in `code`.
         whole = source[start: start + len(before)]
         after = after.replace(before, whole)
         line = source.count("\n", 0, start) + 1
@@ -263,8 +263,8 @@ def find_faults(file, source):
 
 
 def in_drawn_order(faults, seed):
-    """All faults in the order in which a seed draws them. No line comes a second time before every
-    line has come once, and a line's constants count no more than the call that they are in."""
+    """All faults in the order in which a seed draws them. Every line comes once before any comes
+    twice, and the constants of a line together weigh no more than the call that they are in."""
     drawn = list(faults)
     random.Random(seed).shuffle(drawn)
     lines, same_kind, ranks = {}, Counter(), {}
@@ -280,8 +280,8 @@ def in_drawn_order(faults, seed):
 
 
 def found_again(faults, earlier):
-    """For each fault of an earlier tree the same one in this tree, the nearest if its line is there
-    more than once, or None where the line is gone."""
+    """For each fault of an earlier tree, the same one in this tree: the nearest if its line appears
+    more than once, None if the line no longer exists."""
     places = {}
     for fault in faults:
         places.setdefault(fault.identity(), []).append(fault)

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <span>
 
 #include "league/load_image.h"
 #include "league/player_names.h"

@@ -7,7 +7,6 @@
 #include <vector>
 
 #include "league/league_session.h"
-#include "league/open_image.h"
 
 namespace rostermill::test {
 

@@ -1,7 +1,6 @@
 #include "tools/play_pictures/play_drawing.h"
 
 #include <cmath>
-#include <utility>
 
 #include "tools/play_pictures/play_canvas.h"
 

@@ -17,11 +17,11 @@ class ArtError : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// The drawings of one file of data/portraits; face.txt there explains the form. Whatever fails
+// The drawings of one file of data/portraits; face.txt there explains the format. Every failure
 // throws ArtError, whose message begins with the file and the line.
 class ArtFile {
  public:
-  // Reads the file. Its drawings may be of these kinds and have these letters besides '.'.
+  // Reads the file. Its drawings may have these kinds, and these letters in addition to '.'.
   ArtFile(std::string file_name, std::string_view letters, std::vector<std::string_view> kinds);
 
   // The drawings of a kind in the order of the file: at least `fewest`, at most MostOfAKind.
@@ -30,7 +30,7 @@ class ArtFile {
   // One drawing; an empty name gives an empty one.
   Art Named(std::string_view kind, std::string_view name) const;
 
-  // Throws about the line that was read last.
+  // Throws ArtError with the number of the last line read.
   [[noreturn]] void Fail(const std::string& message) const;
 
  private:

@@ -55,7 +55,7 @@ enum class Role : std::uint8_t {
 
 inline constexpr std::size_t RoleCount = static_cast<std::size_t>(Role::Count);
 
-// A drawing: rows of letters, one letter a pixel, '.' where what is below shows.
+// A drawing: rows of letters, one per pixel, '.' where the layer below shows.
 struct Art {
   int left = 0;
   int top = 0;

@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "tools/portraits/canvas.h"
-#include "tools/portraits/colours.h"
+#include "tools/portraits/colors.h"
 #include "tools/portraits/no_picture.h"
 #include "tools/portraits/painter.h"
 #include "tools/portraits/recipe.h"
@@ -18,17 +18,17 @@
 namespace rostermill {
 namespace {
 
-// Two portraits that differ in fewer pixels than this would be taken for one another.
+// Two portraits that differ in fewer pixels than this are too easy to confuse.
 constexpr int least_difference = 60;
 constexpr int dots_per_meter = 2835;
 
-QImage ImageOf(std::span<const Rgb> colours) {
+QImage ImageOf(std::span<const Rgb> colors) {
   QImage image(PictureSize, PictureSize, QImage::Format_Indexed8);
-  // Left alone, the resolution depends on the screen of whoever runs this.
+  // The default resolution would be that of the screen on which this runs.
   image.setDotsPerMeterX(dots_per_meter);
   image.setDotsPerMeterY(dots_per_meter);
   QList<QRgb> table;
-  for (const Rgb colour : colours) table.append(0xff000000u | colour);
+  for (const Rgb color : colors) table.append(0xff000000u | color);
   image.setColorTable(table);
   return image;
 }
@@ -46,9 +46,9 @@ QImage PortraitImage(int portrait, const Parts& parts) {
   return image;
 }
 
-QImage NoPictureImage(const GreyPicture& picture) {
-  const auto greys = Greys();
-  QImage image = ImageOf(greys);
+QImage NoPictureImage(const GrayPicture& picture) {
+  const auto grays = Grays();
+  QImage image = ImageOf(grays);
   for (int y = 0; y < PictureSize; ++y) {
     for (int x = 0; x < PictureSize; ++x) {
       image.setPixel(x, y, picture[static_cast<std::size_t>(y * PictureSize + x)]);
@@ -62,7 +62,7 @@ bool ShowsBackdrop(const QImage& image, int x, int y) {
   return role == Role::Back || role == Role::BackLight;
 }
 
-// Backdrops do not tell two players apart, so pixels where both show theirs do not count.
+// A different backdrop does not make a different player: pixels where both show theirs don't count.
 int Difference(const QImage& a, const QImage& b) {
   int count = 0;
   for (int y = 0; y < PictureSize; ++y) {
@@ -94,7 +94,7 @@ void Save(const QImage& image, const QString& folder, const QString& name) {
 
 void MakePortraits(const std::string& art_folder, const QString& folder) {
   const Parts parts = ReadParts(art_folder);
-  const GreyPicture no_picture = ReadNoPicture(art_folder);
+  const GrayPicture no_picture = ReadNoPicture(art_folder);
   std::vector<QImage> portraits;
   portraits.reserve(PortraitCount);
   for (int portrait = 0; portrait < PortraitCount; ++portrait) {

@@ -10,10 +10,10 @@ namespace rostermill {
 
 inline constexpr int GrayCount = 8;
 
-// Shown where there is no portrait: a grey helmet with a question mark, as indexes into Greys().
-using GreyPicture = std::array<std::uint8_t, PictureSize * PictureSize>;
+// Shown instead of a missing portrait: a gray helmet with a question mark, as indexes into Grays().
+using GrayPicture = std::array<std::uint8_t, PictureSize * PictureSize>;
 // Reads it from a folder. Throws ArtError.
-GreyPicture ReadNoPicture(const std::string& folder);
-std::array<std::uint32_t, GrayCount> Greys();
+GrayPicture ReadNoPicture(const std::string& folder);
+std::array<std::uint32_t, GrayCount> Grays();
 
 }  // namespace rostermill

@@ -23,7 +23,7 @@ constexpr Build builds[] = {
     {0, 0, 0}, {1, 0, 0}, {0, 0, 1}, {-1, 0, 0}, {0, 1, 0}, {1, 0, 1}, {-1, 0, 1},
 };
 
-// The drawings of the art files by name; an empty name is no drawing.
+// Names of drawings in the art files; an empty name means none.
 
 struct ExtraNames {
   std::string_view mark, worn;

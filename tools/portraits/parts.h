@@ -18,7 +18,7 @@ inline constexpr int JawRows = 11;
 // Half the width of the head, row by row, from the cheekbones to the chin.
 using Jaw = std::array<int, JawRows>;
 
-// Adds or takes away a column on either side of the face, a row of forehead and a row of chin.
+// Columns added on either side of the face, and rows of forehead and of chin; -1 removes one.
 struct Build {
   int columns;
   int forehead;
@@ -67,7 +67,7 @@ enum HairName : std::uint8_t {
 struct HairStyle {
   Texture texture;
   bool hides_temples;
-  Art behind;  // drawn before neck and face
+  Art behind;  // drawn before the neck and the face
   Art front;
 };
 

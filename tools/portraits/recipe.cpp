@@ -6,19 +6,18 @@
 #include <utility>
 
 #include "tools/portraits/art_file.h"
-#include "tools/portraits/colours.h"
+#include "tools/portraits/colors.h"
 
 namespace rostermill {
 namespace {
 
 using Options = std::span<const std::uint8_t>;
 
-// The choices that differ from page to page. An option that is named more often comes up more
-// often.
+// The choices that differ between the pages. An option listed more often comes up more often.
 struct Page {
   Options skins;
   Options hairs;
-  Options hair_colours;
+  Options hair_colors;
   Options irises;
 };
 
@@ -67,7 +66,7 @@ Options First(std::size_t count) {
   return Options(counting).first(count);
 }
 
-// Same numbers on every machine, unlike the distributions of the standard library.
+// Gives the same numbers on every machine, unlike the distributions of the standard library.
 class Dice {
  public:
   explicit Dice(std::uint32_t seed) : state_(seed * 2654435761u + 97u) {}
@@ -81,7 +80,8 @@ class Dice {
   std::uint32_t state_;
 };
 
-// Every option comes up as often as the others, to within one, in an order of its own.
+// Shuffles the options over a page: each comes up equally often, to within one, and each seed
+// gives a different order.
 std::uint8_t Deal(Options options, int place, std::uint32_t seed) {
   std::array<std::uint8_t, PageSize> deck{};
   for (std::size_t i = 0; i < deck.size(); ++i) deck[i] = options[i % options.size()];
@@ -104,7 +104,7 @@ Recipe RecipeOf(int portrait, const Parts& parts) {
   Recipe recipe{};
   recipe.skin = deal(page.skins);
   recipe.hair = deal(page.hairs);
-  recipe.hair_colour = deal(page.hair_colours);
+  recipe.hair_color = deal(page.hair_colors);
   recipe.iris = deal(page.irises);
   recipe.jaw = deal(First(Jaws().size()));
   recipe.build = deal(First(Builds().size()));

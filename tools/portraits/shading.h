@@ -10,7 +10,7 @@ void ShadeSkull(Canvas& head);
 void ShadeHair(Canvas& hair, Texture texture);
 void ShadeCloth(Canvas& body);
 
-// Darkens the rim of the figure; what is clear or backdrop lies outside it.
+// Darkens the rim of the figure. Clear and backdrop pixels are outside the figure.
 void Outline(Canvas& figure);
 
 }  // namespace rostermill

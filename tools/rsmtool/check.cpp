@@ -1,7 +1,5 @@
 #include <algorithm>
 
-#include "exchange/utf8.h"
-#include "exchange/wording.h"
 #include "league/load_image.h"
 #include "league/oddities.h"
 #include "league/player_names.h"

@@ -1,6 +1,5 @@
 #include <QCoreApplication>
 
-#include <cstdio>
 #include <iostream>
 
 #include "tools/rsmtool/rsmtool.h"

@@ -1,4 +1,3 @@
-#include <QPushButton>
 #include <QScrollBar>
 
 #include "toolkit/click_label.h"

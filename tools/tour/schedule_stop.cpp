@@ -1,6 +1,5 @@
 #include <QComboBox>
 #include <QLabel>
-#include <QPushButton>
 
 #include "toolkit/up_down.h"
 #include "tools/driver/driver.h"

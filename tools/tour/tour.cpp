@@ -1,6 +1,5 @@
 #include "tools/tour/tour.h"
 
-#include <QApplication>
 #include <QMdiSubWindow>
 #include <QPushButton>
 

@@ -1,4 +1,4 @@
-#include "tools/portraits/colours.h"
+#include "tools/portraits/colors.h"
 
 #include <iterator>
 
@@ -93,8 +93,8 @@ constexpr Backdrop backdrops[] = {
     {0x8e9a74, 0xa5b08e}, {0xbcae9e, 0xcec3b7}, {0x86a4bf, 0x9fb8ce},
 };
 
-constexpr Rgb Channel(Rgb colour, int shift) {
-  return (colour >> shift) & 0xff;
+constexpr Rgb Channel(Rgb color, int shift) {
+  return (color >> shift) & 0xff;
 }
 
 constexpr Rgb Mix(Rgb a, Rgb b, Rgb quarters_of_b) {
@@ -112,7 +112,7 @@ class PaletteFiller {
 
   void Put(Role first, const Ramp& ramp) {
     auto at = static_cast<std::size_t>(first);
-    for (const Rgb colour : {ramp.line, ramp.shade, ramp.base, ramp.light}) palette_[at++] = colour;
+    for (const Rgb color : {ramp.line, ramp.shade, ramp.base, ramp.light}) palette_[at++] = color;
   }
 
   const Palette& Done() const { return palette_; }
@@ -146,7 +146,7 @@ std::size_t BackdropCount() {
 
 Palette PaletteOf(const Recipe& recipe) {
   const SkinTones& skin = skins[recipe.skin];
-  const Ramp& hair = hairs[recipe.hair_colour];
+  const Ramp& hair = hairs[recipe.hair_color];
   const Kit& kit = kits[recipe.kit];
   const Backdrop& backdrop = backdrops[recipe.backdrop];
 

@@ -12,8 +12,8 @@ namespace rostermill {
 using Rgb = std::uint32_t;  // 0xRRGGBB
 using Palette = std::array<Rgb, RoleCount>;
 
-// In the order of the table of hair colours.
-enum HairColour : std::uint8_t {
+// In the order of the table of hair colors.
+enum HairColor : std::uint8_t {
   BlueBlack,
   SoftBlack,
   DarkBrown,
