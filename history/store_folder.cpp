@@ -59,8 +59,10 @@ void ForEachEntry(const std::string& folder, const Use& use) {
 
 std::string CanonicalPath(const std::string& image) {
   std::error_code error;
-  const fs::path canonical = fs::weakly_canonical(image, error);
-  return error ? fs::absolute(image).lexically_normal().string() : canonical.string();
+  // Made absolute first: a bare name of a file that isn't there would stay as it is.
+  const fs::path path = fs::absolute(image);
+  const fs::path canonical = fs::weakly_canonical(path, error);
+  return error ? path.lexically_normal().string() : canonical.string();
 }
 
 std::string ImageFolder(const std::string& base, const std::string& image) {

@@ -33,7 +33,7 @@ inside() {
       DEBIAN_FRONTEND=noninteractive ${http_proxy:+http_proxy="$http_proxy"} \
       chroot "$root" "$@"
   else
-    HOME=$root/tmp QT_QPA_PLATFORM=offscreen ASAN_OPTIONS=detect_leaks=0 "$@"
+    env -u XDG_DATA_HOME -u XDG_CONFIG_HOME HOME=$root/tmp QT_QPA_PLATFORM=offscreen ASAN_OPTIONS=detect_leaks=0 "$@"
   fi
 }
 

@@ -1,6 +1,9 @@
 #include <cerrno>
+#include <set>
 
-#include "tests/faults/system_calls.h"
+#include "history/data_folder.h"
+#include "history/version_store.h"
+#include "tests/faults/fault_walk.h"
 #include "tests/tools/rsmtool_fixture.h"
 
 namespace rostermill::test {
@@ -18,7 +21,8 @@ TEST_F(RsmtoolFaults, AFileThatIsWrittenButNotConfirmedIsThree) {
       {{"import-players", image, Path("p.csv")}, image}};
   for (const auto& [call, written] : calls) {
     StartFaults({{"fsync", 2, true, Effect::Error, EIO}});
-    const Result result = Run(call);
+    const Result result =
+        Run(call[0] == "export-players" ? call : QStringList(call) << "--no-version");
     StopFaults();
     EXPECT_EQ(result.Code, 3) << call[0].toStdString();
     const std::string line = "rsmtool: " + written.toStdString() +
@@ -35,6 +39,61 @@ TEST_F(RsmtoolFaults, AFileThatIsWrittenButNotConfirmedIsThree) {
   StopFaults();
   EXPECT_EQ(result.Code, 2);
   EXPECT_FALSE(std::filesystem::exists(folder_.Path("c.nes")));
+}
+
+/// A save whose earlier version can't be kept, or is kept by half.
+TEST_F(RsmtoolFaults, EveryFailingCallLeavesTheImageAndItsVersionWhole) {
+  const QString image = Path("a.nes");
+  const QStringList save{"resave", image, image};
+  const auto put_back = [&] {
+    // With all above it that the program makes.
+    std::filesystem::remove_all(qgetenv("XDG_DATA_HOME").toStdString());
+    Image("a.nes");
+  };
+  put_back();
+  StartFaults({});
+  ASSERT_EQ(Run(save).Code, 0);
+  const auto trace = StopFaults();
+  const Bytes saved = BytesOf(image);
+  std::set<std::string> kept_not;
+
+  const auto expect_whole = [&] {
+    const Bytes now = BytesOf(image);
+    EXPECT_TRUE(now == SampleBytes() || now == saved) << "neither the old image nor the new";
+    const VersionStore store(DataFolder());
+    for (const Version& version : store.List(image.toStdString())) {
+      EXPECT_EQ(store.Read(image.toStdString(), version.Number).Bytes, SampleBytes());
+    }
+  };
+  const auto failing = [&](const Fault& fault) {
+    if (fault.Onward && fault.At > 1) return;
+    SCOPED_TRACE(TextOf(fault));
+    put_back();
+    StartFaults({fault});
+    const Result result = Run(save);
+    StopFaults();
+    expect_whole();
+    EXPECT_EQ(BytesOf(image), result.Code == 2 ? SampleBytes() : saved) << result.Err;
+    if (result.Code == 2) return;
+    const bool told =
+        result.Err.find("its earlier version could not be kept: ") != std::string::npos;
+    if (told) kept_not.insert(fault.Call);
+    EXPECT_TRUE(told || !VersionStore(DataFolder()).List(image.toStdString()).empty())
+        << "a version is missing, and nothing says so";
+  };
+  ForEachFault(trace, Effect::Error, EIO, failing);
+  ForEachFault(trace, Effect::Kill, 0, [&](const Fault& fault) {
+    SCOPED_TRACE(TextOf(fault));
+    put_back();
+    EXPECT_TRUE(KilledWhile([&] {
+      StartFaults({fault});
+      Run(save);
+    }));
+    expect_whole();
+  });
+  for (const char* call : {"open", "write", "fsync", "rename"}) {
+    EXPECT_TRUE(kept_not.contains(call)) << call << " may fail unnoticed";
+  }
 }
 
 }  // namespace

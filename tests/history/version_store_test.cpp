@@ -95,6 +95,13 @@ TEST_F(VersionStoreTest, LinksShareTheirImagesVersionsAndOtherImagesDoNot) {
   EXPECT_EQ(Listed("never-saved.nes"), Numbers{});
   EXPECT_EQ(VersionStore(folder_.Path("nowhere")).List(Image()).size(), 0u);
   EXPECT_FALSE(fs::exists(folder_.Path("nowhere"))) << "listing must make nothing";
+
+  const fs::path here = fs::current_path();
+  fs::current_path(folder_.Path("images"));
+  fs::remove("other.nes");
+  const auto deleted = store_.List("other.nes");
+  fs::current_path(here);
+  EXPECT_EQ(deleted.size(), 1u) << "a deleted image has none by its bare name";
 }
 
 TEST_F(VersionStoreTest, TheFirstStateAndTheLastOnesAreKept) {

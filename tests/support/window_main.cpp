@@ -1,8 +1,8 @@
 #include <QApplication>
 #include <QFontInfo>
-#include <QStandardPaths>
 #include <gtest/gtest.h>
 
+#include "tests/support/own_home.h"
 #include "tools/driver/driver.h"
 
 namespace {
@@ -18,10 +18,10 @@ TEST(TestSetUp, AFontIsInstalled) {
 int main(int argc, char** argv) {
   qputenv("QT_QPA_PLATFORM", "offscreen");
   testing::InitGoogleTest(&argc, argv);
+  const rostermill::test::OwnHome home;
   QApplication app(argc, argv);
   QApplication::setApplicationName("RostermillTest");
   QApplication::setOrganizationName("RostermillTest");
-  QStandardPaths::setTestModeEnabled(true);
   rostermill::driver::on_error = [](const std::string& text) { ADD_FAILURE() << text; };
   return RUN_ALL_TESTS();
 }

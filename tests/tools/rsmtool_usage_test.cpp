@@ -12,8 +12,8 @@ TEST_F(RsmtoolUsage, HelpIsOnStandardOutputAndNamesEveryCommand) {
   const Result all = Run({"--help"});
   EXPECT_EQ(all.Code, 0);
   EXPECT_EQ(all.Err, "");
-  for (const char* command :
-       {"check", "dump", "diff", "resave", "export-players", "import-players"}) {
+  for (const char* command : {"check", "dump", "diff", "resave", "export-players", "import-players",
+                              "versions", "restore"}) {
     EXPECT_NE(all.Out.find(std::string("\n  ") + command + " "), std::string::npos) << command;
     const Result one = Run({command, "--help"});
     EXPECT_EQ(one.Code, 0);
@@ -31,6 +31,11 @@ TEST_F(RsmtoolUsage, AWrongCallIsOneLineAndTwo) {
       {{"chek", a}, "there is no command \"chek\"; see rsmtool --help"},
       {{"check"}, "check needs a file; see rsmtool check --help"},
       {{"diff", a}, "diff needs two files; see rsmtool diff --help"},
+      {{"restore", a}, "restore needs a file and a version's number; see rsmtool restore --help"},
+      {{"restore", a, "1", "b.nes", "c.nes"},
+       "restore takes no file c.nes; see rsmtool restore --help"},
+      {{"export-players", "--no-version", a},
+       "Unknown option 'no-version'; see rsmtool export-players --help"},
       {{"dump", a, "b.json"}, "dump takes no file b.json; see rsmtool dump --help"},
       {{"dump", "--json", a}, "Unknown option 'json'; see rsmtool dump --help"},
       {{"diff", "-", "-"}, "standard input can't be read twice"},

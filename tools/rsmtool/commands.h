@@ -13,5 +13,7 @@ int RunDiff(const Arguments& arguments, Console& console);
 int RunResave(const Arguments& arguments, Console& console);
 int RunExportPlayers(const Arguments& arguments, Console& console);
 int RunImportPlayers(const Arguments& arguments, Console& console);
+int RunVersions(const Arguments& arguments, Console& console);
+int RunRestore(const Arguments& arguments, Console& console);
 
 }  // namespace rostermill

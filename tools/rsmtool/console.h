@@ -5,6 +5,7 @@
 #include <istream>
 #include <ostream>
 #include <stdexcept>
+#include <string>
 
 namespace rostermill {
 
@@ -19,9 +20,11 @@ struct Console {
 
 /// What a command was called with.
 struct Arguments {
+  std::string Command;
   QStringList Paths;
   bool Json = false;
   bool DryRun = false;
+  bool NoVersion = false;  ///< what is replaced isn't kept
 };
 
 enum ExitCode {

@@ -2,9 +2,12 @@
 
 #include <QFileInfo>
 
+#include <functional>
 #include <limits>
-#include <span>
+#include <optional>
 
+#include "history/data_folder.h"
+#include "history/version_store.h"
 #include "league/load_image.h"
 #include "league/quantity_text.h"
 #include "league/save_image.h"
@@ -53,14 +56,19 @@ void KeepOtherImage(const QString& path, const QString& source, Console& console
                   "remove it first");
 }
 
-int WriteOutput(const QString& path, std::span<const std::uint8_t> bytes, Console& console) {
+int WriteOutput(const QString& path, std::span<const std::uint8_t> bytes, Extent extent,
+                Console& console) {
   if (path == standard_stream) {
     console.Out.write(reinterpret_cast<const char*>(bytes.data()),
                       static_cast<std::streamsize>(bytes.size()));
     return ExitOk;
   }
   try {
-    ReplaceFile(path.toStdString(), bytes);
+    if (extent == Extent::Whole) {
+      ReplaceFile(path.toStdString(), bytes);
+    } else {
+      ReplaceFileStart(path.toStdString(), bytes, [] {});
+    }
   } catch (const FileNotSynced& error) {
     console.Err << "rsmtool: " << NotSyncedText(path.toStdString(), error) << "\n";
     return ExitUnconfirmed;
@@ -68,6 +76,30 @@ int WriteOutput(const QString& path, std::span<const std::uint8_t> bytes, Consol
     throw ToolError(path.toStdString() + " could not be written: " + error.what());
   }
   return ExitOk;
+}
+
+/// What a new file will replace; empty where nothing is there.
+std::optional<FileStart> ReadReplaced(const std::string& path) {
+  try {
+    return VersionStore::ReadForKeeping(path);
+  } catch (const FileMissing&) {
+    return std::nullopt;
+  }
+}
+
+/// Why the file that is about to be replaced could not be kept; empty where it was, and where
+/// nothing is to be kept.
+std::optional<std::string> KeepReplaced(const QString& path, const Arguments& arguments) {
+  if (arguments.NoVersion || path == standard_stream) return std::nullopt;
+  const std::string file = path.toStdString();
+  try {
+    if (const auto replaced = ReadReplaced(file)) {
+      VersionStore(DataFolder()).Keep(file, *replaced, "before " + arguments.Command);
+    }
+  } catch (const std::runtime_error& error) {
+    return error.what();
+  }
+  return std::nullopt;
 }
 
 void CheckSize(const QString& path, const FileStart& file) {
@@ -102,21 +134,38 @@ FileStart ReadImageStart(const QString& path, Console& console) {
 int WriteTextFile(const QString& path, std::string_view text, Console& console) {
   KeepOtherImage(path, {}, console);
   const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
-  return WriteOutput(path, std::span(bytes, text.size()), console);
+  return WriteOutput(path, std::span(bytes, text.size()), Extent::Whole, console);
+}
+
+int WriteImageFile(const QString& source, const QString& path, std::span<const std::uint8_t> bytes,
+                   Extent extent, const Arguments& arguments, Console& console) {
+  KeepOtherImage(path, source, console);
+  const std::optional<std::string> why_not_kept = KeepReplaced(path, arguments);
+  const int code = WriteOutput(path, bytes, extent, console);
+  if (why_not_kept) {
+    console.Err << "rsmtool: " << path.toStdString()
+                << " was written, but its earlier version could not be kept: " << *why_not_kept
+                << "\n";
+  }
+  return code;
 }
 
 int WriteLeagueFile(const QString& source, const QString& path, OpenImage& image,
-                    const LeagueData& league, Console& console) {
-  KeepOtherImage(path, source, console);
+                    const LeagueData& league, const Arguments& arguments, Console& console) {
   if (const auto overflow = TextOverflow(league)) throw ToolError(OneLine(*overflow));
   WriteLeague(image, league, [] {});
-  return WriteOutput(path, image.Bytes(), console);
+  return WriteImageFile(source, path, image.Bytes(), Extent::Whole, arguments, console);
+}
+
+std::vector<std::uint8_t> ReadWholeFile(const QString& path, Console& console) {
+  FileStart file = ReadInput(path, largest_file, console);
+  CheckSize(path, file);
+  return std::move(file.Bytes);
 }
 
 std::string ReadTextFile(const QString& path, Console& console) {
-  const FileStart file = ReadInput(path, largest_file, console);
-  CheckSize(path, file);
-  return {file.Bytes.begin(), file.Bytes.end()};
+  const std::vector<std::uint8_t> bytes = ReadWholeFile(path, console);
+  return {bytes.begin(), bytes.end()};
 }
 
 std::string ImageFault(const FileStart& file) {

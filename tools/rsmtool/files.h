@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,19 +28,34 @@ FileStart ReadImageStart(const QString& path, Console& console);
 std::string ReadTextFile(const QString& path, Console& console);
 
 // What is written takes the place of the file, atomically, or goes to the console's output. A
-// cartridge image that the command wasn't given to change is never written over. Both give ExitOk,
+// cartridge image that the command wasn't given to change is never written over. These give ExitOk,
 // or ExitUnconfirmed and a message.
 
 int WriteTextFile(const QString& path, std::string_view text, Console& console);
 
+// Before one of these two replaces a file, it keeps it as an earlier version, "before resave",
+// unless `arguments` has NoVersion. If it can't be kept, it is replaced all the same, and then a
+// message says so. `source` is the image that the command was given; `path` may be the same.
+
 /// Writes all sections of the league into the image, which was read from `source`, and the image
-/// to `path`, which may be `source`. Throws before anything is written where the league's texts
-/// don't fit.
+/// to `path`. Throws before anything is written where the league's texts don't fit.
 int WriteLeagueFile(const QString& source, const QString& path, OpenImage& image,
-                    const LeagueData& league, Console& console);
+                    const LeagueData& league, const Arguments& arguments, Console& console);
+
+enum class Extent {
+  Whole,
+  Start,  ///< the file at `path`, which has to be there, keeps what comes after these bytes
+};
+
+/// Writes the bytes as they are.
+int WriteImageFile(const QString& source, const QString& path, std::span<const std::uint8_t> bytes,
+                   Extent extent, const Arguments& arguments, Console& console);
 
 /// Why these bytes are not a whole image; empty where they are one.
 std::string ImageFault(const FileStart& file);
+
+/// The bytes of a file, an image's or any other's; throws for one that is too large to be one.
+std::vector<std::uint8_t> ReadWholeFile(const QString& path, Console& console);
 
 /// The bytes of an image and of what may come after it.
 std::vector<std::uint8_t> ReadImageFile(const QString& path, Console& console);

@@ -11,7 +11,7 @@ struct Topic {
   std::string_view text;
 };
 
-constexpr std::array<Topic, 6> topics{{
+constexpr std::array<Topic, 8> topics{{
     {"check", R"(Usage: rsmtool check [--json] IMAGE...
 
 Says for each file whether it is a whole image, and whether it has ever been
@@ -38,11 +38,13 @@ Prints what differs between the leagues of two images, one line a change:
 
 Exit status: 0 the same, 1 different, 2 trouble.
 )"},
-    {"resave", R"(Usage: rsmtool resave IN OUT
+    {"resave", R"(Usage: rsmtool resave [--no-version] IN OUT
 
 Loads IN and writes a copy with all sections rewritten to OUT, as a save of the
 editor would. OUT may be IN, but not another image that exists. It is replaced
-whole or not at all.
+whole or not at all, and what it was before is kept as an earlier version.
+
+  --no-version   don't keep the earlier version
 )"},
     {"export-players", R"(Usage: rsmtool export-players IMAGE [FILE.csv]
 
@@ -52,7 +54,7 @@ number, face, ratings as displayed, and who returns kicks and punts. Ratings
 that a player's position doesn't have are left empty. An image is never written
 over.
 )"},
-    {"import-players", R"(Usage: rsmtool import-players [--dry-run] IMAGE FILE.csv
+    {"import-players", R"(Usage: rsmtool import-players [--dry-run] [--no-version] IMAGE FILE.csv
 
 Reads such a file back into the image. Rows and columns may be missing and in
 any order; what is missing stays as it is, and only Team and Slot must be there.
@@ -66,7 +68,33 @@ nothing is written.
 Lines that begin with "Also:" are what the save changes besides: a stock image
 gets the formation code, and what is odd in the image is put in order.
 
-  --dry-run   print what would change, as diff does, and write nothing
+What the image was before is kept as an earlier version.
+
+  --dry-run      print what would change, as diff does, and write nothing
+  --no-version   don't keep the earlier version
+)"},
+    {"versions", R"(Usage: rsmtool versions [--json] IMAGE
+
+Lists the earlier versions of an image that are kept, the latest first and the
+first state last: number, local time, and before what it was kept.
+  2  2026-07-30 21:40:12  before resave
+  1  2026-07-29 20:05:51  first state, before import-players
+
+Every command that replaces a file keeps what it replaces. The first state and
+the last 30 others are kept, the same bytes once; of a file longer than 4 MB
+only the first 393,232 bytes, which are all that a save changes.
+
+  --json   a JSON array with an object for each version, its time in UTC
+)"},
+    {"restore", R"(Usage: rsmtool restore [--no-version] IMAGE NUMBER [OUT]
+
+Writes the version of the image that "rsmtool versions" lists under this number
+back to the image, or to OUT, byte for byte. What it replaces is kept first, so
+that it can be restored in turn. Of a version that is only the start of a long
+file, the start is written, and the rest is that of the image as it is now. OUT
+may not be another image that exists.
+
+  --no-version   don't keep what is replaced
 )"},
 }};
 
@@ -83,6 +111,8 @@ Works on cartridge images of the league without a window.
   resave IN OUT                     a copy with all sections rewritten
   export-players IMAGE [FILE.csv]   all players as a spreadsheet
   import-players IMAGE FILE.csv     such a spreadsheet back into the image
+  versions IMAGE                    its earlier versions
+  restore IMAGE NUMBER [OUT]        one of them back into the image
 
   rsmtool COMMAND --help   more about a command
   rsmtool --version        the version

@@ -49,7 +49,7 @@ int RunImportPlayers(const Arguments& arguments, Console& console) {
     PrintEffects(effects, console.Out);
     return ExitOk;
   }
-  const int code = WriteLeagueFile(path, path, image, league, console);
+  const int code = WriteLeagueFile(path, path, image, league, arguments, console);
   console.Err << "rsmtool: " << QuantityText(changes.size(), "change") << " written to "
               << path.toStdString() << "\n";
   PrintEffects(effects, console.Err);

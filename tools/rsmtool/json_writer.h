@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -14,7 +15,7 @@ class JsonWriter {
   void BeginArray(std::string_view key = {}) { Begin(key, '['); }
   void EndArray() { End(']'); }
 
-  void Number(std::string_view key, int value) { Plain(key, std::to_string(value)); }
+  void Number(std::string_view key, std::int64_t value) { Plain(key, std::to_string(value)); }
   void Bool(std::string_view key, bool value) { Plain(key, value ? "true" : "false"); }
   /// Text of the image, Latin-1.
   void Latin1(std::string_view key, std::string_view text);

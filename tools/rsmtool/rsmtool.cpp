@@ -18,21 +18,27 @@ struct Command {
   int (*run)(const Arguments&, Console&);
   qsizetype fewest_paths;
   qsizetype most_paths;
-  bool only_reads;     ///< every path is an input
-  const char* option;  ///< the one option that it takes, or nothing
+  const char* needs;  ///< what the fewest paths are
+  bool only_reads;    ///< every path is an input
+  std::array<const char*, 2> options{};
 };
 
 constexpr qsizetype no_limit = std::numeric_limits<qsizetype>::max();
-constexpr const char* json_option = "json";
-constexpr const char* dry_run_option = "dry-run";
+constexpr const char* json = "json";
+constexpr const char* dry_run = "dry-run";
+constexpr const char* no_version = "no-version";
+constexpr const char* a_file = "a file";
+constexpr const char* two_files = "two files";
 
-constexpr std::array<Command, 6> commands{
-    {{"check", RunCheck, 1, no_limit, true, json_option},
-     {"dump", RunDump, 1, 1, true, nullptr},
-     {"diff", RunDiff, 2, 2, true, json_option},
-     {"resave", RunResave, 2, 2, false, nullptr},
-     {"export-players", RunExportPlayers, 1, 2, false, nullptr},
-     {"import-players", RunImportPlayers, 2, 2, true, dry_run_option}}};
+constexpr std::array<Command, 8> commands{
+    {{"check", RunCheck, 1, no_limit, a_file, true, {json}},
+     {"dump", RunDump, 1, 1, a_file, true},
+     {"diff", RunDiff, 2, 2, two_files, true, {json}},
+     {"resave", RunResave, 2, 2, two_files, false, {no_version}},
+     {"export-players", RunExportPlayers, 1, 2, a_file, false},
+     {"import-players", RunImportPlayers, 2, 2, two_files, true, {dry_run, no_version}},
+     {"versions", RunVersions, 1, 1, a_file, true, {json}},
+     {"restore", RunRestore, 2, 3, "a file and a version's number", false, {no_version}}}};
 
 [[noreturn]] void FailWithUsage(const QString& problem, const QString& command = {}) {
   const QString help = "rsmtool " + (command.isEmpty() ? QString() : command + " ") + "--help";
@@ -51,7 +57,9 @@ int RunCommand(const Command& command, const QStringList& rest, Console& console
   parser.setOptionsAfterPositionalArgumentsMode(QCommandLineParser::ParseAsOptions);
   const QCommandLineOption help(QStringList{"h", "help"});
   parser.addOption(help);
-  if (command.option != nullptr) parser.addOption(QCommandLineOption(command.option));
+  for (const char* option : command.options) {
+    if (option != nullptr) parser.addOption(QCommandLineOption(option));
+  }
   if (!parser.parse(QStringList(command.name) + rest)) {
     FailWithUsage(parser.errorText().chopped(parser.errorText().endsWith('.') ? 1 : 0),
                   command.name);
@@ -61,15 +69,14 @@ int RunCommand(const Command& command, const QStringList& rest, Console& console
     return ExitOk;
   }
   Arguments arguments;
+  arguments.Command = command.name;
   arguments.Paths = parser.positionalArguments();
-  const auto is_set = [&](const char* option) {
-    return command.option == option && parser.isSet(option);
-  };
-  arguments.Json = is_set(json_option);
-  arguments.DryRun = is_set(dry_run_option);
+  const QStringList options = parser.optionNames();
+  arguments.Json = options.contains(json);
+  arguments.DryRun = options.contains(dry_run);
+  arguments.NoVersion = options.contains(no_version);
   if (arguments.Paths.size() < command.fewest_paths) {
-    const char* files = command.fewest_paths == 1 ? " needs a file" : " needs two files";
-    FailWithUsage(command.name + QString(files), command.name);
+    FailWithUsage(command.name + QString(" needs ") + command.needs, command.name);
   }
   if (arguments.Paths.size() > command.most_paths) {
     FailWithUsage(QString(command.name) + " takes no file " + arguments.Paths[command.most_paths],

@@ -1,5 +1,6 @@
 #include <QApplication>
 #include <QCommandLineParser>
+#include <QTemporaryDir>
 
 #include <cstdio>
 #include <exception>
@@ -10,6 +11,9 @@
 
 int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  // What the tour saves has no place among what the user keeps.
+  const QTemporaryDir data_home;
+  qputenv("XDG_DATA_HOME", data_home.path().toUtf8());
   QApplication app(argc, argv);
   QApplication::setApplicationName("RostermillTour");
   QApplication::setWindowIcon(rostermill::WindowIcon());
