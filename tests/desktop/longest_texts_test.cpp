@@ -5,6 +5,7 @@
 #include <QTableWidget>
 
 #include "tests/desktop/all_forms.h"
+#include "toolkit/elided_button.h"
 #include "toolkit/elided_label.h"
 
 namespace rostermill::test {

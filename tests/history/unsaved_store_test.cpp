@@ -7,7 +7,7 @@
 #include <csignal>
 
 #include "history/unsaved_keeper.h"
-#include "league/file_error.h"
+#include "league/file_access.h"
 #include "tests/support/sample.h"
 #include <sys/wait.h>
 #include <unistd.h>

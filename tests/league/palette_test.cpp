@@ -5,6 +5,7 @@
 #include <set>
 #include <system_error>
 
+#include "league/file_access.h"
 #include "tests/support/sample.h"
 
 namespace rostermill::test {

@@ -151,17 +151,23 @@ TEST_F(MainForm, ARejectedFileOrACancelLeavesPathStatusAndLeagueInUse) {
   Load(path_);
   WriteFile(folder_.Path("other.nes"), std::string("not an image"));
   const LeagueData before = LeagueOf(session_);
-  for (const std::string name : {"other.nes", "missing.nes"}) {
-    QString text;
-    QString title;
-    AnswerNextMessage("OK", &text, &title);
-    EXPECT_FALSE(window_->OpenImageFile(folder_.Path(name)));
-    EXPECT_EQ(text, "Not a valid ROM file!");
-    EXPECT_EQ(title, "Error");
+  for (const std::string name : {"other.nes", "missing.nes", ""}) {
+    if (!name.empty()) {
+      OnNextDialog([](QDialog& dialog) {
+        auto& box = dynamic_cast<QMessageBox&>(dialog);
+        EXPECT_EQ(box.text(), "Not a valid ROM file!");
+        EXPECT_EQ(box.windowTitle(), "Error");
+        EXPECT_EQ(box.icon(), QMessageBox::Warning);
+        box.accept();
+      });
+      EXPECT_FALSE(window_.OpenImageFile(folder_.Path(name)));
+    } else {
+      Load("");
+    }
     EXPECT_EQ(session_.ImagePath, path_);
     EXPECT_EQ(Status().toStdString(), path_);
     EXPECT_EQ(LeagueOf(session_), before);
-    EXPECT_EQ(Form("Loading"), nullptr);
+    EXPECT_FALSE(IsOpen("Loading"));
   }
   EXPECT_FALSE(std::filesystem::exists(folder_.Path("missing.nes")));
 }
@@ -191,16 +197,14 @@ TEST_F(MainForm, UnloadAsksAndClosesTheViewers) {
 
 TEST_F(MainForm, AChangeOfOnePlayerMovesItsOwnBytesAndNoOthers) {
   Load(path_);
-  enter();
-  Item("mFilUnloadROM").trigger();
-  EXPECT_EQ(session_.ImageLoaded, 1);
-  LeagueOf(session_).RosterYear = "77";
-  enter();
-  Item("mFilSaveROM").trigger();
-  EXPECT_NE(FileBytes(path_), SampleBytes());
-}
-
-TEST_F(MainWindow, AChangeOfOnePlayerMovesItsOwnBytesAndNoOthers) {
+  Pick("mViePlayerData");
+  auto& teams = Find<DropDownList>(Form("ViewPlayer"), "cmbTeam");
+  teams.SetListIndex(teams.findText("HARBORTON SPARROWS"));
+  Find<DropDownList>(Form("ViewPlayer"), "cmbPosition").SetListIndex(2);
+  Press("ViewPlayer", "btnEdit");
+  const QWidget& editor = Form("EditPlayer");
+  Find<TextBox>(editor, "txtPlayer").setText("sid TESTER");
+  Find<QCheckBox>(editor, "chkKick").setChecked(false);
   const auto save = [this] {
     Press("EditPlayer", "btnSavePlayer");
     // Enter means Yes.
@@ -208,12 +212,6 @@ TEST_F(MainWindow, AChangeOfOnePlayerMovesItsOwnBytesAndNoOthers) {
     Item("mFilSaveROM").trigger();
     return FileBytes(path_);
   };
-  Load(path_);
-  // The first back of team 1: his entry is the third, and he returns neither kicks nor punts.
-  LeagueOf(session_).NameData[1][3] = {"sid", "TESTER", "29"};
-  LeagueOf(session_).SkillData[1][1] = {5, 5, 5, 5, 40, 5, 5, 0, 0};
-  for (SkillRec& mate : LeagueOf(session_).SkillData[1]) mate.KickReturner = 0;
-  LeagueOf(session_).SkillData[1][4].KickReturner = 1;
   const auto before = save();
   Press("ViewPlayer", "btnEdit");
   Find<TextBox>(editor, "txtPlayer").setText("tid TESTES");

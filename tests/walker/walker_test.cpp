@@ -80,7 +80,7 @@ void CheckValues(const LeagueSession& session) {
   expect(within(session.SchedTeam, 1, TeamCount), "SchedTeam");
   expect(within(session.PlaySlot, 0, 7), "PlaySlot");
   expect(within(session.RosterConference, 1, 2), "RosterConference");
-  for (const ScheduleWeek& week : LeagueOf(session).ScheduleData) {
+  for (const ScheduleWeek& week : session.League().ScheduleData) {
     for (const GamePlace& game : week.Games) {
       expect(within(game.HomeTeam, 0, 29) && within(game.AwayTeam, 0, 29), "a game's team");
     }

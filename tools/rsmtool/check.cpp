@@ -1,5 +1,6 @@
 #include <algorithm>
 
+#include "exchange/wording.h"
 #include "league/load_image.h"
 #include "league/oddities.h"
 #include "league/player_names.h"

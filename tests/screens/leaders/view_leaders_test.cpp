@@ -125,9 +125,23 @@ TEST_F(ViewLeadersTest, OpensOnTheQuarterbacksInTeamOrder) {
   EXPECT_EQ(session->LeaderRows[3].Name.substr(0, 4),
             LeagueOf(*session).NameData[2][1].LastName.substr(0, 1) +
                 LowerText(LeagueOf(*session).NameData[2][1].LastName.substr(1, 3)));
-  EXPECT_TRUE(Label("lblD8", 0).isVisible());
-  EXPECT_EQ(Label("lblHead", 8).text(), "APB");
-  EXPECT_EQ(Label("lblHead", 8).toolTip(), "Avoid Pass Block");
+  for (int column = 0; column <= 8; ++column) {
+    const LeaderHeading heading = HeadingOf(QB, column);
+    const QLabel& head = Label("lblHead", column);
+    EXPECT_EQ(head.text(), FromLatin1(heading.Caption));
+    EXPECT_EQ(head.toolTip(), FromLatin1(heading.FullName));
+    EXPECT_EQ(head.accessibleName(), FromLatin1(heading.FullName));
+    EXPECT_EQ(head.accessibleDescription(), "does not sort");
+    EXPECT_TRUE(Label("lblD" + QString::number(column), 4).isVisible());
+  }
+  for (auto& team : LeagueOf(*session).QBData) team[1].AvoidPassBlock = team[2].AvoidPassBlock = 0;
+  LeagueOf(*session).QBData[5][2].AvoidPassBlock = 15;
+  Choose(RB);
+  Choose(QB);
+  Click(8);
+  EXPECT_EQ(Label("lblD8", 0).text(), "100") << "the last column isn't counted";
+  Find<QPushButton>(*form, "btnOK").click();
+  EXPECT_TRUE(!form || !form->IsOpen());
 }
 
 TEST_F(ViewLeadersTest, GroupsHideTheColumnsAndHeadingsTheyDoNotHave) {
@@ -166,7 +180,7 @@ TEST_F(ViewLeadersTest, AHeadingSortsWithoutScrollingAndANewGroupStartsAfresh) {
   EXPECT_EQ(Bar().value(), 1);
 }
 
-TEST_F(ViewLeadersTest, AFewRowsLeaveNothingStaleBehindThem) {
+TEST_F(ViewLeadersTest, AFewRowsAreNotFollowedByStaleOnes) {
   for (TeamRec& team : LeagueOf(*session).TeamData) team.Formation = 1;
   LeagueOf(*session).TeamData[9].Formation = 0;
   LeagueOf(*session).NameData[9][11] = {"al", "END", "01"};

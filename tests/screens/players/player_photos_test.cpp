@@ -5,8 +5,8 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
-#include "league/ratings.h"
 #include "screens/players/edit_player.h"
+#include "screens/players/position_layout.h"
 #include "tests/support/dialogs.h"
 #include "tests/support/sample.h"
 
@@ -104,7 +104,7 @@ TEST_F(Photos, CellsShowAndGiveTheFacesOfTheirPage) {
   }
   EXPECT_EQ(FaceOf(LeagueOf(*session_), 1, 1), 37) << "the league changes at the save only";
   Find<QPushButton>(*editor_, "btnSavePlayer").click();
-  EXPECT_EQ(FaceOf(LeagueOf(*session_), 1, 1), 255);
+  EXPECT_EQ(FaceOf(LeagueOf(*session_), 1, 1), 127);
 }
 
 TEST_F(Photos, APickStaysWhenThePageTurnsAndARightClickPicksNothing) {

@@ -42,6 +42,9 @@ class EditScheduleTest : public testing::Test {
   }
 
   LeagueData& league() { return LeagueOf(*session); }
+  QString Team(int side) {
+    return QString::fromStdString(league().TeamData[side + 1].Abbreviation);
+  }
   GamePlace& Stored(int week, int game) { return league().ScheduleData[week].Games[game]; }
   ComboBox& Box(int index) { return Find<ComboBox>(*form, QString("cmbTeam(%1)").arg(index)); }
   QString Caption(const QString& name) { return Find<QLabel>(*form, name).text(); }

@@ -33,8 +33,8 @@ class GameSettingsFormTest : public testing::Test {
     LeagueOf(session).LeagueText[3] = c;
   }
   std::string Texts() const {
-    const auto& texts = LeagueOf(session).LeagueText;
-    return LeagueOf(session).RosterYear.str() + "|" + texts[1].str() + "|" + texts[2].str() + "|" +
+    const auto& texts = session.League().LeagueText;
+    return session.League().RosterYear.str() + "|" + texts[1].str() + "|" + texts[2].str() + "|" +
            texts[3].str();
   }
   std::string Shown() const {

@@ -197,7 +197,6 @@ TEST_F(TeamForms, APlayWithoutPictureIsPickedByItsName) {
   const TempFolder folder;
   ASSERT_TRUE(QFile::copy(FromUtf8(BinFolder() + "p3-1.bmp"), FromUtf8(folder.Path("p3-1.bmp"))));
   session_->AppDir = folder.Path("");
-  if (!session_->AppDir.ends_with('/')) session_->AppDir += '/';
   LeagueOf(*session_).TeamPlays[5][7] = 9;
   OpenEditor(5);
   OnNextDialog([&](QDialog& dialog) {

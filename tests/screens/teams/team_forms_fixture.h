@@ -61,6 +61,16 @@ class TeamForms : public testing::Test {
     return {rec.Red, rec.Green, rec.Blue};
   }
   QString Named(int index) { return FromUtf8(LeagueOf(*session_).PaletteData[index].Name); }
+  QString NameAndNumber(int index) {
+    return Named(index) + QString(", %1 ($%2)").arg(index).arg(FromLatin1(HexByteText(index)));
+  }
+  /// The picture of a play as the program has it in its folder; slots and choices as in the league.
+  static QImage PlayPicture(int slot, int choice) {
+    const char kind = slot <= 4 ? 'r' : 'p';
+    const QString file = QString("%1%2-%3.bmp").arg(kind).arg((slot - 1) % 4 + 1).arg(choice);
+    return QImage(FromUtf8(BinFolder()) + file)
+        .convertToFormat(QImage::Format_ARGB32_Premultiplied);
+  }
   TeamRec& Team(int team) { return LeagueOf(*session_).TeamData[team]; }
 
   std::unique_ptr<LeagueSession> session_ = SampleSession();
