@@ -271,6 +271,11 @@ void FRSMform::SetBusy(bool busy) {
   const QPointer<QWidget> in_front = focusWidget();
   if (busy && in_front != loading_) focus_before_ = in_front;
   setEnabled(!busy);
+  // Qt enables the items of all submenus with the window.
+  if (!busy) {
+    UpdateCommandState();
+    UpdateRecentList();
+  }
   if (!busy && focus_before_) focus_before_->setFocus();
   if (busy) {
     QApplication::setOverrideCursor(Qt::WaitCursor);

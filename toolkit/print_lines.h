@@ -13,7 +13,7 @@ struct PrintResult {
 
 /// Prints lines of text in "Courier New", or in the system's fixed-pitch font where that is
 /// missing, starting at the top of the first page and on as many pages as it takes. The size is
-/// that of the program's own text, or smaller if the longest line would not fit on the paper.
+/// the usual one of that font, or smaller if the longest line would not fit on the paper.
 PrintResult PrintLines(QPagedPaintDevice& device, const QStringList& lines);
 
 }  // namespace rostermill

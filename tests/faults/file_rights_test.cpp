@@ -3,6 +3,9 @@
 #include <cerrno>
 #include <filesystem>
 
+#include "league/access_list.h"
+#include "league/file_access.h"
+#include "league/file_rights.h"
 #include "league/save_image.h"
 #include "tests/faults/fault_walk.h"
 #include "tests/faults/rights.h"

@@ -92,6 +92,7 @@ TEST_F(RecentStore, AnUnreadableStoreReadsAsEmptyAndServesThisRun) {
 
 TEST_F(RecentStore, TheMenuShowsFilledEntriesOnlyAndLooksUpNone) {
   OpenWindow();
+  EXPECT_TRUE(window_->OpenImageFile(Image("league.nes").toStdString()));
   EXPECT_FALSE(Item("mnuFileRecentFiles").isEnabled());
   window_->AddRecentFile("/nowhere/a & b.nes");
   EXPECT_TRUE(Item("mnuFileRecentFiles").isEnabled());

@@ -69,6 +69,9 @@ TEST_F(MainForm, TheMenuOffersWhatCanBePickedAndNamesTheTeams) {
   };
   window_.AddRecentFile("/a.nes");
   expect_menu(false);
+  AnswerNextMessage("OK");
+  EXPECT_FALSE(window_.OpenImageFile(BinFolder() + "colors.txt"));
+  expect_menu(false);
   EXPECT_TRUE(window_.OpenImageFile(path_));
   expect_menu(true);
   LeagueOf(session_).TeamData[1].City = "A\tB & C";
