@@ -33,7 +33,7 @@ class SilentHost : public PipelineHost {
     std::fprintf(stderr, "%s\n", text.c_str());
     std::exit(1);
   }
-  bool Confirm(const std::string&, const std::string&) override { return true; }
+  bool Confirm(const Question&) override { return true; }
   std::string AskForText(const std::string&, const std::string&, const std::string&) override {
     return {};
   }

@@ -8,7 +8,7 @@ namespace rostermill {
 
 void LeagueSession::Change(const std::string& description, const LeagueChange& change) {
   if (recorder_) {
-    recorder_(league_, description, change);
+    recorder_(description, change);
   } else {
     change(league_);
   }

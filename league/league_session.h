@@ -23,7 +23,7 @@ struct LeaderRow {
 /// the formation that has six.
 inline constexpr int LeaderRowLimit = 6 * TeamCount;
 
-/// Changes a league. When it throws, the league that it was given is not used.
+/// Changes a league in one step. It may throw; the recorder then puts the league back.
 using LeagueChange = std::function<void(LeagueData&)>;
 
 /// The program's state: the league, the path it came from, and the variables with which screens
@@ -43,10 +43,13 @@ class LeagueSession {
   /// Puts another league in place, for a load or an unload. Not a step.
   void SetLeague(LeagueData league);
 
-  /// Makes every change; whoever keeps the steps sets it. Without one, a change is just made.
-  using Recorder =
-      std::function<void(LeagueData&, const std::string& description, const LeagueChange&)>;
-  void SetRecorder(Recorder recorder) { recorder_ = std::move(recorder); }
+  /// Makes every change; whoever keeps the steps sets it, or null at his end. Without one, a change
+  /// is just made. Returns the league, which the recorder changes.
+  using Recorder = std::function<void(const std::string& description, const LeagueChange&)>;
+  LeagueData& SetRecorder(Recorder recorder) {
+    recorder_ = std::move(recorder);
+    return league_;
+  }
 
   std::string ImagePath;  ///< UTF-8 path of the image in use; the target of every save
   int ImageLoaded = 0;    ///< 1 while League holds a loaded image

@@ -91,7 +91,7 @@ std::vector<std::uint8_t> ReadImageFile(const std::string& path) {
 
 /// The part of a load during which the host is busy. False when the user gave up the search for
 /// the palette.
-bool LoadFile(LeagueSession& session, PipelineHost& host) {
+bool LoadFile(LeagueSession& session, PipelineHost& host, ImageWatch& watch) {
   const BusyScope busy(host);
   LoadingScope loading(host);
   host.SetLoadingCaption(LoadStep::Validating, LoadCaption(LoadStep::Validating, "Checking"));
@@ -108,6 +108,7 @@ bool LoadFile(LeagueSession& session, PipelineHost& host) {
   league.PaletteData = ReadPalette(session.AppDir);
   session.SetLeague(std::move(league));
   session.ImageLoaded = 1;
+  watch.Loaded(image.Bytes());
   host.Beep();
   return true;
 }
@@ -151,8 +152,14 @@ LeagueData ReadLeague(OpenImage& image) {
 }
 
 LoadOutcome LoadImage(LeagueSession& session, PipelineHost& host) {
+  ImageWatch nobody;
+  return LoadImage(session, host, nobody);
+}
+
+LoadOutcome LoadImage(LeagueSession& session, PipelineHost& host, ImageWatch& watch) {
   try {
-    if (!LoadFile(session, host)) return LoadOutcome::EndProgram;
+    watch.BeforeLoad(session.ImagePath);
+    if (!LoadFile(session, host, watch)) return LoadOutcome::EndProgram;
   } catch (const NotAnImage& error) {
     return Reject(host, error.what());
   } catch (const FileError& error) {

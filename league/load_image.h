@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <span>
 
+#include "league/image_watch.h"
 #include "league/league_session.h"
 #include "league/open_image.h"
 #include "league/pipeline_host.h"
@@ -29,6 +30,7 @@ LeagueData ReadLeague(OpenImage& image);
 
 /// Loads the image at session.ImagePath: tests its header, reads the league, then the palette
 /// beside the program, and puts the whole in place.
+LoadOutcome LoadImage(LeagueSession& session, PipelineHost& host, ImageWatch& watch);
 LoadOutcome LoadImage(LeagueSession& session, PipelineHost& host);
 
 /// Empties the league's texts, marks it as not loaded and has the commands follow.

@@ -9,6 +9,14 @@ namespace rostermill {
 
 enum class MessageKind { Plain, Exclamation, Information };
 
+/// A question that is answered with Yes or No.
+struct Question {
+  std::string Text;
+  std::string Title;
+  std::string Note = {};     ///< a second text below the first one
+  bool NoByDefault = false;  ///< the answer that Enter gives
+};
+
 /// How a load and a save report to the user and ask questions. The main window implements it with
 /// real windows, tools and tests in a few lines. Texts are UTF-8.
 class PipelineHost {
@@ -28,7 +36,7 @@ class PipelineHost {
 
   virtual void ShowMessage(MessageKind kind, const std::string& text, const std::string& title) = 0;
   /// False when the answer is No.
-  virtual bool Confirm(const std::string& text, const std::string& title) = 0;
+  virtual bool Confirm(const Question& question) = 0;
   /// The text entered; empty when the user left it blank or cancelled.
   virtual std::string AskForText(const std::string& prompt, const std::string& title,
                                  const std::string& preset) = 0;

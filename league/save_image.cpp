@@ -33,6 +33,30 @@ SaveOutcome Refuse(PipelineHost& host, const std::string& text) {
   return SaveOutcome::Refused;
 }
 
+void CheckTexts(const LeagueData& league) {
+  if (const auto overflow = TextOverflow(league)) throw std::length_error(*overflow);
+}
+
+/// Writes the league over the file, which begins with these bytes.
+void WriteOver(const std::string& path, const FileStart& file, const LeagueData& league,
+               const Yield& yield, ImageWatch& watch) {
+  if (file.Bytes.size() < OpenImage::WholeSize) {
+    throw std::length_error(path + " has become too short for an image: it is " +
+                            QuantityText(file.FileSize, "byte") + " long, and a whole one has " +
+                            QuantityText(OpenImage::WholeSize, "byte") + ".");
+  }
+  OpenImage image({file.Bytes.begin(), file.Bytes.begin() + OpenImage::WholeSize});
+  WriteLeague(image, league, yield);
+  watch.BeforeReplace(path, file);
+  try {
+    ReplaceFileStart(path, image.Bytes(), yield);
+  } catch (const FileNotSynced&) {
+    watch.Replaced(path, image.Bytes(), false);
+    throw;
+  }
+  watch.Replaced(path, image.Bytes(), true);
+}
+
 }  // namespace
 
 std::optional<std::string> TextOverflow(const LeagueData& league) {
@@ -57,26 +81,32 @@ void WriteLeague(OpenImage& image, const LeagueData& league, const Yield& yield)
 }
 
 void SaveLeague(const LeagueData& league, const std::string& path, const Yield& yield) {
-  if (const auto overflow = TextOverflow(league)) throw std::length_error(*overflow);
-  FileStart file = ReadFileStart(path, OpenImage::WholeSize);
-  if (file.Bytes.size() < OpenImage::WholeSize) {
-    throw std::length_error(path + " has become too short for an image: it is " +
-                            QuantityText(file.FileSize, "byte") + " long, and a whole one has " +
-                            QuantityText(OpenImage::WholeSize, "byte") + ".");
-  }
-  OpenImage image(std::move(file.Bytes));
-  WriteLeague(image, league, yield);
-  ReplaceFileStart(path, image.Bytes(), yield);
+  CheckTexts(league);
+  ImageWatch nobody;
+  WriteOver(path, nobody.ReadForSave(path), league, yield, nobody);
 }
 
 SaveOutcome SaveImage(const LeagueSession& session, PipelineHost& host) {
+  ImageWatch nobody;
+  return SaveImage(session, host, nobody);
+}
+
+SaveOutcome SaveImage(const LeagueSession& session, PipelineHost& host, ImageWatch& watch,
+                      const std::string& note) {
   const std::string& path = session.ImagePath;
-  if (!host.Confirm("Are you sure you want to save to " + path + "?", "Save Confirmation")) {
+  const std::string warning = watch.SaveWarning(path);
+  if (!host.Confirm({"Are you sure you want to save to " + path + "?", "Save Confirmation",
+                     warning + (warning.empty() || note.empty() ? "" : "\n\n") + note,
+                     !warning.empty()})) {
     return SaveOutcome::Declined;
   }
   try {
+    CheckTexts(session.League());
+    const FileStart file = watch.ReadForSave(path);
+    if (!watch.MayReplace(path, file, host)) return SaveOutcome::Declined;
     const BusyScope busy(host);
-    SaveLeague(session.League(), path, [&host] { host.YieldToWindow(); });
+    WriteOver(
+        path, file, session.League(), [&host] { host.YieldToWindow(); }, watch);
     host.Beep();
   } catch (const std::length_error& error) {
     return Refuse(host, error.what() + std::string("\n\nNothing was written."));
@@ -92,6 +122,9 @@ SaveOutcome SaveImage(const LeagueSession& session, PipelineHost& host) {
                             "try again.");
   } catch (const std::bad_alloc&) {
     return Refuse(host, path + " could not be saved: there is not enough memory.");
+  }
+  if (const std::string trouble = watch.TakeTrouble(); !trouble.empty()) {
+    host.ShowMessage(MessageKind::Exclamation, trouble, "Saved");
   }
   return SaveOutcome::Saved;
 }

@@ -3,6 +3,7 @@
 #include <optional>
 #include <string>
 
+#include "league/image_watch.h"
 #include "league/league_session.h"
 #include "league/open_image.h"
 #include "league/pipeline_host.h"
@@ -24,11 +25,14 @@ std::optional<std::string> TextOverflow(const LeagueData& league);
 void WriteLeague(OpenImage& image, const LeagueData& league, const Yield& yield);
 
 /// Asks, then writes the league over the image at session.ImagePath. The file is bytewise the old
-/// image or the new one, whatever fails; the session is never changed.
+/// image or the new one, whatever fails; the session is never changed. `note` is a second text for
+/// the question.
+SaveOutcome SaveImage(const LeagueSession& session, PipelineHost& host, ImageWatch& watch,
+                      const std::string& note = {});
 SaveOutcome SaveImage(const LeagueSession& session, PipelineHost& host);
 
-/// The part of a save behind the question; throws FileError, or std::length_error with a message
-/// for the user where the texts or the file have the wrong length.
+/// A save without questions. Throws FileError, or std::length_error with a message for the user
+/// where the texts or the file have the wrong length.
 void SaveLeague(const LeagueData& league, const std::string& path, const Yield& yield);
 
 }  // namespace rostermill

@@ -10,6 +10,7 @@
 #include <QStatusBar>
 #include <QTimer>
 
+#include "history/data_folder.h"
 #include "league/load_image.h"
 #include "league/save_image.h"
 #include "screens/leaders/view_leaders.h"
@@ -21,7 +22,7 @@
 #include "screens/schedule/view_team_schedule.h"
 #include "screens/settings/game_settings_form.h"
 #include "screens/teams/view_teams.h"
-#include "shell/loading.h"
+#include "screens/versions/versions_form.h"
 #include "shell/open_save.h"
 #include "shell/readable_selection.h"
 #include "toolkit/elided_label.h"
@@ -36,18 +37,6 @@ namespace {
 
 constexpr const char* no_rom = "No ROM Loaded";
 constexpr QSize opening_size(1120, 800);
-
-QMessageBox::Icon IconOf(MessageKind kind) {
-  switch (kind) {
-    case MessageKind::Exclamation:
-      return QMessageBox::Warning;
-    case MessageKind::Information:
-      return QMessageBox::Information;
-    case MessageKind::Plain:
-      break;
-  }
-  return QMessageBox::NoIcon;
-}
 
 /// A caption that shows "&" literally, not as an access key, and a tab not as a column.
 QString PlainCaption(const std::string& text) {
@@ -70,7 +59,11 @@ QString DraggedImage(const QDropEvent& event) {
 }  // namespace
 
 FRSMform::FRSMform(LeagueSession& session, QSettings* settings)
-    : session_(session), recent_files_(settings != nullptr ? *settings : *new QSettings(this)) {
+    : session_(session),
+      history_(session, DataFolder()),
+      recent_files_(settings != nullptr ? *settings : *new QSettings(this)),
+      area_(new ChildArea),
+      host_(*this, *area_, [this] { UpdateCommandState(); }) {
   BuildWindow();
   MDIForm_Load();
 }
@@ -79,7 +72,6 @@ void FRSMform::BuildWindow() {
   QApplication::setPalette(ReadableSelection(QApplication::palette()));
   setObjectName("FRSMform");
   setWindowTitle("Rostermill");
-  area_ = new ChildArea;
   setCentralWidget(area_);
   new FileDrops(this);
   menu_.Build(*menuBar(), MenuRows());
@@ -89,7 +81,11 @@ void FRSMform::BuildWindow() {
   statusBar()->addWidget(status_, 1);
   auto* program = new QLabel("Rostermill " ROSTERMILL_VERSION);
   program->setObjectName("StatusBar1.Panels(2)");
+  lblChanged = new QLabel;
+  lblChanged->setObjectName("lblChanged");
+  statusBar()->addPermanentWidget(lblChanged);
   statusBar()->addPermanentWidget(program);
+  FollowHistory();
 }
 
 void FRSMform::MDIForm_Load() {
@@ -98,13 +94,14 @@ void FRSMform::MDIForm_Load() {
   QRect place = geometry();
   place.moveCenter(room.center());
   move(place.topLeft());
-  FRSMform::UpdateCommandState();
-  UpdateRecentList();
+  UpdateCommandState();
   ShowStatus(no_rom);
 }
 
 void FRSMform::UpdateCommandState() {
   menu_.SetImageLoaded(session_.ImageLoaded != 0);
+  UpdateRecentList();
+  UpdateHistoryState();
   for (int team = 1; team <= TeamCount; ++team) {
     menu_.TeamItem(team)->setText(PlainCaption(TeamListText(session_.League(), team)));
   }
@@ -126,11 +123,8 @@ void FRSMform::mFilLoadROM_Click() {
 bool FRSMform::OpenImageFile(const std::string& path) {
   const std::string path_in_use = session_.ImagePath;
   session_.ImagePath = path;
-  focus_before_ = focusWidget();
-  loading_ = new Loading;
-  area_->ShowForm(loading_);
-  area_->CentreForm(loading_);
-  const LoadOutcome outcome = LoadImage(session_, *this);
+  host_.ShowLoading();
+  const LoadOutcome outcome = LoadImage(session_, host_, history_);
   if (outcome == LoadOutcome::Loaded) {
     ShowStatus(path);
   } else {
@@ -194,7 +188,7 @@ void FRSMform::mnuFileRecent_Click(int Index) {
 }
 
 void FRSMform::mFilSaveROM_Click() {
-  SaveImage(session_, *this);
+  SaveImage(session_, host_, history_, NotStoredText());
 }
 
 void FRSMform::mFilUnloadROM_Click() {
@@ -203,9 +197,12 @@ void FRSMform::mFilUnloadROM_Click() {
                 QMessageBox::No)) {
     return;
   }
-  ClearLeague(session_, *this);
+  history_.BeforeLoad({});
+  ClearLeague(session_, host_);
+  history_.Loaded({});
   CloseIfOpen(view_teams_);
   CloseIfOpen(view_player_);
+  CloseIfOpen(versions_);
   ShowStatus(no_rom);
 }
 
@@ -247,6 +244,14 @@ void FRSMform::mDatProbowl_Click() {
   area_->OpenOrRaise(probowl_, [this] { return new frmProbowl(session_); });
 }
 
+void FRSMform::mToolVersions_Click() {
+  area_->OpenOrRaise(versions_, [this] {
+    auto* form = new frmVersions(history_);
+    connect(form, &frmVersions::BroughtBack, this, &FRSMform::ShowTouched);
+    return form;
+  });
+}
+
 void FRSMform::mSchVieAll_Click() {
   area_->OpenOrRaise(view_schedule_, [this] { return new ViewSchedule(session_); });
 }
@@ -264,57 +269,6 @@ void FRSMform::ShowStatus(const std::string& text) {
 void FRSMform::EndProgram() {
   close();
   QCoreApplication::quit();
-}
-
-void FRSMform::SetBusy(bool busy) {
-  // A disabled window has no focus; it is restored afterwards.
-  const QPointer<QWidget> in_front = focusWidget();
-  if (busy && in_front != loading_) focus_before_ = in_front;
-  setEnabled(!busy);
-  // Qt enables the items of all submenus with the window.
-  if (!busy) {
-    UpdateCommandState();
-    UpdateRecentList();
-  }
-  if (!busy && focus_before_) focus_before_->setFocus();
-  if (busy) {
-    QApplication::setOverrideCursor(Qt::WaitCursor);
-  } else {
-    QApplication::restoreOverrideCursor();
-  }
-}
-
-void FRSMform::SetLoadingCaption(LoadStep step, std::string_view caption) {
-  if (loading_) loading_->SetCaption(step, FromUtf8(caption));
-  YieldToWindow();
-}
-
-void FRSMform::CloseLoading() {
-  CloseIfOpen(loading_);
-}
-
-void FRSMform::YieldToWindow() {
-  QCoreApplication::processEvents();
-}
-
-void FRSMform::Beep() {
-  QApplication::beep();
-}
-
-void FRSMform::ShowMessage(MessageKind kind, const std::string& text, const std::string& title) {
-  ShowMessageBox(this, IconOf(kind), FromUtf8(text), FromUtf8(title));
-}
-
-bool FRSMform::Confirm(const std::string& text, const std::string& title) {
-  return AskYesNo(this, FromUtf8(text), FromUtf8(title), QMessageBox::Yes);
-}
-
-std::string FRSMform::AskForText(const std::string& prompt, const std::string& title,
-                                 const std::string& preset) {
-  QApplication::setOverrideCursor(Qt::ArrowCursor);
-  const QString answer = AskForLine(this, FromUtf8(prompt), FromUtf8(title), FromUtf8(preset));
-  QApplication::restoreOverrideCursor();
-  return ToUtf8(answer);
 }
 
 }  // namespace rostermill

@@ -2,19 +2,20 @@
 
 #include <QMainWindow>
 #include <QPointer>
+#include <QTimer>
 
 #include <vector>
 
+#include "history/league_history.h"
 #include "league/league_session.h"
-#include "league/pipeline_host.h"
 #include "shell/menu_tree.h"
 #include "shell/recent_files.h"
+#include "shell/window_host.h"
 #include "toolkit/form.h"
 
 namespace rostermill {
 
 class ElidedLabel;
-class Loading;
 class ViewLeaders;
 class ViewPlayer;
 class ViewSchedule;
@@ -23,11 +24,12 @@ class ViewTeamSchedule;
 class frmEditGameSettings;
 class frmEditSchedule;
 class frmProbowl;
+class frmVersions;
 
 /// The main window: menu, status bar, and the child forms inside it. Loads, saves and unloads the
 /// image, opens every other screen, and enables the commands that need an image while one is
 /// loaded.
-class FRSMform : public QMainWindow, private PipelineHost {
+class FRSMform : public QMainWindow {
   Q_OBJECT
 
  public:
@@ -39,7 +41,7 @@ class FRSMform : public QMainWindow, private PipelineHost {
   bool OpenImageFile(const std::string& path);
 
   /// Enables the commands that need an image, and gives the team commands their captions.
-  void UpdateCommandState() override;
+  void UpdateCommandState();
 
   /// The recent paths, the latest first, followed by empty texts.
   RecentFiles::List GetRecentFiles() { return recent_files_.GetRecentFiles(); }
@@ -71,32 +73,37 @@ class FRSMform : public QMainWindow, private PipelineHost {
   void mDatProbowl_Click();
   void mVieLeaders_Click();
   void mSchVieAll_Click();
+  void mnuEditUndo_Click();
+  void mnuEditRedo_Click();
+  void mToolVersions_Click();
+  void mToolUnsaved_Click();
   /// The 28 team commands.
   void ShowTeamSchedule(int team);
+
+  /// Has the menu, the status bar and the keeping of unsaved changes follow the history.
+  void FollowHistory();
+  void UpdateHistoryState();
+  void ShowChanged();
+  void KeepUnsaved();
+  /// Shows in the open forms what an undo, a redo or a state brought back has changed.
+  void ShowTouched(const Touched& touched);
+  /// The open editors with values that a save leaves out, for its question; empty without one.
+  std::string NotStoredText() const;
 
   void ShowStatus(const std::string& text);
   /// Ends the program, whatever is open.
   void EndProgram();
 
-  // Reports and questions of a load and a save.
-  void SetBusy(bool busy) override;
-  void SetLoadingCaption(LoadStep step, std::string_view caption) override;
-  void CloseLoading() override;
-  void YieldToWindow() override;
-  void Beep() override;
-  void ShowMessage(MessageKind kind, const std::string& text, const std::string& title) override;
-  bool Confirm(const std::string& text, const std::string& title) override;
-  std::string AskForText(const std::string& prompt, const std::string& title,
-                         const std::string& preset) override;
-
   LeagueSession& session_;
+  LeagueHistory history_;
   RecentFiles recent_files_;
   MenuTree menu_;
-  ChildArea* area_ = nullptr;
+  ChildArea* area_;
+  WindowHost host_;
   ElidedLabel* status_ = nullptr;
-  QPointer<QWidget> focus_before_;
+  QLabel* lblChanged = nullptr;
+  QTimer keeping_;
 
-  QPointer<Loading> loading_;
   QPointer<ViewPlayer> view_player_;
   QPointer<ViewTeams> view_teams_;
   QPointer<ViewLeaders> view_leaders_;
@@ -105,6 +112,7 @@ class FRSMform : public QMainWindow, private PipelineHost {
   QPointer<frmEditGameSettings> game_settings_;
   QPointer<frmEditSchedule> edit_schedule_;
   QPointer<frmProbowl> probowl_;
+  QPointer<frmVersions> versions_;
 };
 
 }  // namespace rostermill

@@ -69,6 +69,9 @@ std::vector<MenuRow> FRSMform::MenuRows() {
       line("mnuEditB2", "mView"),
       image_command("mView", "mSchEdit", "&Schedule", &FRSMform::mSchEdit_Click),
       image_command("mView", "mDatProbowl", "Pro&bowl Roster", &FRSMform::mDatProbowl_Click),
+      line("mnuEditB3", "mView"),
+      command("mView", "mnuEditUndo", "&Undo", &FRSMform::mnuEditUndo_Click, "Ctrl+Z"),
+      command("mView", "mnuEditRedo", "&Redo", &FRSMform::mnuEditRedo_Click, "Ctrl+Shift+Z"),
 
       menu("mView1", "&View"),
       image_command("mView1", "mVieLeaders", "&Leaders", &FRSMform::mVieLeaders_Click),
@@ -89,6 +92,11 @@ std::vector<MenuRow> FRSMform::MenuRows() {
       teams("mNFCc", "mVieNFCCentral"),
       menu("mViewNFCWest", "&West", "mSchVieNFC"),
       teams("mNFCw", "mViewNFCWest"),
+
+      menu("mTools", "&Tools"),
+      image_command("mTools", "mToolVersions", "Earlier &Versions", &FRSMform::mToolVersions_Click),
+      command("mTools", "mToolUnsaved", "Bring Back &Unsaved Changes",
+              &FRSMform::mToolUnsaved_Click),
 
       menu("mHelp", "&Help"),
       command("mHelp", "mHelAbout", "&About", &FRSMform::mHelAbout_Click),

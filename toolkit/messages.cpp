@@ -7,10 +7,12 @@ namespace rostermill {
 namespace {
 
 int RunMessageBox(QWidget* owner, QMessageBox::Icon icon, const QString& text, const QString& title,
-                  QMessageBox::StandardButtons buttons, QMessageBox::StandardButton preset) {
+                  QMessageBox::StandardButtons buttons, QMessageBox::StandardButton preset,
+                  const QString& note = {}) {
   QMessageBox box(icon, title, text, buttons, owner);
   box.setObjectName("MessageBox");
   box.setTextFormat(Qt::PlainText);
+  box.setInformativeText(note);
   box.setDefaultButton(preset);
   return box.exec();
 }
@@ -23,9 +25,9 @@ void ShowMessageBox(QWidget* owner, QMessageBox::Icon icon, const QString& text,
 }
 
 bool AskYesNo(QWidget* owner, const QString& text, const QString& title,
-              QMessageBox::StandardButton preset) {
+              QMessageBox::StandardButton preset, const QString& note) {
   return RunMessageBox(owner, QMessageBox::Question, text, title,
-                       QMessageBox::Yes | QMessageBox::No, preset) == QMessageBox::Yes;
+                       QMessageBox::Yes | QMessageBox::No, preset, note) == QMessageBox::Yes;
 }
 
 QString AskForLine(QWidget* owner, const QString& prompt, const QString& title,

@@ -66,6 +66,19 @@ QString TextBox::Admitted(const QString& entered, int replaced) const {
   return admitted.left(std::max(room, 0));
 }
 
+bool TextBox::event(QEvent* event) {
+  // A line edit claims these keys even with nothing to undo; then they are the window's.
+  if (event->type() == QEvent::ShortcutOverride) {
+    const auto* key = static_cast<QKeyEvent*>(event);
+    if ((key->matches(QKeySequence::Undo) && !isUndoAvailable()) ||
+        (key->matches(QKeySequence::Redo) && !isRedoAvailable())) {
+      event->ignore();
+      return true;
+    }
+  }
+  return QLineEdit::event(event);
+}
+
 void TextBox::keyPressEvent(QKeyEvent* event) {
   if (event->matches(QKeySequence::Paste)) {
     const bool from_selection = event->key() == Qt::Key_Insert &&

@@ -111,7 +111,7 @@ void EditPlayer::FillEditPlayer() {
   const LeagueData& league = session_.League();
   const int team = session_.CurTeam;
   const int slot = session_.CurSlot;
-  lblTeam->SetText(FromLatin1(TeamTitleText(league, team)));
+  ShowTeamTitle();
   txtPlayer->SetText(FromLatin1(PlayerEditText(league, team, slot)));
   lblNumber->setText(FromLatin1(NumberCaption(league, team, slot)));
   for (QCheckBox* box : {chkPunt, chkKick}) {
@@ -129,6 +129,26 @@ void EditPlayer::FillEditPlayer() {
     chkPunt->setChecked(rec.PuntReturner == 1);
     chkKick->setChecked(rec.KickReturner == 1);
   }
+  filled_ = Values();
+}
+
+void EditPlayer::ShowTeamTitle() {
+  lblTeam->SetText(FromLatin1(TeamTitleText(session_.League(), session_.CurTeam)));
+}
+
+QStringList EditPlayer::Values() const {
+  QStringList values{txtPlayer->Text(), lblNumber->text(), lblFace->text()};
+  for (int place = 0; place < PlacesInUse(GroupOfSlot(session_.CurSlot)); ++place) {
+    values << Frame1->Value(place);
+  }
+  for (const QCheckBox* box : {chkPunt, chkKick}) values << (box->isChecked() ? "1" : "0");
+  return values;
+}
+
+QStringList EditPlayer::NotStored() const {
+  if (Values() == filled_) return {};
+  const std::string name = PlayerEditText(session_.League(), session_.CurTeam, session_.CurSlot);
+  return {"Edit Player (" + FromLatin1(name) + ")"};
 }
 
 void EditPlayer::imgFace_MouseDown(Qt::MouseButtons buttons) {

@@ -23,6 +23,10 @@ class EditPlayer : public ChildForm {
 
   /// Fills the form for the current player and discards pending changes.
   void FillEditPlayer();
+  /// Shows the name of the player's team.
+  void ShowTeamTitle();
+  /// "Edit Player (Sam Plover)" if there are pending changes.
+  QStringList NotStored() const;
 
  signals:
   /// The player has been stored; PendingTeamName and PendingPlayerName now identify him.
@@ -41,6 +45,8 @@ class EditPlayer : public ChildForm {
   void btnSavePlayer_Click();
   void btnClose_Click();
 
+  /// All that can be pending, as it is shown.
+  QStringList Values() const;
   void StepRating(int place, int direction);
   void StepNumber(int direction);
   void StoreName(LeagueData& league);
@@ -48,6 +54,7 @@ class EditPlayer : public ChildForm {
   void StoreReturners(LeagueData& league);
 
   LeagueSession& session_;
+  QStringList filled_;  ///< Values after the form was filled
 
   ElidedLabel* lblTeam = nullptr;
   TextBox* txtPlayer = nullptr;

@@ -148,6 +148,28 @@ void ViewPlayer::ShowFirstTeam() {
 }
 
 void ViewPlayer::ShowPlayer(int team, int slot) {
+  ShowPlayerHere(team, slot);
+  if (session_.EditPlayerOpen && editor_) editor_->FillEditPlayer();
+}
+
+void ViewPlayer::ShowTouched(const Touched& touched) {
+  const int team = session_.CurTeam;
+  const int slot = session_.CurSlot;
+  FillTeams();
+  const QSignalBlocker silent(cmbTeam);
+  cmbTeam->SetListIndex(cmbTeam->findText(FromLatin1(TeamListText(session_.League(), team))));
+  FillPlayers(team);
+  ShowPlayerHere(team, slot);
+  if (!session_.EditPlayerOpen || !editor_) return;
+  if (touched.Players[team][slot]) editor_->FillEditPlayer();
+  if (touched.Teams[team]) editor_->ShowTeamTitle();
+}
+
+QStringList ViewPlayer::NotStored() const {
+  return session_.EditPlayerOpen && editor_ ? editor_->NotStored() : QStringList();
+}
+
+void ViewPlayer::ShowPlayerHere(int team, int slot) {
   const LeagueData& league = session_.League();
   session_.CurTeam = static_cast<std::int16_t>(team);
   session_.CurSlot = static_cast<std::int16_t>(slot);
@@ -158,7 +180,6 @@ void ViewPlayer::ShowPlayer(int team, int slot) {
   ShowFace(*imgFace, session_.AppDir, FaceOf(league, team, slot));
   lblNumber->setText(FromLatin1(NumberCaption(league, team, slot)));
   Frame1->ShowPlayer(league, team, slot);
-  if (session_.EditPlayerOpen && editor_) editor_->FillEditPlayer();
 }
 
 void ViewPlayer::btnEdit_Click() {

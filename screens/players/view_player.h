@@ -2,6 +2,7 @@
 
 #include <QPointer>
 
+#include "history/undo_stack.h"
 #include "league/league_session.h"
 #include "toolkit/drop_down_list.h"
 #include "toolkit/form.h"
@@ -19,6 +20,12 @@ class ViewPlayer : public ChildForm {
 
  public:
   explicit ViewPlayer(LeagueSession& session);
+
+  /// Shows the player on view anew, with all lists. The editor keeps its pending values unless that
+  /// player was changed.
+  void ShowTouched(const Touched& touched);
+  /// The editor, if it has values that are not stored yet.
+  QStringList NotStored() const;
 
  private:
   void BuildControls();
@@ -51,6 +58,8 @@ class ViewPlayer : public ChildForm {
   /// Makes this player the current one and shows him here and in the editor. cmbPlayer must list
   /// his team. Changes of the lists' selections raise no events.
   void ShowPlayer(int team, int slot);
+  /// The same without the editor.
+  void ShowPlayerHere(int team, int slot);
 
   LeagueSession& session_;
   QPointer<EditPlayer> editor_;

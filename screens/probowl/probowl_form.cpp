@@ -62,6 +62,10 @@ void frmProbowl::ShowRoster(int conference) {
   Area()->OpenOrRaise(roster_, [this] { return new frmRoster(session_); })->RefreshRoster();
 }
 
+void frmProbowl::RefreshRoster() {
+  if (roster_ && roster_->IsOpen()) roster_->RefreshRoster();
+}
+
 void frmProbowl::btnOK_Click() {
   CloseForm();
 }

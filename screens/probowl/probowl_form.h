@@ -17,6 +17,9 @@ class frmProbowl : public ChildForm {
  public:
   explicit frmProbowl(LeagueSession& session);
 
+  /// Shows the roster anew if it is open.
+  void RefreshRoster();
+
  private:
   void BuildControls();
   void LayOut();

@@ -149,7 +149,16 @@ void frmEditSchedule::Form_Load() {
     box->SetText({});
   }
   WorkSchedule = session_.League().ScheduleData;
+  filled_schedule_ = WorkSchedule;
   LoadWeek(0);
+}
+
+QStringList frmEditSchedule::NotStored() const {
+  bool pending = WorkSchedule != filled_schedule_;
+  for (int Index = cmbTeam.First(); Index < cmbTeam.Next(); ++Index) {
+    pending = pending || (!cmbTeam[Index]->isHidden() && IsTyped(Index));
+  }
+  return pending ? QStringList("Edit Schedule") : QStringList();
 }
 
 void frmEditSchedule::LoadWeek(std::uint8_t weekNum) {

@@ -27,6 +27,9 @@ class frmEditSchedule : public ChildForm {
  public:
   explicit frmEditSchedule(LeagueSession& session);
 
+  /// "Edit Schedule" if the season here is not stored yet.
+  QStringList NotStored() const;
+
  protected:
   /// Enter and Esc apply to a text that is not taken yet before they reach the buttons.
   void keyPressEvent(QKeyEvent* event) override;
@@ -68,6 +71,7 @@ class frmEditSchedule : public ChildForm {
   /// What each box was last filled with, or what was picked in it since.
   std::array<QString, 2 * GamesPerWeek> filled_text_;
   Season WorkSchedule;
+  Season filled_schedule_;  ///< as it was when the form opened
   std::uint8_t CurrentWeek = 0;
   bool LoadingWeek = false;
 

@@ -62,6 +62,17 @@ void frmEditGameSettings::Form_Load() {
     txtLeague[text]->SetText(FromLatin1(session_.League().LeagueText[text + 1].str()));
   }
   txtRosterYear->selectAll();
+  filled_ = Texts();
+}
+
+QStringList frmEditGameSettings::Texts() const {
+  QStringList texts{txtRosterYear->Text()};
+  for (const TextBox* box : txtLeague) texts << box->Text();
+  return texts;
+}
+
+QStringList frmEditGameSettings::NotStored() const {
+  return Texts() == filled_ ? QStringList() : QStringList("Game Settings");
 }
 
 void frmEditGameSettings::cmdOK_Click() {

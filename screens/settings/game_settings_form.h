@@ -15,6 +15,9 @@ class frmEditGameSettings : public ChildForm {
  public:
   explicit frmEditGameSettings(LeagueSession& session);
 
+  /// "Game Settings" if a text is not stored yet.
+  QStringList NotStored() const;
+
  private:
   void BuildControls();
   void LayOut();
@@ -23,7 +26,10 @@ class frmEditGameSettings : public ChildForm {
   void cmdOK_Click();
   void cmdCancel_Click();
 
+  QStringList Texts() const;
+
   LeagueSession& session_;
+  QStringList filled_;  ///< Texts after the form was filled
 
   TextBox* txtRosterYear = nullptr;
   ControlArray<TextBox> txtLeague{"txtLeague"};

@@ -196,6 +196,24 @@ void EditTeam::LoadTeam() {
   FillEditTeam();
 }
 
+bool EditTeam::IsPending() const {
+  LeagueSession stored;
+  stored.SetLeague(session_.League());
+  stored.ViewTeam = session_.ViewTeam;
+  FillWorkingCopies(stored);
+  const int formation = cmbFormation->ListIndex();
+  return stored.PreviewColors != session_.PreviewColors ||
+         stored.PreviewPlays != session_.PreviewPlays ||
+         stored.PreviewCity != session_.PreviewCity || stored.PreviewName != session_.PreviewName ||
+         stored.PreviewAbbreviation != session_.PreviewAbbreviation ||
+         (formation >= 0 && formation != session_.League().TeamData[session_.ViewTeam].Formation);
+}
+
+QStringList EditTeam::NotStored() const {
+  if (!IsPending()) return {};
+  return {"Edit Team (" + FromLatin1(TeamTitleText(session_.League(), session_.ViewTeam)) + ")"};
+}
+
 void EditTeam::FillEditTeam() {
   ShowJerseyColors();
   ShowTextRoom();

@@ -21,6 +21,8 @@ class EditTeam : public ChildForm {
 
   /// Copies the team on view into the working copies and shows it; pending changes are discarded.
   void LoadTeam();
+  /// "Edit Team (Harborton Sparrows)" if there are pending changes.
+  QStringList NotStored() const;
 
  signals:
   /// The team has been stored; `list_text` is its new text in team lists.
@@ -59,6 +61,9 @@ class EditTeam : public ChildForm {
   /// `colors` is one of the team's tables of champion colors; `step` names the change.
   template <typename Colors>
   void ChooseChampColor(Colors TeamRec::*colors, int color, const std::string& step);
+
+  /// Whether the working copies or the formation differ from the stored team.
+  bool IsPending() const;
 
   LeagueSession& session_;
 

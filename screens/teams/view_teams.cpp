@@ -164,7 +164,19 @@ void ViewTeams::cmbTeam_Click() {
   }
 }
 
-void ViewTeams::ShowTeam(int number) {
+void ViewTeams::ShowTouched(const Touched& touched) {
+  FillList();
+  const QSignalBlocker silent(cmbTeam);
+  const int team = session_.ViewTeam;
+  cmbTeam->SetListIndex(cmbTeam->findText(FromLatin1(TeamListText(session_.League(), team))));
+  ShowTeam(team, touched.Teams[team]);
+}
+
+QStringList ViewTeams::NotStored() const {
+  return session_.EditTeamOpen && editor_ ? editor_->NotStored() : QStringList();
+}
+
+void ViewTeams::ShowTeam(int number, bool in_editor) {
   session_.ViewTeam = static_cast<std::int16_t>(number);
   const TeamRec& team = session_.League().TeamData[number];
   lblInfo[0]->SetText(" " + FromLatin1(team.City));
@@ -172,7 +184,7 @@ void ViewTeams::ShowTeam(int number) {
   lblInfo[2]->SetText(" " + FromLatin1(team.Abbreviation));
   ShowColors();
   lblInfo[5]->SetText(FromLatin1(FormationText(team.Formation)));
-  if (session_.EditTeamOpen && editor_) editor_->LoadTeam();
+  if (in_editor && session_.EditTeamOpen && editor_) editor_->LoadTeam();
   ShowPlays();
 }
 

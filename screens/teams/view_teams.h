@@ -2,6 +2,7 @@
 
 #include <QPointer>
 
+#include "history/undo_stack.h"
 #include "league/league_session.h"
 #include "toolkit/color_box.h"
 #include "toolkit/control_array.h"
@@ -20,6 +21,12 @@ class ViewTeams : public ChildForm {
 
  public:
   explicit ViewTeams(LeagueSession& session);
+
+  /// Shows the team on view anew, with the list. The editor keeps its pending values unless that
+  /// team was changed.
+  void ShowTouched(const Touched& touched);
+  /// The editor, if it has values that are not stored yet.
+  QStringList NotStored() const;
 
  private:
   void BuildControls();
@@ -42,8 +49,8 @@ class ViewTeams : public ChildForm {
 
   /// Fills the list and selects the team that sorts first. Raises no event.
   void FillList();
-  /// Makes this team, 1 to 28, the one on view and shows it here and in the editor.
-  void ShowTeam(int number);
+  /// Makes this team, 1 to 28, the one on view and shows it here, and in the editor if asked.
+  void ShowTeam(int number, bool in_editor = true);
   void ShowColors();
   void ShowPlays();
 

@@ -48,7 +48,8 @@ TEST_F(MainForm, TheMenuOffersWhatCanBePickedAndNamesTheTeams) {
       "{mnuFileRecent(0)=&1 /a.nes}, "
       "mnuFileB2, mFilExit=&Exit Ctrl+Q}, "
       "mView=&Edit {[mnuEditGameSettings=&Game Settings], mDatB1, [mViePlayerData=&Players], "
-      "[mVieTeamData=&Teams], mnuEditB2, [mSchEdit=&Schedule], [mDatProbowl=Pro&bowl Roster]}, "
+      "[mVieTeamData=&Teams], mnuEditB2, [mSchEdit=&Schedule], [mDatProbowl=Pro&bowl Roster], "
+      "mnuEditB3, <mnuEditUndo=&Undo Ctrl+Z>, <mnuEditRedo=&Redo Ctrl+Shift+Z>}, "
       "mView1=&View {[mVieLeaders=&Leaders], [mSchView=&Schedule {mSchVieAll=&League, mSchVieB1, "
       "mSchVieAFC=&AFC {"
       "mSchVieAFCEast=&East {mAFCe1=%1, mAFCe2=%2, mAFCe3=%3, mAFCe4=%4, mAFCe5=%5}, "
@@ -58,10 +59,13 @@ TEST_F(MainForm, TheMenuOffersWhatCanBePickedAndNamesTheTeams) {
       "mVieNFCEast=&East {mNFCe1=%15, mNFCe2=%16, mNFCe3=%17, mNFCe4=%18, mNFCe5=%19}, "
       "mVieNFCCentral=&Central {mNFCc1=%20, mNFCc2=%21, mNFCc3=%22, mNFCc4=%23, mNFCc5=%24}, "
       "mViewNFCWest=&West {mNFCw1=%25, mNFCw2=%26, mNFCw3=%27, mNFCw4=%28}}}]}, "
+      "mTools=&Tools {[mToolVersions=Earlier &Versions], "
+      "<mToolUnsaved=Bring Back &Unsaved Changes>}, "
       "mHelp=&Help {mHelAbout=&About}";
   const auto expect_menu = [&](bool loaded) {
     QString expected = menu;
     if (loaded) expected.remove('[').remove(']');
+    expected.replace('<', '[').replace('>', ']');
     for (const TeamRec& team : LeagueOf(session_).TeamData) {
       expected = expected.arg(loaded ? FromLatin1(team.City + " " + team.Nickname) : " ");
     }

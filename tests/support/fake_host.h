@@ -40,8 +40,10 @@ class FakeHost : public PipelineHost {
   void ShowMessage(MessageKind, const std::string& text, const std::string& title) override {
     messages.push_back(title + ": " + text);
   }
-  bool Confirm(const std::string& text, const std::string& title) override {
-    questions.push_back(title + ": " + text);
+  bool Confirm(const Question& question) override {
+    questions.push_back(question.Title + ": " + question.Text +
+                        (question.Note.empty() ? "" : " (" + question.Note + ")") +
+                        (question.NoByDefault ? " [No]" : ""));
     return answer_yes;
   }
   std::string AskForText(const std::string& prompt, const std::string& title,

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <variant>
+#include <vector>
+
+#include "history/league_history.h"
+#include "toolkit/form.h"
+
+class QPlainTextEdit;
+class QTreeWidget;
+
+namespace rostermill {
+
+/// "Earlier Versions": the states of the image's file before its saves, and the unsaved changes
+/// that were left. Each can be compared with the league in memory, and brought back into it.
+class frmVersions : public ChildForm {
+  Q_OBJECT
+
+ public:
+  explicit frmVersions(LeagueHistory& history);
+
+  /// Fills the list anew and stays at the row that is selected.
+  void FillList();
+
+ signals:
+  /// A state has been brought back into memory.
+  void BroughtBack(const Touched& touched);
+
+ private:
+  using State = std::variant<UnsavedState, Version>;
+
+  void BuildControls();
+  void LayOut();
+  void Connect();
+
+  void Form_Load();
+  void lstVersions_Click();
+  void btnCompare_Click();
+  void btnBring_Click();
+  void btnOK_Click();
+
+  void AddState(const State& state);
+  LeagueData LeagueOf(const State& state);
+  /// The differences from the league in memory to the state's.
+  std::vector<Change> ChangesOf(const State& state);
+  /// The selected state; null without one.
+  const State* Selected() const;
+  void ShowFailure(const std::exception& error);
+
+  LeagueHistory& history_;
+  std::vector<State> states_;  ///< in the order of the list
+
+  QTreeWidget* lstVersions = nullptr;
+  QPlainTextEdit* txtChanges = nullptr;
+  QPushButton* btnCompare = nullptr;
+  QPushButton* btnBring = nullptr;
+  QPushButton* btnOK = nullptr;
+};
+
+}  // namespace rostermill

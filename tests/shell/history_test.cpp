@@ -1,0 +1,244 @@
+#include <QCheckBox>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPlainTextEdit>
+#include <QTreeWidget>
+
+#include "history/data_folder.h"
+#include "screens/players/display_text.h"
+#include "tests/support/main_window.h"
+#include "toolkit/color_box.h"
+#include "toolkit/combo_box.h"
+#include "toolkit/drop_down_list.h"
+#include "toolkit/picture_box.h"
+#include "toolkit/qt_strings.h"
+#include "toolkit/text_box.h"
+
+namespace rostermill::test {
+namespace {
+
+class History : public MainWindow {
+ protected:
+  History() {
+    EXPECT_TRUE(window_.OpenImageFile(path_));
+    loaded_ = std::make_unique<LeagueData>(session_.League());
+  }
+
+  QString ChangedLabel(FRSMform& window) { return Find<QLabel>(window, "lblChanged").text(); }
+  QString ChangedLabel() { return ChangedLabel(window_); }
+  TextBox& Box(const QString& form, const QString& box) { return Find<TextBox>(Form(form), box); }
+  void RenamePlayer(const QString& name) {
+    if (!IsOpen("EditPlayer")) {
+      Pick("mViePlayerData");
+      Press("ViewPlayer", "btnEdit");
+    }
+    Box("EditPlayer", "txtPlayer").SetText(name);
+    Press("EditPlayer", "btnSavePlayer");
+  }
+  void Save(const QString& answer, QString* note = nullptr, QString* preset = nullptr) {
+    OnNextDialog([=](QDialog& dialog) {
+      const auto& box = dynamic_cast<QMessageBox&>(dialog);
+      if (note != nullptr) *note = box.informativeText();
+      if (preset != nullptr) *preset = box.defaultButton()->text().remove('&');
+      ClickButton(dialog, answer);
+    });
+    Pick("mFilSaveROM");
+  }
+  QTreeWidget& Versions() { return Find<QTreeWidget>(Form("frmVersions"), "lstVersions"); }
+  QStringList VersionRows() {
+    QStringList rows;
+    for (int row = 0; row < Versions().topLevelItemCount(); ++row) {
+      const QTreeWidgetItem& item = *Versions().topLevelItem(row);
+      rows << item.text(1) + ": " + item.text(2);
+    }
+    return rows;
+  }
+
+  std::unique_ptr<LeagueData> loaded_;
+};
+
+// Would catch a form that changes the league past the session, and a step that takes too much or
+// too little back.
+TEST_F(History, EveryFormMakesAStepThatCanBeUndoneAndRedone) {
+  const auto press_color = [this](const QString& box) {
+    OnNextDialog([](QDialog& dialog) {
+      emit Find<ColorBox>(dialog, "picColor(9)").Click();
+      ClickButton(dialog, "OK");
+    });
+    emit Find<ColorBox>(Form("EditTeam"), box).Click();
+  };
+  const std::vector<std::pair<QString, std::function<void()>>> steps{
+      {"Save Player: Ann Auk", [this] { RenamePlayer("Ann Auk"); }},
+      {"Save Team: X HERONS",
+       [this] {
+         Pick("mVieTeamData");
+         Find<DropDownList>(Form("ViewTeams"), "cmbTeam").SetListIndex(0);
+         Press("ViewTeams", "btnEdit");
+         Box("EditTeam", "txtCity").SetText("X");
+         Box("EditTeam", "txtName").SetText("HERONS");
+         Press("EditTeam", "btnSave");
+       }},
+      {"Division Champion Color: X Herons", [&] { press_color("picDivChamp(1)"); }},
+      {"Conference Champion Color: X Herons", [&] { press_color("picConfChamp(2)"); }},
+      {"Edit Schedule",
+       [this] {
+         Pick("mSchEdit");
+         Find<QPushButton>(Form("frmEditSchedule"), "cmdOK");
+         auto& box = Find<ComboBox>(Form("frmEditSchedule"), "cmbTeam(0)");
+         box.SetListIndex(box.ListIndex() == 5 ? 6 : 5);
+         Press("frmEditSchedule", "cmdOK");
+       }},
+      {"Game Settings",
+       [this] {
+         Pick("mnuEditGameSettings");
+         Box("frmEditGameSettings", "txtRosterYear").SetText("2031");
+         Press("frmEditGameSettings", "cmdOK");
+       }},
+  };
+  std::vector<LeagueData> states{*loaded_};
+  for (const auto& [caption, change] : steps) {
+    change();
+    EXPECT_EQ(Item("mnuEditUndo").text(), "&Undo " + caption);
+    EXPECT_TRUE(Item("mnuEditUndo").isEnabled());
+    EXPECT_FALSE(session_.League() == states.back()) << ToUtf8(caption);
+    states.push_back(session_.League());
+  }
+  for (std::size_t i = steps.size(); i > 0; --i) {
+    Pick("mnuEditUndo");
+    EXPECT_TRUE(session_.League() == states[i - 1]) << ToUtf8(steps[i - 1].first);
+    EXPECT_EQ(Item("mnuEditRedo").text(), "&Redo " + steps[i - 1].first);
+  }
+  EXPECT_EQ(Item("mnuEditUndo").text(), "&Undo");
+  EXPECT_FALSE(Item("mnuEditUndo").isEnabled());
+  EXPECT_EQ(ChangedLabel(), "");
+  for (std::size_t i = 0; i < steps.size(); ++i) {
+    Pick("mnuEditRedo");
+    EXPECT_TRUE(session_.League() == states[i + 1]) << ToUtf8(steps[i].first);
+  }
+  EXPECT_FALSE(Item("mnuEditRedo").isEnabled());
+  EXPECT_EQ(ChangedLabel(), "Changed");
+}
+
+// Would catch a screen that goes on showing what was undone, and pending values that get lost.
+TEST_F(History, AnUndoIsShownAtTheSameSelection) {
+  Pick("mViePlayerData");
+  auto& teams = Find<DropDownList>(Form("ViewPlayer"), "cmbTeam");
+  auto& players = Find<DropDownList>(Form("ViewPlayer"), "cmbPlayer");
+  teams.SetListIndex(7);
+  players.SetListIndex(11);
+  const QString team = teams.Text();
+  const QString player = players.Text();
+  const QString name =
+      FromLatin1(PlayerEditText(session_.League(), session_.CurTeam, session_.CurSlot));
+  RenamePlayer("Zed Zander");
+  EXPECT_EQ(players.Text(), "ZANDER, zed");
+  EXPECT_EQ(Find<QLabel>(window_, "lblChanged").toolTip(), "1 change since the last save");
+  Pick("mnuEditUndo");
+  EXPECT_EQ(teams.Text(), team);
+  EXPECT_EQ(players.Text(), player);
+  EXPECT_EQ(Box("EditPlayer", "txtPlayer").Text(), name);
+
+  // Values that are not stored stay when the step is about another player.
+  RenamePlayer("Zed Zander");
+  players.SetListIndex(3);
+  Box("EditPlayer", "txtPlayer").SetText("Not Stored");
+  const QString other = players.Text();
+  Pick("mnuEditUndo");
+  EXPECT_EQ(players.Text(), other);
+  EXPECT_EQ(Box("EditPlayer", "txtPlayer").Text(), "Not Stored");
+  QString note;
+  Save("No", &note);
+  EXPECT_TRUE(note.startsWith("Not stored yet, and not part of this save: Edit Player ("))
+      << ToUtf8(note);
+}
+
+// Would catch undo that a text box keeps for itself when it has nothing to undo.
+TEST_F(History, KeysUndoTheTypingOfABoxFirst) {
+  RenamePlayer("Ann Auk");
+  Activate(window_);
+  TextBox& box = Box("EditPlayer", "txtPlayer");
+  box.setFocus();
+  QTest::keyClicks(&box, "x");
+  QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_EQ(box.Text(), "Ann Auk");
+  EXPECT_FALSE(session_.League() == *loaded_);
+  QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier);
+  EXPECT_TRUE(session_.League() == *loaded_);
+  QTest::keyClick(&box, Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+  EXPECT_FALSE(session_.League() == *loaded_);
+}
+
+// Would catch a save that keeps nothing of what it replaces, and versions that can't come back.
+TEST_F(History, ASaveKeepsWhatItReplaces) {
+  RenamePlayer("Ann Auk");
+  QString note;
+  QString preset;
+  Save("Yes", &note, &preset);
+  EXPECT_EQ(note, "");
+  EXPECT_EQ(preset, "Yes");
+  EXPECT_EQ(ChangedLabel(), "");
+  EXPECT_TRUE(Item("mnuEditUndo").isEnabled()) << "undo goes back over a save";
+  Pick("mToolVersions");
+  EXPECT_EQ(VersionRows(), QStringList{"first state, before a save: 1"});
+  Press("frmVersions", "btnCompare");
+  EXPECT_TRUE(
+      Find<QPlainTextEdit>(Form("frmVersions"), "txtChanges").toPlainText().contains("AUK -> "));
+  Press("frmVersions", "btnBring");
+  EXPECT_TRUE(session_.League() == *loaded_);
+  EXPECT_EQ(VersionRows(), QStringList{"first state, before a save: none"});
+  EXPECT_EQ(ChangedLabel(), "Changed");
+  EXPECT_EQ(Item("mnuEditUndo").text(), "&Undo Bring Back Version 1 (before a save)");
+  Pick("mnuEditUndo");
+  EXPECT_EQ(ChangedLabel(), "");
+}
+
+// Would catch a save that goes over another program's work without a word.
+TEST_F(History, AFileThatAnotherProgramChangedIsNotSavedOverSilently) {
+  RenamePlayer("Ann Auk");
+  auto others = SampleBytes();
+  others[300'000] ^= 1;
+  WriteFile(path_, others);
+  QString note;
+  QString preset;
+  Save("No", &note, &preset);
+  EXPECT_TRUE(note.startsWith("The file seems to have been changed by another program."));
+  EXPECT_EQ(preset, "No");
+  EXPECT_EQ(FileBytes(path_), others);
+  Save("Yes");
+  Pick("mToolVersions");
+  Press("frmVersions", "btnOK");
+  EXPECT_EQ(ChangedLabel(), "");
+  Save("Yes", &note, &preset);
+  EXPECT_EQ(note, "") << "now it is this program's own";
+}
+
+// Would catch unsaved changes that a killed or closed program loses, or keeps after a save.
+TEST_F(History, UnsavedChangesComeBackAtTheNextStart) {
+  const std::string long_name(40, 'N');
+  RenamePlayer(QString::fromStdString("Ann " + long_name));
+  const LeagueData changed = session_.League();
+  QTest::qWait(1300);
+  ASSERT_EQ(ChangedLabel(), "Changed");
+  AnswerNextMessage("Yes");
+  Pick("mFilUnloadROM");
+  EXPECT_EQ(ChangedLabel(), "");
+
+  LeagueSession session;
+  session.AppDir = BinFolder();
+  FRSMform window(session, &settings_);
+  ASSERT_TRUE(window.OpenImageFile(path_));
+  EXPECT_TRUE(session.League() == *loaded_);
+  EXPECT_TRUE(ChangedLabel(window).startsWith("Unsaved changes of "));
+  auto& bring = Find<QAction>(window, "mToolUnsaved");
+  EXPECT_TRUE(bring.isEnabled());
+  bring.trigger();
+  EXPECT_TRUE(session.League() == changed);
+  EXPECT_EQ(ChangedLabel(window), "Changed");
+  EXPECT_EQ(Find<QAction>(window, "mnuEditUndo").text(), "&Undo Bring Back Unsaved Changes");
+  AnswerNextMessage("Yes");
+  Find<QAction>(window, "mFilSaveROM").trigger();
+  EXPECT_FALSE(bring.isEnabled()) << "what is saved is not kept any longer";
+}
+
+}  // namespace
+}  // namespace rostermill::test
