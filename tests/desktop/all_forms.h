@@ -89,6 +89,8 @@ class AllForms : public MainWindow {
     });
     Pick("mnuEditGameSettings");
     LookAt("frmEditGameSettings", look);
+    Pick("mToolVersions");
+    LookAt("frmVersions", look);
     Area().ShowForm(new Loading);
     LookAt("Loading", look);
   }

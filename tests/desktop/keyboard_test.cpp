@@ -7,6 +7,7 @@
 #include <QWheelEvent>
 
 #include "tests/desktop/all_forms.h"
+#include "toolkit/text_box.h"
 
 namespace rostermill::test {
 namespace {
@@ -96,7 +97,7 @@ TEST_F(AllForms, EnterHasItsButtonAndTheWheelTakesNoFocus) {
       {"ViewTeams", "btnOK"},       {"EditTeam", "btnSave"},          {"ChoosePlay", "btnOK"},
       {"ChooseColor", "btnOK"},     {"frmEditSchedule", "cmdOK"},     {"ViewLeaders", "btnOK"},
       {"FormPrint", "btnOK"},       {"frmProbowl", "btnOK"},          {"frmRoster", "btnOK"},
-      {"frmChoosePlayer", "btnOK"}, {"frmEditGameSettings", "cmdOK"},
+      {"frmChoosePlayer", "btnOK"}, {"frmEditGameSettings", "cmdOK"}, {"frmVersions", "btnOK"},
   };
   VisitAll([&](QWidget& form) {
     QStringList found;
@@ -189,6 +190,23 @@ TEST_F(AllForms, EveryFieldHasItsCaptionOrANameOfItsOwn) {
       EXPECT_TRUE(captions.contains(field)) << NameOf(field);
     }
   });
+}
+
+// Would catch a box that takes more or less than the cartridge or its own rule allows.
+TEST_F(AllForms, EveryTextBoxTakesItsNumberOfCharacters) {
+  QMap<QString, qsizetype> taken;
+  VisitAll([&taken](QWidget& form) {
+    for (auto* box : form.findChildren<TextBox*>()) {
+      if (box->objectName().isEmpty() || !box->isVisible()) continue;
+      box->selectAll();
+      QTest::keyClicks(box, QString(40, '7'));
+      taken[box->objectName()] = box->text().size();
+    }
+  });
+  const QMap<QString, qsizetype> expected{
+      {"txtPlayer", 16},    {"txtCity", 15},     {"txtName", 15},     {"txtAbbreviation", 4},
+      {"txtRosterYear", 4}, {"txtLeague(0)", 3}, {"txtLeague(1)", 3}, {"txtLeague(2)", 3}};
+  EXPECT_EQ(taken, expected);
 }
 
 TEST_F(AllForms, TheWheelLeavesAListWithoutFocusAlone) {

@@ -1,3 +1,5 @@
+#include "league/file_rights.h"
+
 #include <gtest/gtest.h>
 
 #include <cerrno>
@@ -5,7 +7,6 @@
 
 #include "league/access_list.h"
 #include "league/file_access.h"
-#include "league/file_rights.h"
 #include "league/save_image.h"
 #include "tests/faults/fault_walk.h"
 #include "tests/faults/rights.h"
@@ -144,12 +145,12 @@ TEST_F(SharedFolder, TheOwnerOfAListedImageKeepsTheirRights) {
   PutImage(ann, anns_group, 0644);
   if (!SetLists("-m u:41002:rw,u:41005:rw,m:r " + path_)) GTEST_SKIP() << lists_reason_;
   EXPECT_TRUE(As(bob, bobs_group, {}, [&] { return RefusesWith("Permission denied"); }));
-  ASSERT_TRUE(SetLists("-m u:41002:rw,u:41005:-,m:rw " + path_));
+  ASSERT_TRUE(SetLists("-m u:41002:rw,u:41005:-,u:41006:rwx,m:rw " + path_));
   EXPECT_TRUE(As(bob, bobs_group, {}, [&] { return Saves(); }));
   EXPECT_EQ(Owned(), "41002:41002 100664");
   EXPECT_EQ(Lists(),
-            "user::rw-\nuser:41001:rw-\nuser:41002:rw-\nuser:41005:---\ngroup::r--\nmask::rw-\n"
-            "other::r--\n\n");
+            "user::rw-\nuser:41001:rw-\nuser:41002:rw-\nuser:41005:---\nuser:41006:rw-\n"
+            "group::r--\nmask::rw-\nother::r--\n\n");
   EXPECT_TRUE(As(ann, anns_group, {}, [&] { return Opens(O_RDWR); }));
 }
 

@@ -119,6 +119,11 @@ TEST_F(OpenSave, ACancelIsReportedAsCancelErrorAsks) {
   EXPECT_EQ(dialog_.fileName(), Path("plain"));
   AnswerNextFileDialog("");
   EXPECT_NO_THROW(dialog_.ShowSave());
+  OnNextDialog([](QDialog& shown) {
+    EXPECT_EQ(dynamic_cast<QFileDialog&>(shown).acceptMode(), QFileDialog::AcceptSave);
+    shown.reject();
+  });
+  EXPECT_NO_THROW(dialog_.ShowSave());
 
   dialog_.SetCancelError(true);
   AnswerNextFileDialog("");

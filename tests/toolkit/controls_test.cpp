@@ -10,6 +10,7 @@
 #include "tests/support/dialogs.h"
 #include "tests/support/sample.h"
 #include "tests/support/typing.h"
+#include "toolkit/color_box.h"
 #include "toolkit/drop_down_list.h"
 #include "toolkit/elided_label.h"
 #include "toolkit/flex_grid.h"
@@ -98,6 +99,16 @@ TEST(PictureBox, PaintsThePixelsOfTheFileMagnifiedByAWholeFactor) {
     EXPECT_NE(box.grab().toImage().pixel(frame + 5, frame + 5),
               painted.pixel(frame + 5, frame + 5));
   }
+}
+
+TEST(ColorIcon, HasARimAllAround) {
+  const QImage icon = ColorIcon(QColor(Qt::red), 9, 1).pixmap(ColorIconSize(9)).toImage();
+  for (int place = 0; place < 9; ++place) {
+    for (const QPoint at : {QPoint(place, 0), {place, 8}, {0, place}, {8, place}}) {
+      EXPECT_EQ(icon.pixelColor(at), QColor(0x80, 0x80, 0x80)) << at.x() << "," << at.y();
+    }
+  }
+  EXPECT_EQ(icon.pixelColor(7, 7), QColor(Qt::red));
 }
 
 TEST(PictureBox, IsPressedByMouseAndKeyboardOncePerPressAndOnlyWhenClickable) {
