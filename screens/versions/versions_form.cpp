@@ -64,7 +64,7 @@ void frmVersions::LayOut() {
   column->addWidget(lstVersions, 1);
   column->addWidget(txtChanges, 1);
   column->addWidget(ButtonRow(btnOK, nullptr, {btnCompare, btnBring}));
-  lstVersions->setMinimumWidth(fontMetrics().averageCharWidth() * 64);
+  lstVersions->setMinimumWidth(fontMetrics().averageCharWidth() * 80);
 }
 
 void frmVersions::Connect() {

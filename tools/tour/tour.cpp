@@ -40,6 +40,7 @@ int Tour::Run() {
   VisitProbowl(*this);
   VisitSettings(*this);
   SaveAndReload();
+  VisitVersions(*this);
   return count_;
 }
 

@@ -62,5 +62,6 @@ void VisitSchedule(Tour& tour);
 void VisitLeaders(Tour& tour);
 void VisitProbowl(Tour& tour);
 void VisitSettings(Tour& tour);
+void VisitVersions(Tour& tour);
 
 }  // namespace rostermill
