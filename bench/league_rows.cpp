@@ -4,6 +4,7 @@
 #include <string>
 
 #include "bench/pairs.h"
+#include "history/league_history.h"
 #include "league/file_access.h"
 #include "league/load_image.h"
 #include "league/player_names.h"
@@ -111,12 +112,41 @@ void CompareSaves(LeagueSession& session, const std::string& copy, const std::st
       [&] { return Milliseconds([&] { WriteBare(copy, bytes); }); });
 }
 
+/// A save that keeps what it replaces, against two bare saves. Each save replaces another state.
+void CompareKeptSaves(LeagueSession& session, const std::string& copy) {
+  const std::string folder = std::filesystem::path(copy).parent_path();
+  std::filesystem::remove_all(folder + "/versions");
+  LeagueHistory history(session, folder + "/versions");
+  SilentHost host;
+  if (LoadImage(session, host, history) != LoadOutcome::Loaded) std::exit(1);
+  const auto bytes = ReadFileStart(session.ImagePath, OpenImage::WholeSize).Bytes;
+  int turn = 0;
+  Compare(
+      {"save that keeps an earlier version", 1.25, save_pairs},
+      [&] {
+        ++turn;
+        session.Change("turn", [turn](LeagueData& league) {
+          league.QBData[1 + turn / 16 % TeamCount][1].Accuracy =
+              static_cast<std::int16_t>(turn % 16);
+        });
+        return Milliseconds([&] {
+          if (SaveImage(session, host, history) != SaveOutcome::Saved) std::exit(1);
+        });
+      },
+      [&] {
+        return Milliseconds([&] {
+          WriteBare(copy, bytes);
+          WriteBare(copy, bytes);
+        });
+      });
+}
+
 /// One load or one save for an instruction counter; the league to save is read first.
 int RunOnce(LeagueSession& session, const std::string& what) {
   if (what == "--load") Load(session);
   if (what == "--save") {
     OpenImage image(ReadFileStart(session.ImagePath, OpenImage::WholeSize).Bytes);
-    session.League() = ReadLeague(image);
+    session.SetLeague(ReadLeague(image));
     Save(session);
   }
   return 0;
@@ -142,7 +172,8 @@ int main(int argc, char** argv) {
   const std::string bare = work + "bare.nes";
   CompareLoads(session, " of a whole image", 3, true);
   CompareSaves(session, bare, " of a whole image");
-  FillToTheLimits(session.League());
+  CompareKeptSaves(session, bare);
+  session.Change("fill", FillToTheLimits);
   Save(session);
   CompareLoads(session, ", texts and 238 games at their limits", 3, true);
   CompareSaves(session, bare, ", texts and 238 games at their limits");

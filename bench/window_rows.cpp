@@ -10,6 +10,7 @@
 
 #include "bench/pairs.h"
 #include "bench/twin.h"
+#include "history/league_history.h"
 #include "league/file_access.h"
 #include "league/load_image.h"
 #include "league/palette.h"
@@ -114,7 +115,9 @@ void CompareForms(ChildArea& area, LeagueSession& session) {
 }
 
 void CompareSeasonGrid(ChildArea& area, LeagueSession& session) {
-  for (ScheduleWeek& week : session.League().ScheduleData) week.GameCount = GamesPerWeek;
+  session.Change("fill", [](LeagueData& league) {
+    for (ScheduleWeek& week : league.ScheduleData) week.GameCount = GamesPerWeek;
+  });
   CompareForm(area, "ViewSchedule, 17 full weeks", [&] { return new ViewSchedule(session); });
 }
 
@@ -239,9 +242,64 @@ void ComparePhotoPages(const LeagueSession& session, const QString& work) {
 void LoadSample(LeagueSession& session, const std::string& bin) {
   session.AppDir = bin + "/";
   OpenImage image(ReadFileStart(session.AppDir + "sample.nes", OpenImage::WholeSize).Bytes);
-  session.League() = ReadLeague(image);
-  session.League().PaletteData = ReadPalette(session.AppDir);
+  LeagueData league = ReadLeague(image);
+  league.PaletteData = ReadPalette(session.AppDir);
+  session.SetLeague(std::move(league));
   session.ImageLoaded = 1;
+}
+
+/// Opens the viewer and the editor of a session, and presses Save Player for a changed player.
+class PlayerSaver {
+ public:
+  PlayerSaver(ChildArea& area, LeagueSession& session) : viewer_(new ViewPlayer(session)) {
+    Open(area, viewer_);
+    driver::Find<QPushButton>(*viewer_, "btnEdit").click();
+    Settle();
+    for (auto* editor : area.findChildren<EditPlayer*>()) editor_ = editor;
+  }
+  ~PlayerSaver() { Close(viewer_); }
+  PlayerSaver(const PlayerSaver&) = delete;
+  PlayerSaver& operator=(const PlayerSaver&) = delete;
+
+  template <typename Then>
+  double Save(Then then) {
+    raised_ = !raised_;
+    driver::Find<QPushButton>(*editor_, raised_ ? "btnPlus(8)" : "btnMinus(8)").click();
+    return Milliseconds([&] {
+      driver::Find<QPushButton>(*editor_, "btnSavePlayer").click();
+      then();
+      Settle();
+    });
+  }
+
+ private:
+  ViewPlayer* viewer_;
+  EditPlayer* editor_ = nullptr;
+  bool raised_ = false;
+};
+
+/// Save Player with the step recorded and the unsaved changes kept at once, against without either.
+/// The history is full in the second half.
+void CompareSavedPlayers(const std::string& bin, const std::string& work) {
+  LeagueSession kept;
+  LeagueSession plain;
+  LoadSample(kept, bin);
+  LoadSample(plain, bin);
+  kept.ImagePath = work + "/kept.nes";
+  QFile::copy(FromUtf8(kept.AppDir + "sample.nes"), FromUtf8(kept.ImagePath));
+  LeagueHistory history(kept, work + "/kept");
+  history.Loaded(ReadFileStart(kept.ImagePath, OpenImage::WholeSize).Bytes);
+  ChildArea areas[2];
+  for (ChildArea& area : areas) {
+    area.resize(1120, 800);
+    area.show();
+  }
+  PlayerSaver ours(areas[0], kept);
+  PlayerSaver baseline(areas[1], plain);
+  Compare(
+      {"Save Player, recorded and kept", 1.2, 2 * click_pairs},
+      [&] { return ours.Save([&] { history.KeepUnsaved(); }); },
+      [&] { return baseline.Save([] {}); });
 }
 
 }  // namespace
@@ -263,6 +321,7 @@ int main(int argc, char** argv) try {
   CompareForms(area, session);
   ComparePhotoPages(session, QString::fromLocal8Bit(argv[2]));
   CompareSteps(area, session);
+  CompareSavedPlayers(argv[1], argv[2]);
   CompareSeasonGrid(area, session);
 } catch (const std::exception& error) {
   std::fprintf(stderr, "bench_window: %s\n", error.what());
