@@ -5,8 +5,8 @@
 #include "exchange/player_table.h"
 #include "exchange/wording.h"
 #include "league/league_tables.h"
-#include "screens/players/position_layout.h"
-#include "screens/teams/play_names.h"
+#include "rules/play_names.h"
+#include "rules/position_layout.h"
 
 namespace rostermill {
 

@@ -6,7 +6,7 @@
 #include "exchange/utf8.h"
 #include "exchange/wording.h"
 #include "league/league_tables.h"
-#include "screens/players/position_layout.h"
+#include "rules/position_layout.h"
 
 namespace rostermill {
 

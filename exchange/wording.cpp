@@ -2,8 +2,8 @@
 
 #include "exchange/utf8.h"
 #include "league/probowl.h"
-#include "screens/players/position_layout.h"
-#include "screens/schedule/season_facts.h"
+#include "rules/position_layout.h"
+#include "rules/season_facts.h"
 
 namespace rostermill {
 

@@ -5,7 +5,7 @@
 #include <cstdlib>
 #include <memory>
 
-#include "screens/leaders/leader_export.h"
+#include "rules/leader_export.h"
 
 namespace {
 

@@ -7,7 +7,7 @@ cd "$(dirname "$0")/.."
 scripts/check_includes.py
 cppcheck --enable=warning,performance,portability --inline-suppr --std=c++20 --quiet \
   --error-exitcode=1 -j "$(nproc)" -I . --library=qt --library=googletest \
-  --suppressions-list=scripts/cppcheck.supp league exchange history screens shell toolkit tools tests fuzz bench
+  --suppressions-list=scripts/cppcheck.supp league rules exchange history screens shell toolkit tools tests fuzz bench
 [ "${1:-}" = all ] || exit 0
 
 # The sources need their precompiled headers, and clang can read only its own.
@@ -16,4 +16,4 @@ cmake -G Ninja -B build/tidy -DCMAKE_CXX_COMPILER=clang++ -DCMAKE_BUILD_TYPE=Deb
 headers=$(ninja -C build/tidy -t targets all | sed -n 's/^\([^ ]*\.pch\):.*/\1/p')
 # shellcheck disable=SC2086
 ninja -C build/tidy $headers
-run-clang-tidy -p build/tidy -quiet "^$PWD/(league|exchange|history|screens|shell|toolkit|tools|tests|fuzz|bench)/"
+run-clang-tidy -p build/tidy -quiet "^$PWD/(league|rules|exchange|history|screens|shell|toolkit|tools|tests|fuzz|bench)/"

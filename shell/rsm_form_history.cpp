@@ -1,7 +1,7 @@
 #include <QLabel>
 #include <QStringList>
 
-#include "screens/players/display_text.h"
+#include "rules/display_text.h"
 #include "screens/players/view_player.h"
 #include "screens/probowl/probowl_form.h"
 #include "screens/schedule/edit_schedule.h"

@@ -8,7 +8,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "screens/leaders/leader_rows.h"
+#include "rules/leader_rows.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/qt_strings.h"
 

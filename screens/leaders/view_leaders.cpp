@@ -8,9 +8,9 @@
 #include <QWheelEvent>
 
 #include "league/file_access.h"
+#include "rules/display_text.h"
+#include "rules/leader_export.h"
 #include "screens/leaders/form_print.h"
-#include "screens/leaders/leader_export.h"
-#include "screens/players/display_text.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/messages.h"
 #include "toolkit/print_lines.h"

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "league/league_session.h"
-#include "screens/leaders/leader_rows.h"
+#include "rules/leader_rows.h"
 #include "toolkit/click_label.h"
 #include "toolkit/control_array.h"
 #include "toolkit/drop_down_list.h"

@@ -4,8 +4,8 @@
 
 #include <array>
 
-#include "screens/players/display_text.h"
-#include "screens/players/position_layout.h"
+#include "rules/display_text.h"
+#include "rules/position_layout.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/qt_strings.h"
 

@@ -7,8 +7,8 @@
 
 #include "league/league_tables.h"
 #include "league/ratings.h"
+#include "rules/display_text.h"
 #include "screens/players/attribute_panel.h"
-#include "screens/players/display_text.h"
 #include "screens/players/player_form_parts.h"
 #include "screens/players/player_photos.h"
 #include "screens/players/show_face.h"

@@ -3,7 +3,7 @@
 #include <QDialogButtonBox>
 #include <QScreen>
 
-#include "screens/players/face_paths.h"
+#include "rules/face_paths.h"
 #include "screens/players/show_face.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/grid_walk.h"

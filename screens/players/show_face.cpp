@@ -1,6 +1,6 @@
 #include "screens/players/show_face.h"
 
-#include "screens/players/face_paths.h"
+#include "rules/face_paths.h"
 #include "toolkit/picture_box.h"
 #include "toolkit/qt_strings.h"
 

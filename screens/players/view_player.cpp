@@ -5,11 +5,11 @@
 #include <QSignalBlocker>
 
 #include "league/league_tables.h"
+#include "rules/display_text.h"
+#include "rules/position_layout.h"
 #include "screens/players/attribute_panel.h"
-#include "screens/players/display_text.h"
 #include "screens/players/edit_player.h"
 #include "screens/players/player_form_parts.h"
-#include "screens/players/position_layout.h"
 #include "screens/players/show_face.h"
 #include "toolkit/control_array.h"
 #include "toolkit/form_parts.h"

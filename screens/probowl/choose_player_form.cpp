@@ -3,7 +3,7 @@
 #include <QDialogButtonBox>
 #include <QGridLayout>
 
-#include "screens/players/display_text.h"
+#include "rules/display_text.h"
 #include "toolkit/control_array.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/qt_strings.h"

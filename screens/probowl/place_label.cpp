@@ -4,7 +4,7 @@
 #include <QMouseEvent>
 #include <QPainter>
 
-#include "screens/players/display_text.h"
+#include "rules/display_text.h"
 #include "toolkit/press_key.h"
 
 namespace rostermill {

@@ -8,7 +8,7 @@
 
 #include "league/league_tables.h"
 #include "league/probowl.h"
-#include "screens/players/display_text.h"
+#include "rules/display_text.h"
 #include "screens/probowl/choose_player_form.h"
 #include "screens/probowl/place_label.h"
 #include "toolkit/form_parts.h"

@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "league/league_session.h"
-#include "screens/schedule/season_facts.h"
+#include "rules/season_facts.h"
 #include "toolkit/combo_box.h"
 #include "toolkit/control_array.h"
 #include "toolkit/form.h"

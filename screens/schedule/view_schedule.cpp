@@ -2,7 +2,7 @@
 
 #include <QVBoxLayout>
 
-#include "screens/schedule/season_facts.h"
+#include "rules/season_facts.h"
 #include "toolkit/qt_strings.h"
 
 namespace rostermill {

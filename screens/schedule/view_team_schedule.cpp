@@ -3,8 +3,8 @@
 #include <QMouseEvent>
 #include <QVBoxLayout>
 
-#include "screens/players/display_text.h"
-#include "screens/schedule/season_facts.h"
+#include "rules/display_text.h"
+#include "rules/season_facts.h"
 #include "toolkit/copy_text.h"
 #include "toolkit/qt_strings.h"
 

@@ -5,8 +5,8 @@
 #include <QGridLayout>
 #include <QScreen>
 
+#include "rules/working_copies.h"
 #include "screens/teams/team_form_parts.h"
-#include "screens/teams/working_copies.h"
 #include "toolkit/elided_label.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/grid_walk.h"

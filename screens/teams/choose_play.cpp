@@ -3,7 +3,7 @@
 #include <QDialogButtonBox>
 #include <QGridLayout>
 
-#include "screens/teams/play_names.h"
+#include "rules/play_names.h"
 #include "screens/teams/team_form_parts.h"
 #include "toolkit/elided_label.h"
 #include "toolkit/form_parts.h"

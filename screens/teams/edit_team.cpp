@@ -7,12 +7,12 @@
 
 #include "league/league_tables.h"
 #include "league/team_data.h"
-#include "screens/players/display_text.h"
+#include "rules/display_text.h"
+#include "rules/play_names.h"
+#include "rules/working_copies.h"
 #include "screens/teams/choose_color.h"
 #include "screens/teams/choose_play.h"
-#include "screens/teams/play_names.h"
 #include "screens/teams/team_form_parts.h"
-#include "screens/teams/working_copies.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/qt_strings.h"
 

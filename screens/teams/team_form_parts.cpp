@@ -5,7 +5,7 @@
 
 #include "league/league_tables.h"
 #include "league/palette.h"
-#include "screens/teams/play_names.h"
+#include "rules/play_names.h"
 #include "toolkit/color_box.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/qt_strings.h"

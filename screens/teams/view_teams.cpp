@@ -9,9 +9,9 @@
 #include <cerrno>
 #include <exception>
 
-#include "screens/players/display_text.h"
+#include "rules/display_text.h"
+#include "rules/play_names.h"
 #include "screens/teams/edit_team.h"
-#include "screens/teams/play_names.h"
 #include "screens/teams/team_form_parts.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/messages.h"

@@ -1,4 +1,4 @@
-#include "screens/leaders/leader_export.h"
+#include "rules/leader_export.h"
 
 #include <gtest/gtest.h>
 

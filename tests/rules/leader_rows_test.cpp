@@ -1,4 +1,4 @@
-#include "screens/leaders/leader_rows.h"
+#include "rules/leader_rows.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "screens/players/display_text.h"
-#include "screens/players/face_paths.h"
-#include "screens/players/position_layout.h"
+#include "rules/display_text.h"
+#include "rules/face_paths.h"
+#include "rules/position_layout.h"
 
 namespace rostermill {
 namespace {

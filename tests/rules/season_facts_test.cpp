@@ -1,4 +1,4 @@
-#include "screens/schedule/season_facts.h"
+#include "rules/season_facts.h"
 
 #include <gtest/gtest.h>
 

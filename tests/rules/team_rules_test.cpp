@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "screens/teams/play_names.h"
-#include "screens/teams/working_copies.h"
+#include "rules/play_names.h"
+#include "rules/working_copies.h"
 #include "tests/support/sample.h"
 
 namespace rostermill::test {

@@ -5,7 +5,7 @@
 #include <QTreeWidget>
 
 #include "history/data_folder.h"
-#include "screens/players/display_text.h"
+#include "rules/display_text.h"
 #include "tests/support/main_window.h"
 #include "toolkit/color_box.h"
 #include "toolkit/combo_box.h"

@@ -9,7 +9,7 @@
 #include "exchange/player_table.h"
 #include "exchange/utf8.h"
 #include "exchange/wording.h"
-#include "screens/players/position_layout.h"
+#include "rules/position_layout.h"
 #include "tools/rsmtool/csv.h"
 
 namespace rostermill {

@@ -13,7 +13,7 @@
 #include <QWheelEvent>
 #include <gtest/gtest.h>
 
-#include "screens/leaders/leader_rows.h"
+#include "rules/leader_rows.h"
 #include "tests/support/dialogs.h"
 #include "tests/support/sample.h"
 #include "toolkit/qt_strings.h"

@@ -5,7 +5,7 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
-#include "screens/players/display_text.h"
+#include "rules/display_text.h"
 #include "screens/players/edit_player.h"
 #include "screens/players/view_player.h"
 #include "tests/support/dialogs.h"

@@ -5,8 +5,8 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+#include "rules/position_layout.h"
 #include "screens/players/edit_player.h"
-#include "screens/players/position_layout.h"
 #include "tests/support/dialogs.h"
 #include "tests/support/sample.h"
 

@@ -4,7 +4,7 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
-#include "screens/players/display_text.h"
+#include "rules/display_text.h"
 #include "screens/probowl/probowl_form.h"
 #include "tests/support/dialogs.h"
 #include "tests/support/sample.h"

@@ -1,7 +1,7 @@
 #include <QDir>
 #include <QFile>
 
-#include "screens/teams/play_names.h"
+#include "rules/play_names.h"
 #include "tests/screens/teams/team_forms_fixture.h"
 #include "toolkit/click_label.h"
 

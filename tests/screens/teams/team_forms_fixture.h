@@ -7,7 +7,7 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
-#include "screens/players/display_text.h"
+#include "rules/display_text.h"
 #include "screens/teams/edit_team.h"
 #include "screens/teams/view_teams.h"
 #include "tests/support/dialogs.h"

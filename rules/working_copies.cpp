@@ -1,4 +1,4 @@
-#include "screens/teams/working_copies.h"
+#include "rules/working_copies.h"
 
 #include "league/quantity_text.h"
 #include "league/team_data.h"

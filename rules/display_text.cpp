@@ -1,4 +1,4 @@
-#include "screens/players/display_text.h"
+#include "rules/display_text.h"
 
 #include "league/league_tables.h"
 

@@ -1,6 +1,6 @@
-#include "screens/leaders/leader_export.h"
+#include "rules/leader_export.h"
 
-#include "screens/players/display_text.h"
+#include "rules/display_text.h"
 
 namespace rostermill {
 

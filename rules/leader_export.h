@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "screens/leaders/leader_rows.h"
+#include "rules/leader_rows.h"
 
 namespace rostermill {
 

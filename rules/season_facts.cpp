@@ -1,9 +1,9 @@
-#include "screens/schedule/season_facts.h"
+#include "rules/season_facts.h"
 
 #include <algorithm>
 #include <array>
 
-#include "screens/players/display_text.h"
+#include "rules/display_text.h"
 
 namespace rostermill {
 

@@ -1,9 +1,9 @@
-#include "screens/leaders/leader_rows.h"
+#include "rules/leader_rows.h"
 
 #include <utility>
 
-#include "screens/players/display_text.h"
-#include "screens/players/position_layout.h"
+#include "rules/display_text.h"
+#include "rules/position_layout.h"
 
 namespace rostermill {
 

@@ -1,4 +1,4 @@
-#include "screens/players/position_layout.h"
+#include "rules/position_layout.h"
 
 #include "league/league_tables.h"
 

@@ -1,4 +1,4 @@
-#include "screens/players/face_paths.h"
+#include "rules/face_paths.h"
 
 #include "league/text.h"
 

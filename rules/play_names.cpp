@@ -1,4 +1,4 @@
-#include "screens/teams/play_names.h"
+#include "rules/play_names.h"
 
 #include "league/league_tables.h"
 
