@@ -261,14 +261,6 @@ TEST_F(SaveFaults, TheFileIsOnTheDiskBeforeItsNameAndTheNameBeforeTheEnd) {
   EXPECT_TRUE(std::any_of(folder, trace.end(), is("fsync", folder->Handle)));
 }
 
-TEST_F(SaveFaults, OtherHardLinksKeepTheOldImage) {
-  PutBackOld();
-  fs::create_hard_link(file_, folder_.Path("other.nes"));
-  EXPECT_EQ(Save(), SaveOutcome::Saved);
-  EXPECT_EQ(FileBytes(file_), new_);
-  EXPECT_EQ(FileBytes(folder_.Path("other.nes")), old_);
-}
-
 /// Over a file that is there and where there is none.
 TEST_F(SaveFaults, AnExportIsWholeOrNotThere) {
   const std::string path = folder_.Path("real/rsm_qb.txt");
