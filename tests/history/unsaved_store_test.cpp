@@ -210,8 +210,6 @@ TEST_F(UnsavedStoreTest, WhatCannotBeKeptIsReported) {
   EXPECT_EQ(keeper.Store().Read(1), "two") << "what is too long would replace it and be unreadable";
 }
 
-// Would catch a caller that waits, a state between that takes the last one's place, and a drop
-// that is overtaken.
 TEST_F(UnsavedStoreTest, TheKeeperKeepsTheLastStateWithoutWaiting) {
   {
     UnsavedKeeper keeper(base_, image_);

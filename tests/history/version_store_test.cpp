@@ -230,7 +230,6 @@ TEST_F(VersionStoreTest, ALockIsWaitedForAndEndsWithItsHolder) {
   waitpid(child, nullptr, 0);
 }
 
-// Would catch a number given twice, and a version that another program's Keep has removed.
 TEST_F(VersionStoreTest, ProgramsKeepVersionsAtTheSameTime) {
   store_ = VersionStore(base_);
   std::vector<pid_t> children;
