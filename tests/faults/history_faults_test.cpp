@@ -1,4 +1,4 @@
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -106,16 +106,10 @@ TEST_F(HistoryFaults, AVersionThatComesAgainIsNeverGone) {
   Walk([&] { KeepVersion("2"); },
        [&](bool done) {
          const Texts now = Versions();
-         if (now.size() == 4) {  // its bytes could not be read, so it was kept once more
-           EXPECT_EQ(now[0], "4 2");
-           return;
-         }
-         EXPECT_TRUE(now == renewed || (!done && now == before) || now[0] == "4 2")
-             << testing::PrintToString(now);
-         if (now[0] != "4 2") {
-           KeepVersion("2");
-           EXPECT_EQ(Versions(), renewed);
-         }
+         if (now.at(0) == "4 2") return;  // its bytes could not be read, so it was kept once more
+         EXPECT_TRUE(now == renewed || (!done && now == before)) << testing::PrintToString(now);
+         KeepVersion("2");
+         EXPECT_EQ(Versions(), renewed);
        });
 }
 
@@ -181,12 +175,10 @@ TEST_F(HistoryFaults, AVersionIsOnTheDiskBeforeAnotherGoes) {
     return StopFaults();
   };
   const auto trace = trace_of("4");
-  const auto named = [](const char* name) {
-    return [name](const SystemCall& call) { return call.Name == name; };
-  };
-  const auto dropped = std::ranges::find_if(trace, named("unlink"));
+  const auto dropped = std::ranges::find(trace, "unlink", &SystemCall::Name);
   EXPECT_NE(dropped, trace.end());
-  EXPECT_GE(std::count_if(trace.begin(), dropped, named("fsync")), 2) << "the file, the folder";
+  EXPECT_GE(std::ranges::count(trace.begin(), dropped, "fsync", &SystemCall::Name), 2)
+      << "the file, the folder";
 
   fs::remove_all(share_);
   std::set<std::string> synced;
@@ -201,20 +193,12 @@ TEST_F(HistoryFaults, AVersionIsOnTheDiskBeforeAnotherGoes) {
 }
 
 TEST_F(HistoryFaults, AFullDiskIsTheReasonThatIsGiven) {
-  const auto reason = [this](const std::function<void()>& act) {
-    StartFaults({{"write", 1, true, Effect::Error, ENOSPC}});
-    std::string text;
-    try {
-      act();
-    } catch (const FileError& error) {
-      text = error.what();
-    }
-    StopFaults();
-    return text;
-  };
-  EXPECT_EQ(reason([&] { KeepVersion("4"); }), "No space left on device");
   UnsavedStore editor(base_, image_);
-  EXPECT_EQ(reason([&] { editor.Keep("today"); }), "No space left on device");
+  const auto no_room = testing::ThrowsMessage<FileError>("No space left on device");
+  StartFaults({{"write", 1, true, Effect::Error, ENOSPC}});
+  EXPECT_THAT([&] { KeepVersion("4"); }, no_room);
+  EXPECT_THAT([&] { editor.Keep("today"); }, no_room);
+  StopFaults();
   editor.Keep("today, again");
   EXPECT_EQ(Row(), Texts{"yesterday"}) << "it is this editor's own again";
 }

@@ -50,7 +50,6 @@ TEST_F(FileStateTest, EveryWayOfChangingAFileIsSeenAndNothingElse) {
   EXPECT_TRUE(StatSaysChanged(known_, path_)) << "a nanosecond";
 }
 
-// Else the user would be asked about a change that isn't one.
 TEST_F(FileStateTest, TheSameBytesOfANewFileAreTheSame) {
   WriteFile(path_, bytes_);
   EXPECT_TRUE(StatSaysChanged(known_, path_));

@@ -1,28 +1,27 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <gmock/gmock.h>
 
 #include "tests/tools/rsmtool_fixture.h"
 
 namespace rostermill::test {
 namespace {
 
+using testing::HasSubstr;
+using testing::StartsWith;
+
 class RsmtoolCheck : public RsmtoolTest {};
 
 TEST_F(RsmtoolCheck, ACleanImageIsCleanStockOrSaved) {
   const QString stock = Image("stock.nes");
-  Result result = Run({"check", stock});
-  EXPECT_EQ(result.Code, 0);
-  EXPECT_EQ(result.Out, stock.toStdString() + ": a whole image, stock, never saved, nothing odd\n" +
-                            "  names: 9,154 bytes used, 1,396 bytes left\n"
-                            "  team texts: 497 bytes used, 163 bytes left\n");
-  EXPECT_EQ(result.Err, "");
-
-  const QString saved = Path("saved.nes");
-  ASSERT_EQ(Run({"resave", stock, saved}).Code, 0);
-  result = Run({"check", saved});
-  EXPECT_EQ(result.Code, 0) << result.Out;
-  EXPECT_NE(result.Out.find(": a whole image, saved, nothing odd\n"), std::string::npos);
+  EXPECT_EQ(Out({"check", stock}), stock.toStdString() +
+                                       ": a whole image, stock, never saved, nothing odd\n"
+                                       "  names: 9,154 bytes used, 1,396 bytes left\n"
+                                       "  team texts: 497 bytes used, 163 bytes left\n");
+  Out({"resave", stock, Path("saved.nes")});
+  EXPECT_THAT(Out({"check", Path("saved.nes")}),
+              HasSubstr(": a whole image, saved, nothing odd\n"));
 }
 
 /// Damage that a load brings into range without a word, and the line that reports it.
@@ -72,42 +71,31 @@ TEST_F(RsmtoolCheck, WhatALoadLeavesOutOrChangesIsReported) {
       {0x0C129, {'1', '9', 0x1B, '1'}, "the roster year \"19\\x1B1\" is not four digits"}};
   for (const Damage& damage : damages) {
     const QString path = Image("odd.nes", {{damage.Offset, damage.Values}});
-    const Result result = Run({"check", path});
-    EXPECT_EQ(result.Code, 1) << damage.Line;
-    EXPECT_NE(result.Out.find(damage.Line), std::string::npos)
-        << "not reported: " << damage.Line << "\n"
-        << result.Out;
+    EXPECT_THAT(Out({"check", path}, 1), HasSubstr(damage.Line));
   }
 }
 
 TEST_F(RsmtoolCheck, ATeamTwiceInAWeekAndAgainstItselfIsReported) {
   const QString path = Image("twice.nes", {{0x329C9, {2}}, {0x329DB, {0, 9, 0, 0}}});
-  const Result result = Run({"check", path});
-  EXPECT_EQ(result.Code, 1);
-  EXPECT_NE(result.Out.find("3 oddities\n"), std::string::npos) << result.Out;
-  for (const char* odd : {"week 1 has it against itself", "week 1 has it 2 times"}) {
-    EXPECT_NE(result.Out.find(std::string("  odd, schedule: SPARROWS: ") + odd + "\n"),
-              std::string::npos)
-        << result.Out;
+  const std::string out = Out({"check", path}, 1);
+  for (const char* part : {"3 oddities\n", "week 2's pointer leads to 0x329F7, not 0x329DF\n",
+                           "  odd, schedule: SPARROWS: week 1 has it against itself\n",
+                           "  odd, schedule: SPARROWS: week 1 has it 2 times\n"}) {
+    EXPECT_THAT(out, HasSubstr(part));
   }
-  EXPECT_NE(result.Out.find("week 2's pointer leads to 0x329F7, not 0x329DF\n"), std::string::npos)
-      << result.Out;
 }
 
 TEST_F(RsmtoolCheck, ASavedImagesFormationsAreLookedAt) {
-  ASSERT_EQ(Run({"resave", Image("in.nes"), Path("saved.nes")}).Code, 0);
+  Out({"resave", Image("in.nes"), Path("saved.nes")});
   Bytes bytes = BytesOf(Path("saved.nes"));
   bytes[0x21FE0] = 3;
   bytes[0x31E80] = 2;
   WriteFile(folder_.Path("saved.nes"), bytes);
-  const Result result = Run({"check", Path("saved.nes")});
-  EXPECT_EQ(result.Code, 1);
-  EXPECT_NE(result.Out.find("saved, 2 oddities\n"), std::string::npos) << result.Out;
-  EXPECT_NE(result.Out.find("  odd, formations: SPARROWS: formation 3 is read as 0\n"
-                            "  odd, formations: SPARROWS: the two formation tables differ: 3, "
-                            "which counts, and 2\n"),
-            std::string::npos)
-      << result.Out;
+  const std::string out = Out({"check", Path("saved.nes")}, 1);
+  EXPECT_THAT(out, HasSubstr("saved, 2 oddities\n"));
+  EXPECT_THAT(out, HasSubstr("  odd, formations: SPARROWS: formation 3 is read as 0\n"
+                             "  odd, formations: SPARROWS: the two formation tables differ: 3, "
+                             "which counts, and 2\n"));
 }
 
 TEST_F(RsmtoolCheck, WhatIsNoUsableImageGivesTwoAndTheOthersAreStillChecked) {
@@ -117,24 +105,20 @@ TEST_F(RsmtoolCheck, WhatIsNoUsableImageGivesTwoAndTheOthersAreStillChecked) {
   bad = SampleBytes();
   bad.pop_back();
   WriteFile(folder_.Path("short.nes"), bad);
-  const Result result =
-      Run({"check", Path("bad.nes"), Path("short.nes"), Path("none.nes"), Image("good.nes")});
-  EXPECT_EQ(result.Code, 2);
   const std::string folder = folder_.Path("");
-  EXPECT_EQ(result.Out.find(folder + "bad.nes: not an image of this game\n" + folder +
-                            "short.nes: cut short: it is 393,231 bytes long, and a whole image "
-                            "has 393,232 bytes\n" +
-                            folder + "none.nes: No such file or directory\n" + folder +
-                            "good.nes: a whole image"),
-            0u)
-      << result.Out;
+  EXPECT_THAT(
+      Out({"check", Path("bad.nes"), Path("short.nes"), Path("none.nes"), Image("good.nes")}, 2),
+      StartsWith(folder + "bad.nes: not an image of this game\n" + folder +
+                 "short.nes: cut short: it is 393,231 bytes long, and a whole image has 393,232 "
+                 "bytes\n" +
+                 folder + "none.nes: No such file or directory\n" + folder +
+                 "good.nes: a whole image"));
 }
 
 TEST_F(RsmtoolCheck, MachinesGetOneObjectAFile) {
   const QString odd = Image("\x7F\".nes", {{0x239D3, {0x0B}}, {0x328D3, {0x0B}}, {0x6DA, {0x1F}}});
-  const Result result = Run({"check", "--json", odd, Path("none.nes")});
-  EXPECT_EQ(result.Code, 2);
-  EXPECT_EQ(result.Out, "[\n  {\n    \"file\": \"" + folder_.Path("\\u007F\\\".nes") + R"(",
+  EXPECT_EQ(Out({"check", "--json", odd, Path("none.nes")}, 2),
+            "[\n  {\n    \"file\": \"" + folder_.Path("\\u007F\\\".nes") + R"(",
     "usable": true,
     "state": "stock",
     "names": {
@@ -164,8 +148,9 @@ TEST_F(RsmtoolCheck, MachinesGetOneObjectAFile) {
     ]
   },
   {
-    "file": ")" + folder_.Path("none.nes") +
-                            R"(",
+    "file": ")" +
+                folder_.Path("none.nes") +
+                R"(",
     "usable": false,
     "reason": "No such file or directory"
   }
@@ -178,13 +163,12 @@ TEST_F(RsmtoolCheck, StandardInputAndBytesAfterTheImage) {
   longer.push_back(0);
   const Result result = Run({"check", "-"}, std::string(longer.begin(), longer.end()));
   EXPECT_EQ(result.Code, 1);
-  EXPECT_EQ(result.Out.rfind("standard input: a whole image, stock, never saved, 1 oddity\n", 0),
-            0u);
-  EXPECT_NE(result.Out.find("  odd, file: 1 byte after the image\n"), std::string::npos);
+  EXPECT_THAT(result.Out,
+              StartsWith("standard input: a whole image, stock, never saved, 1 oddity\n"));
+  EXPECT_THAT(result.Out, HasSubstr("  odd, file: 1 byte after the image\n"));
   longer.resize(SampleBytes().size() + (64 << 20) + 123'456);
   const Result whole = Run({"check", "-"}, std::string(longer.begin(), longer.end()));
-  EXPECT_NE(whole.Out.find("  odd, file: 67,232,320 bytes after the image\n"), std::string::npos)
-      << whole.Out;
+  EXPECT_THAT(whole.Out, HasSubstr("  odd, file: 67,232,320 bytes after the image\n"));
 }
 
 TEST_F(RsmtoolCheck, ProgressIsForTerminalsOnly) {
@@ -213,15 +197,13 @@ TEST_F(RsmtoolCheck, NoDamageCrashesAnyCommand) {
     fill(0x329A7, 0x32A40);
     WriteFile(folder_.Path("wild.nes"), bytes);
     const QString wild = Path("wild.nes");
-    const Result check = Run({"check", wild});
-    EXPECT_EQ(check.Code, 1) << word;
-    std::istringstream lines(check.Out);
+    std::istringstream lines(Out({"check", wild}, 1));
     for (std::string line; std::getline(lines, line);) EXPECT_LT(line.size(), 400u) << line;
-    const auto dump = QJsonDocument::fromJson(QByteArray::fromStdString(Run({"dump", wild}).Out));
+    const auto dump = QJsonDocument::fromJson(QByteArray::fromStdString(Out({"dump", wild})));
     EXPECT_EQ(dump.object()["teams"].toArray().size(), 28) << word;
-    EXPECT_EQ(Run({"diff", Image("good.nes"), wild}).Code, 1) << word;
-    EXPECT_EQ(Run({"export-players", wild, Path("wild.csv")}).Code, 0) << word;
-    EXPECT_EQ(Run({"import-players", "--dry-run", wild, Path("wild.csv")}).Out, "") << word;
+    Out({"diff", Image("good.nes"), wild}, 1);
+    Out({"export-players", wild, Path("wild.csv")});
+    EXPECT_EQ(Out({"import-players", "--dry-run", wild, Path("wild.csv")}, 2), "") << word;
   }
 }
 

@@ -7,20 +7,16 @@ class RsmtoolDiff : public RsmtoolTest {};
 
 TEST_F(RsmtoolDiff, TheSameLeagueIsNoDifference) {
   const QString a = Image("a.nes");
-  ASSERT_EQ(Run({"resave", a, Path("b.nes")}).Code, 0);
-  const Result result = Run({"diff", a, Path("b.nes")});
-  EXPECT_EQ(result.Code, 0) << "a save changes bytes, not the league";
-  EXPECT_EQ(result.Out + result.Err, "");
-  EXPECT_EQ(Run({"diff", "--json", a, Path("b.nes")}).Out, "[]\n");
+  Out({"resave", a, Path("b.nes")});
+  EXPECT_EQ(Out({"diff", a, Path("b.nes")}), "") << "a save changes bytes, not the league";
+  EXPECT_EQ(Out({"diff", "--json", a, Path("b.nes")}), "[]\n");
 }
 
 TEST_F(RsmtoolDiff, APlayersChangesInTheWordsOfTheGame) {
   const QString a = Image("a.nes", {{0x6DA, {0x12}}, {0x3010, {0x00, 0x00, 99, 0x70, 0x00}}});
   const QString b = Image("b.nes", {{0x6DA, {0x07, 't', 'o', 'm', 'H', 'E', 'R', 'O', 'N', 'S'}},
                                     {0x3010, {0x00, 0x0F, 100, 0x90, 0x00}}});
-  const Result result = Run({"diff", a, b});
-  EXPECT_EQ(result.Code, 1);
-  EXPECT_EQ(result.Out,
+  EXPECT_EQ(Out({"diff", a, b}, 1),
             "SPARROWS QB 1 sam PLOVER: Name sam PLOVER -> tom HERONS\n"
             "SPARROWS QB 1 sam PLOVER: Number 12 -> 07\n"
             "SPARROWS QB 1 sam PLOVER: Face 99 -> 100\n"
@@ -51,44 +47,36 @@ TEST_F(RsmtoolDiff, OneLineForEachKindOfChange) {
                                     {0x1D313, {0x09}},
                                     {0x329DB, {0x1C, 0}},
                                     {0x32853, {0x1C, 0}}});
-  const Result result = Run({"diff", a, b});
-  EXPECT_EQ(result.Code, 1);
-  const std::vector<std::string> lines{
-      "League: Roster Year 1991 -> 1992\n",
-      "League: League C OLD -> NE\\x1B\n",
-      "SPARROWS: City HARBORTON -> BARBORTON\n",
-      "SPARROWS: Abbreviation HARB -> ABCD\n",
-      "SPARROWS: Uniform Color 1 2 -> 63\n",
-      "SPARROWS: Division Champion Color 5 7 -> 8\n",
-      "SPARROWS: Conference Champion Color 1 1 -> 64\n",
-      "SPARROWS: Run 1 FB Open Left -> Toss Sweep Right\n",
-      "SPARROWS: Pass 4 Shotgun XY Bomb -> Unknown play 9\n",
-      "SPARROWS: Kick Returner RB 1 jon ASHLAR -> nobody\n",
-      "Week 1: Game 1 SPARROWS at OAK all-stars -> OAK all-stars at SPARROWS\n",
-      "AFC Pro Bowl: QB 1 SPARROWS QB 1 sam PLOVER -> nobody (team 29, slot 1)\n"};
-  std::string all;
-  for (const std::string& line : lines) all += line;
-  EXPECT_EQ(result.Out, all);
+  EXPECT_EQ(Out({"diff", a, b}, 1),
+            "League: Roster Year 1991 -> 1992\n"
+            "League: League C OLD -> NE\\x1B\n"
+            "SPARROWS: City HARBORTON -> BARBORTON\n"
+            "SPARROWS: Abbreviation HARB -> ABCD\n"
+            "SPARROWS: Uniform Color 1 2 -> 63\n"
+            "SPARROWS: Division Champion Color 5 7 -> 8\n"
+            "SPARROWS: Conference Champion Color 1 1 -> 64\n"
+            "SPARROWS: Run 1 FB Open Left -> Toss Sweep Right\n"
+            "SPARROWS: Pass 4 Shotgun XY Bomb -> Unknown play 9\n"
+            "SPARROWS: Kick Returner RB 1 jon ASHLAR -> nobody\n"
+            "Week 1: Game 1 SPARROWS at OAK all-stars -> OAK all-stars at SPARROWS\n"
+            "AFC Pro Bowl: QB 1 SPARROWS QB 1 sam PLOVER -> nobody (team 29, slot 1)\n");
 }
 
 TEST_F(RsmtoolDiff, FormationsAndLengthsOfWeeks) {
-  ASSERT_EQ(Run({"resave", Image("in.nes"), Path("a.nes")}).Code, 0);
+  Out({"resave", Image("in.nes"), Path("a.nes")});
   Bytes bytes = BytesOf(Path("a.nes"));
   bytes[0x21FE0] = 1;
   bytes[0x329C9 + 16] = 13;
   WriteFile(folder_.Path("b.nes"), bytes);
-  const Result result = Run({"diff", Path("a.nes"), Path("b.nes")});
-  EXPECT_EQ(result.Out.rfind("SPARROWS: Formation 2RB 2WR 1TE -> 1RB 4WR\nWeek 17: Game 14 ", 0),
-            0u)
-      << result.Out;
-  EXPECT_TRUE(result.Out.ends_with(" -> no game\n")) << result.Out;
+  const std::string head = "SPARROWS: Formation 2RB 2WR 1TE -> 1RB 4WR\nWeek 17: Game 14 ";
+  const std::string out = Out({"diff", Path("a.nes"), Path("b.nes")}, 1);
+  EXPECT_EQ(out.substr(0, head.size()), head);
+  EXPECT_TRUE(out.ends_with(" -> no game\n")) << out;
 }
 
 TEST_F(RsmtoolDiff, MachinesGetTheSameAsJson) {
   const QString a = Image("a.nes", {{0x3013, {0x70}}, {0x329DB, {0, 1}}});
   const QString b = Image("b.nes", {{0x3013, {0x90}}, {0x329DB, {1, 1}}});
-  const Result result = Run({"diff", "--json", a, b});
-  EXPECT_EQ(result.Code, 1);
   const std::string head = R"([
   {
     "team": 1,
@@ -102,16 +90,13 @@ TEST_F(RsmtoolDiff, MachinesGetTheSameAsJson) {
     "subject": "Week 1",
     "what": "Game 1",
     "from": "SPARROWS at )";
-  EXPECT_EQ(result.Out.substr(0, head.size()), head);
+  EXPECT_EQ(Out({"diff", "--json", a, b}, 1).substr(0, head.size()), head);
 }
 
 TEST_F(RsmtoolDiff, TroubleIsTwo) {
-  const QString a = Image("a.nes");
   WriteFile(folder_.Path("text.nes"), std::string("no image"));
-  const Result result = Run({"diff", a, Path("text.nes")});
-  EXPECT_EQ(result.Code, 2);
-  EXPECT_EQ(result.Err, "rsmtool: " + folder_.Path("text.nes") + ": not an image of this game\n");
-  EXPECT_EQ(result.Out, "");
+  ExpectMessage({"diff", Image("a.nes"), Path("text.nes")}, 2,
+                folder_.Path("text.nes") + ": not an image of this game");
 }
 
 }  // namespace

@@ -30,6 +30,21 @@ class RsmtoolTest : public testing::Test {
     return {code, out.str(), err.str()};
   }
 
+  /// What a call that ends with this code writes to standard output.
+  std::string Out(const QStringList& arguments, int code = 0) {
+    const Result result = Run(arguments);
+    EXPECT_EQ(result.Code, code) << arguments.join(' ').toStdString() << "\n" << result.Err;
+    return result.Out;
+  }
+
+  /// Expects that a call ends with this code and writes nothing but this line about itself.
+  void ExpectMessage(const QStringList& arguments, int code, const std::string& line) {
+    const Result result = Run(arguments);
+    EXPECT_EQ(result.Code, code) << line;
+    EXPECT_EQ(result.Err, "rsmtool: " + line + "\n");
+    EXPECT_EQ(result.Out, "");
+  }
+
   struct Patch {
     int Offset;
     Bytes Values;
