@@ -17,9 +17,7 @@ using testing::IsEmpty;
 
 std::vector<std::string> ErrorsOf(std::string_view text, LeagueData& league) {
   std::vector<std::string> lines;
-  for (const JsonError& error : ApplyLeagueJson(text, league)) {
-    lines.push_back(JsonErrorLine(error));
-  }
+  for (const auto& error : ApplyLeagueJson(text, league)) lines.push_back(JsonErrorLine(error));
   return lines;
 }
 
@@ -83,7 +81,7 @@ TEST(LeagueJson, WhatAnImageOfAnyBytesHoldsComesBackToo) {
   EXPECT_TRUE(*other == *league);
 }
 
-TEST(LeagueJson, ControlCharactersAreEscapedAllOfThem) {
+TEST(LeagueJson, ControlCharactersAreEscaped) {
   LeagueData league;
   league.TeamData[1].City = std::string("\0\x1B\x7F\x08\n\"\\\xE9", 8);
   const std::string text = WriteLeagueJson(league);
@@ -146,7 +144,6 @@ TEST(LeagueJson, ADutyGoesFromItsHolderToThePlayerWhoIsGivenIt) {
   const auto apply = [&](const std::string& players) {
     return ErrorsOf(R"({"teams": [{"index": 4, "players": [)" + players + "]}]}", league);
   };
-  const LeagueData before = league;
   EXPECT_THAT(apply(R"({"slot": 9, "kickReturner": true})"), IsEmpty());
   EXPECT_THAT(kickers(), ElementsAre(9));
   EXPECT_THAT(apply(R"({"slot": 10, "kickReturner": true}, {"slot": 9, "kickReturner": false})"),
@@ -160,8 +157,9 @@ TEST(LeagueJson, ADutyGoesFromItsHolderToThePlayerWhoIsGivenIt) {
                           "teams[0].players[3].kickReturner: unknown key; the keys here are slot, "
                           "label, group, firstName, lastName, jerseyNumber, face, ratings"));
   EXPECT_THAT(kickers(), IsEmpty());
+  const LeagueData before = SampleLeague();
   league.SkillData[4] = before.SkillData[4];
-  EXPECT_TRUE(league == before) << "nothing else has changed";
+  EXPECT_TRUE(league == before) << "more has changed";
 }
 
 TEST(LeagueJson, EveryErrorIsListed) {

@@ -78,8 +78,7 @@ TEST(Patch, MadeAndAppliedAnyChangeComesOutByteForByte) {
     const Bytes base = RandomBytes(random, Below(random, 800), seed % 3 == 0 ? 2 : 256);
     Bytes target = base;
     for (auto edits = random() % 6; edits > 0; --edits) Edit(random, target, bps);
-    const PatchFormat format = bps ? PatchFormat::Bps : PatchFormat::Ips;
-    const Bytes patch = MakePatch(format, base, target);
+    const Bytes patch = MakePatch(bps ? PatchFormat::Bps : PatchFormat::Ips, base, target);
     ASSERT_EQ(ApplyPatch(base, patch), target) << "seed " << seed;
     ASSERT_LE(patch.size(), target.size() + 40) << "seed " << seed;
   }
@@ -99,19 +98,17 @@ TEST(Patch, LargeFilesAreRefusedByAllOfIt) {
 
 TEST(Patch, EmptyWholeNewAndLongerFiles) {
   Random random(1);
-  const Bytes empty;
   Bytes image = SampleBytes();
   image.resize(60'000);
   Bytes with_tail = image;
   with_tail.insert(with_tail.end(), 1000, 0x55);
   const Bytes zeros(image.size());
-  const Bytes other = RandomBytes(random, image.size(), 256);
-  const std::array<const Bytes*, 5> files{&empty, &image, &with_tail, &zeros, &other};
-  for (const Bytes* base : files) {
-    for (const Bytes* target : files) {
-      EXPECT_TRUE(ApplyPatch(*base, MakePatch(PatchFormat::Bps, *base, *target)) == *target);
-      if (base->size() != target->size()) continue;
-      EXPECT_TRUE(ApplyPatch(*base, MakePatch(PatchFormat::Ips, *base, *target)) == *target);
+  const std::array files{Bytes{}, image, with_tail, zeros, RandomBytes(random, image.size(), 256)};
+  for (const Bytes& base : files) {
+    for (const Bytes& target : files) {
+      EXPECT_TRUE(ApplyPatch(base, MakePatch(PatchFormat::Bps, base, target)) == target);
+      if (base.size() != target.size()) continue;
+      EXPECT_TRUE(ApplyPatch(base, MakePatch(PatchFormat::Ips, base, target)) == target);
     }
   }
   EXPECT_LE(MakePatch(PatchFormat::Bps, image, zeros).size(), 40u) << "one run";

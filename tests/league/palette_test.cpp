@@ -29,7 +29,6 @@ std::error_code Rejection(const std::string& text) {
   }
 }
 
-// Catches line ends of one system only, quotes kept in names, and fields shifted by quoted commas.
 TEST(PaletteFile, AcceptsAllLineEndsQuotedNamesAndFieldsOnSeparateLines) {
   for (const std::string line_end : {"\n", "\r\n", "\r"}) {
     const Palette palette = ParsePalette(Records(64, line_end));
@@ -50,38 +49,30 @@ TEST(PaletteFile, AcceptsAllLineEndsQuotedNamesAndFieldsOnSeparateLines) {
   EXPECT_EQ(palette[63].Name, "Shade 59");
 }
 
-// Catches a blank left at the end of a shortened name, which a file could hold only in quotes.
 TEST(PaletteFile, ALongNameIsCutAt64Characters) {
   const std::string letters(63, 'n');
   for (const std::string& name : {letters + " \"of old\"", "\"" + letters + " of old\""}) {
     EXPECT_EQ(ParsePalette(name + ",1,2,3\n" + Records(63))[0], (PaletteRec{letters, 1, 2, 3}));
   }
-  EXPECT_EQ(ParsePalette(letters + "no,1,2,3\n" + Records(63))[0].Name, letters + "n");
   EXPECT_EQ(ParsePalette(letters + "\xE9\xE9,1,2,3\n" + Records(63))[0].Name, letters + "\xC3\xA9");
   EXPECT_EQ(ParsePalette(letters + "\xE8\x89\xB2\xE8\x89\xB2,1,2,3\n" + Records(63))[0].Name,
             letters + "\xE8\x89\xB2");
 }
 
-// Catches names read in the wrong encoding, as in "BlÃ¥", and Latin-1 letters that are lost.
 TEST(PaletteFile, ANameIsUtf8IfValidAndLatin1Otherwise) {
-  const auto names = [](const std::string& mark) {
-    const Palette palette = ParsePalette(mark +
-                                         "Bl\xC3\xA5,0,0,0\n"
-                                         "\xE7\xB4\xBA \xF0\x9F\x8E\xA8,0,0,0\n"
-                                         "Bl\xE5,0,0,0\n"
-                                         "\xC3,0,0,0\n"
-                                         "\xC0\xAF\x7F\x80\xFF,0,0,0\n" +
-                                         Records(59));
-    return std::vector{palette[0].Name, palette[1].Name, palette[2].Name, palette[3].Name,
-                       palette[4].Name};
-  };
-  const std::vector<std::string> read{"Bl\xC3\xA5", "\xE7\xB4\xBA \xF0\x9F\x8E\xA8", "Bl\xC3\xA5",
-                                      "\xC3\x83", "\xC3\x80\xC2\xAF\x7F\xC2\x80\xC3\xBF"};
-  EXPECT_EQ(names(""), read);
-  EXPECT_EQ(names("\xEF\xBB\xBF"), read);
+  const std::vector<std::pair<std::string, std::string>> names{
+      {"Bl\xC3\xA5", "Bl\xC3\xA5"},
+      {"\xE7\xB4\xBA \xF0\x9F\x8E\xA8", "\xE7\xB4\xBA \xF0\x9F\x8E\xA8"},
+      {"Bl\xE5", "Bl\xC3\xA5"},
+      {"\xC3", "\xC3\x83"},
+      {"\xC0\xAF\x7F\x80\xFF", "\xC3\x80\xC2\xAF\x7F\xC2\x80\xC3\xBF"}};
+  for (const auto& [bytes, name] : names) {
+    for (const std::string mark : {"", "\xEF\xBB\xBF"}) {
+      EXPECT_EQ(ParsePalette(mark + bytes + ",0,0,0\n" + Records(63))[0].Name, name);
+    }
+  }
 }
 
-// Catches a short or garbled file accepted in part, and a value silently cut to its low byte.
 TEST(PaletteFile, EveryFaultHasItsError) {
   EXPECT_EQ(Rejection(Records(63)), std::errc::no_message_available);
   EXPECT_EQ(Rejection(""), std::errc::no_message_available);
@@ -95,7 +86,6 @@ TEST(PaletteFile, EveryFaultHasItsError) {
   EXPECT_EQ(Rejection(Records(64)), std::error_code{});
 }
 
-// Catches a number printed without its high digit, and an index past the table.
 TEST(PaletteFile, AnIndexOutsideTheTableHasANameButNoColor) {
   const Palette palette = ParsePalette(Records(64));
   EXPECT_EQ(PaletteName(palette, 63), "Shade 63");
@@ -106,7 +96,6 @@ TEST(PaletteFile, AnIndexOutsideTheTableHasANameButNoColor) {
   EXPECT_EQ(PaletteColor(palette, -1), std::nullopt);
 }
 
-// Catches two colors of the same name, which look alike in a list, in the file that we ship.
 TEST(PaletteFile, OursHas64ColorsWithDifferentNames) {
   const Palette palette = ReadPalette(BinFolder());
   std::set<std::string> names;

@@ -7,11 +7,10 @@
 namespace rostermill::test {
 namespace {
 
-/// Reads player 1 from an entry of these bytes at 0x7000 (address 0xEFF0), which is free space. The
-/// second player's entry then starts after it and contains junk.
+/// Player 1 from an entry at 0x7000, which is free space; player 2's entry after it is junk.
 NameRec FirstNameOf(const std::string& entry) {
   return LeagueOfChanged([&](Bytes& bytes) {
-           std::copy(entry.begin(), entry.end(), bytes.begin() + 0x7000);
+           Put(bytes, 0x7000, entry);
            PutWord(bytes, 0x48, 0x7000 + 0x7FF0);
            PutWord(bytes, 0x4A, 0x7000 + 0x7FF0 + static_cast<int>(entry.size()));
          })
@@ -21,9 +20,7 @@ NameRec FirstNameOf(const std::string& entry) {
 TEST(PlayerNames, AnEntryIsANumberByteAndANameSplitAtItsFirstCapital) {
   EXPECT_EQ(FirstNameOf("\x12samPLOVER"), (NameRec{"sam", "PLOVER", "12"}));
   EXPECT_EQ(FirstNameOf("\x07OTTER"), (NameRec{"", "OTTER", "07"}));
-  EXPECT_EQ(FirstNameOf("\xA9"
-                        "bobMcKANE"),
-            (NameRec{"bob", "McKANE", "A9"}));
+  EXPECT_EQ(FirstNameOf("\xA9tobMcKANE"), (NameRec{"tob", "McKANE", "A9"}));
   EXPECT_EQ(FirstNameOf("\x33nocapital"), (NameRec{"", "", "33"}));
   EXPECT_EQ(FirstNameOf("\x44"), (NameRec{"", "", "44"}));
   EXPECT_EQ(FirstNameOf(""), (NameRec{"", "", ""}));
@@ -47,12 +44,8 @@ TEST(PlayerNames, ASavePacksTheEntriesFromTheFixedFirstPointer) {
   league.NameData[1][2] = {"", "Mixed", "7"};
   league.NameData[1][3] = {"", "", ""};
   const Bytes saved = SavedBytes(league);
-  EXPECT_EQ(WordAt(saved, 0x48), 0x86CA);
-  EXPECT_EQ(WordAt(saved, 0x4A), 0x86D4);
-  EXPECT_EQ(WordAt(saved, 0x4C), 0x86DA);
-  EXPECT_EQ(WordAt(saved, 0x4E), 0x86DB);
-  EXPECT_EQ(std::string(saved.begin() + 0x6DA, saved.begin() + 0x6DA + 17),
-            std::string("\x12samPLOVER\x07MIXED\x00", 17));
+  EXPECT_EQ(BytesAt(saved, 0x48, 8), (Bytes{0xCA, 0x86, 0xD4, 0x86, 0xDA, 0x86, 0xDB, 0x86}));
+  EXPECT_EQ(TextAt(saved, 0x6DA, 17), std::string("\x12samPLOVER\x07MIXED\x00", 17));
   const int end = WordAt(saved, 0x6D8);
   EXPECT_EQ(end, 0x86CA + NameBytesNeeded(league));
   EXPECT_EQ(saved[static_cast<std::size_t>(end - 0x7FF0)], 0xFF);
@@ -76,16 +69,12 @@ TEST(PlayerNames, FilledToTheLastByteIsSavedAndOneMoreIsRefused) {
   const Bytes saved = SavedBytes(league);
   EXPECT_EQ(WordAt(saved, 0x6D8), 0x3010 + 0x7FF0);
   EXPECT_EQ(saved[0x3010], SampleBytes()[0x3010]) << "a filler overwrote the attributes";
-
   OpenImage full(saved);
   Oddities found;
   FindNameOddities(full, found);
   EXPECT_TRUE(found.empty());
-
   league.NameData[5][5].LastName += "XX";
-  const auto overflow = TextOverflow(league);
-  ASSERT_TRUE(overflow.has_value());
-  EXPECT_EQ(*overflow,
+  EXPECT_EQ(TextOverflow(league),
             "The players' names are too long for the image: they need 10,552 bytes, and it has "
             "room for 10,550 bytes. Shorten them by 2 letters.");
 }

@@ -2,17 +2,12 @@
 
 #include <gtest/gtest.h>
 
-#include <csignal>
 #include <filesystem>
 #include <fstream>
 #include <set>
 
-#include "league/load_image.h"
 #include "tests/support/damage.h"
 #include "tests/support/fake_host.h"
-#include <fcntl.h>
-#include <sys/resource.h>
-#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -31,23 +26,14 @@ class SaveImageTest : public testing::Test {
 
   SaveOutcome Save() { return SaveImage(*session_, host_); }
 
-  /// Saves as an unprivileged user, in a child process; returns whether the save was refused with
-  /// this text in its message.
-  bool RefusedAsUser(const std::string& text, int file_size_limit = 0) {
+  /// Whether a save as an unprivileged user, in a child process, is refused for want of permission.
+  bool RefusedAsUser() {
     const pid_t child = fork();
     if (child == 0) {
-      if (file_size_limit > 0) {
-        signal(SIGXFSZ, SIG_IGN);
-        const rlimit limit{static_cast<rlim_t>(file_size_limit),
-                           static_cast<rlim_t>(file_size_limit)};
-        setrlimit(RLIMIT_FSIZE, &limit);
-      } else if (geteuid() == 0 && (setgid(65534) != 0 || setuid(65534) != 0)) {
-        _exit(2);
-      }
+      if (geteuid() == 0 && (setgid(65534) != 0 || setuid(65534) != 0)) _exit(2);
       const bool refused = Save() == SaveOutcome::Refused && host_.messages.size() == 1 &&
-                           host_.messages[0].find(text) != std::string::npos && !host_.busy;
-      if (!refused && !host_.messages.empty()) fputs(host_.messages[0].c_str(), stderr);
-      _exit(refused ? 0 : 1);
+                           host_.messages[0].find("Permission denied") != std::string::npos;
+      _exit(refused && !host_.busy ? 0 : 1);
     }
     int status = 0;
     waitpid(child, &status, 0);
@@ -87,26 +73,16 @@ TEST_F(SaveImageTest, SavingAnUnchangedLeagueOnlyAddsWhatEverySaveAdds) {
   EXPECT_FALSE(host_.busy);
   EXPECT_TRUE(host_.messages.empty());
   const Bytes saved = FileBytes(path_);
-  const auto added = [](int offset) {
+  for (const int offset : DifferingOffsets(SampleBytes(), saved)) {
     const auto within = [offset](int first, int size) {
       return offset >= first && offset < first + size;
     };
-    return within(0x21642, 10) || within(0x30FF8, 18) || within(0x21FE0, 28) ||
-           within(0x31E80, 28) || offset == 0x3CDC || offset == 0x329DA;
-  };
-  for (const int offset : DifferingOffsets(SampleBytes(), saved)) {
-    EXPECT_TRUE(added(offset)) << std::hex << offset;
+    EXPECT_TRUE(within(0x21642, 10) || within(0x30FF8, 18) || within(0x21FE0, 28) ||
+                within(0x31E80, 28) || offset == 0x3CDC || offset == 0x329DA)
+        << std::hex << offset;
   }
   EXPECT_EQ(saved[0x21642], 0x8A);
   EXPECT_EQ(saved[0x329DA], 0xFF);
-
-  EXPECT_EQ(Save(), SaveOutcome::Saved);
-  EXPECT_EQ(FileBytes(path_), saved) << "a second save changes no byte";
-  LeagueSession again;
-  again.AppDir = BinFolder();
-  again.ImagePath = path_;
-  ASSERT_EQ(LoadImage(again, host_), LoadOutcome::Loaded);
-  EXPECT_EQ(LeagueOf(again), LeagueOf(*session_));
 }
 
 TEST_F(SaveImageTest, BytesOutsideTheSectionsAndAfterTheImageAreKept) {
@@ -137,18 +113,6 @@ TEST_F(SaveImageTest, TheWindowStaysAliveWhileAHugeFileIsCopied) {
   const Bytes saved = FileBytes(path_);
   ASSERT_EQ(saved.size(), std::size_t{megabytes} << 20);
   EXPECT_EQ((Bytes{saved.end() - 4, saved.end()}), (Bytes{0, 'e', 'n', 'd'}));
-}
-
-TEST_F(SaveImageTest, ALinkStaysALinkAndPermissionsStay) {
-  fs::create_directory(folder_.Path("real"));
-  fs::rename(path_, folder_.Path("real/image.nes"));
-  fs::create_symlink("real/image.nes", path_);
-  fs::permissions(path_, fs::perms(0640));
-  EXPECT_EQ(Save(), SaveOutcome::Saved);
-  EXPECT_TRUE(fs::is_symlink(path_));
-  EXPECT_EQ(fs::status(path_).permissions(), fs::perms(0640));
-  EXPECT_EQ(FileBytes(folder_.Path("real/image.nes"))[0x21642], 0x8A);
-  EXPECT_EQ(Names(), (std::set<std::string>{"league.nes", "real"}));
 }
 
 TEST_F(SaveImageTest, TextsThatDontFitAreRefusedBeforeTheFileIsTouched) {
@@ -183,22 +147,14 @@ TEST_F(SaveImageTest, AMissingShortOrOddTargetIsRefusedAndNotCreated) {
 TEST_F(SaveImageTest, UnwritableFilesAndFoldersKeepTheOldImage) {
   fs::permissions(folder_.Path(), fs::perms(0777));
   fs::permissions(path_, fs::perms(0444));
-  EXPECT_TRUE(RefusedAsUser("Permission denied")) << "a read-only file";
+  EXPECT_TRUE(RefusedAsUser()) << "a read-only file";
   fs::permissions(path_, fs::perms(0222));
-  EXPECT_TRUE(RefusedAsUser("Permission denied")) << "an unreadable file";
+  EXPECT_TRUE(RefusedAsUser()) << "an unreadable file";
   fs::permissions(path_, fs::perms(0666));
   fs::permissions(folder_.Path(), fs::perms(0555));
-  EXPECT_TRUE(RefusedAsUser("Permission denied")) << "a read-only folder";
-  fs::permissions(folder_.Path(), fs::perms(0777));
+  EXPECT_TRUE(RefusedAsUser()) << "a read-only folder";
   EXPECT_EQ(FileBytes(path_), SampleBytes());
   EXPECT_EQ(Names(), std::set<std::string>{"league.nes"});
-}
-
-TEST_F(SaveImageTest, AFullDiskKeepsTheOldImageAndLeavesNothingBehind) {
-  EXPECT_TRUE(RefusedAsUser("File too large", 200'000));
-  EXPECT_EQ(FileBytes(path_), SampleBytes());
-  EXPECT_EQ(Names(), std::set<std::string>{"league.nes"});
-  EXPECT_EQ(Save(), SaveOutcome::Saved) << "a second try works";
 }
 
 TEST_F(SaveImageTest, LeftoversOfAKilledSaveAreRemovedAndTheUsersFilesStay) {
@@ -210,7 +166,6 @@ TEST_F(SaveImageTest, LeftoversOfAKilledSaveAreRemovedAndTheUsersFilesStay) {
                                             ".league.nes.rostermill-notes"}));
 }
 
-// Would catch a path on which the window stays disabled.
 TEST_F(SaveImageTest, AnExceptionAmidTheStepsFreesTheWindowAndWritesNothing) {
   LeagueOf(*session_).RosterYear = "77";
   host_.at_yield = [] { throw std::bad_alloc(); };

@@ -10,12 +10,9 @@ namespace {
 TEST(TeamData, TextsAreFoundThroughTheirPointers) {
   const LeagueData league = LeagueOfChanged([](Bytes& bytes) {
     // Team 3's city: five bytes at 0x1F000 (address 0xAFF0); team 4's pointer ends it.
-    const std::string city = "Delta";
-    std::copy(city.begin(), city.end(), bytes.begin() + 0x1F000);
-    bytes[0x1FC54] = 0xF0;
-    bytes[0x1FC55] = 0xAF;
-    bytes[0x1FC56] = 0xF5;
-    bytes[0x1FC57] = 0xAF;
+    Put(bytes, 0x1F000, std::string("Delta"));
+    PutWord(bytes, 0x1FC54, 0xAFF0);
+    PutWord(bytes, 0x1FC56, 0xAFF5);
     bytes[0x1FD00] = '<';
   });
   EXPECT_EQ(league.TeamData[3].City, "Delta");
@@ -38,19 +35,14 @@ TEST(TeamData, ASaveRepacksTheTextBlock) {
   league.LeagueText[2] = "BB";
   league.LeagueText[3] = "CCC";
   const Bytes saved = SavedBytes(league);
-  EXPECT_EQ(WordAt(saved, 0x1FC50), 0xBD6C);
-  EXPECT_EQ(WordAt(saved, 0x1FC86), 0xBD6C + 54) << "team 28's city";
-  EXPECT_EQ(WordAt(saved, 0x1FC88), 0xBD6C + 54);
-  EXPECT_EQ(WordAt(saved, 0x1FC8A), 0xBD6C + 55);
-  EXPECT_EQ(WordAt(saved, 0x1FC8C), 0xBD6C + 56);
-  EXPECT_EQ(WordAt(saved, 0x1FC8E), 0xBD6C + 56);
-  EXPECT_EQ(WordAt(saved, 0x1FC90), 0xBD6C + 56);
-  EXPECT_EQ(WordAt(saved, 0x1FCC8), 0xBD6C + 84);
-  EXPECT_EQ(WordAt(saved, 0x1FCD0), 0xBD6C + 90) << "1ST, after two texts and two empty ones";
-  EXPECT_EQ(WordAt(saved, 0x1FCE2), 0xBD6C + 121) << "DEFENSE";
-  EXPECT_EQ(WordAt(saved, 0x1FCF6), 0xBD6C + 161) << "SKP";
-  EXPECT_EQ(WordAt(saved, 0x1FCF8), 0xBD6C + 164);
-  EXPECT_EQ(WordAt(saved, 0x1FCFE), 0xBD6C + 164) << "end of the block";
+  // Among them team 28's city, 1ST after two texts and two empty ones, DEFENSE, SKP and the end.
+  const std::vector<std::pair<int, int>> pointers{
+      {0x1FC50, 0},   {0x1FC86, 54},  {0x1FC88, 54}, {0x1FC8A, 55}, {0x1FC8C, 56},
+      {0x1FC8E, 56},  {0x1FC90, 56},  {0x1FCC8, 84}, {0x1FCD0, 90}, {0x1FCE2, 121},
+      {0x1FCF6, 161}, {0x1FCF8, 164}, {0x1FCFE, 164}};
+  for (const auto& [offset, length] : pointers) {
+    EXPECT_EQ(WordAt(saved, offset), 0xBD6C + length) << std::hex << offset;
+  }
   EXPECT_EQ(TextAt(saved, 0x1FD7C, 8), "ABABABAB");
   EXPECT_EQ(TextAt(saved, 0x1FD7C + 54, 2 + 28), "  " + std::string(28, 'C'));
   EXPECT_EQ(TextAt(saved, 0x1FD7C + 84, 80),
@@ -84,11 +76,11 @@ TEST(TeamData, AStockImageHasItsOwnFormationsAndAnUnknownOneNone) {
 
 TEST(TeamData, ASaveTurnsAStockImageIntoAPatchedOne) {
   const Bytes saved = SavedBytes(SampleLeague());
-  const Bytes patch_a{0x8A, 0xA6, 0x6E, 0xBC, 0xD0, 0x9F, 0xAA, 0x4C, 0x50, 0x96};
-  const Bytes patch_b{0x8A, 0xA6, 0x6E, 0xBC, 0x70, 0x9E, 0xAA, 0xC0, 0x01,
-                      0xF0, 0x11, 0xC0, 0x02, 0xF0, 0x13, 0x4C, 0xFE, 0x8F};
-  EXPECT_TRUE(std::equal(patch_a.begin(), patch_a.end(), saved.begin() + 0x21642));
-  EXPECT_TRUE(std::equal(patch_b.begin(), patch_b.end(), saved.begin() + 0x30FF8));
+  EXPECT_EQ(BytesAt(saved, 0x21642, 10),
+            (Bytes{0x8A, 0xA6, 0x6E, 0xBC, 0xD0, 0x9F, 0xAA, 0x4C, 0x50, 0x96}));
+  EXPECT_EQ(BytesAt(saved, 0x30FF8, 18),
+            (Bytes{0x8A, 0xA6, 0x6E, 0xBC, 0x70, 0x9E, 0xAA, 0xC0, 0x01, 0xF0, 0x11, 0xC0, 0x02,
+                   0xF0, 0x13, 0x4C, 0xFE, 0x8F}));
 }
 
 TEST(TeamData, TheTextBlockMayBeFilledToTheEndOfItsBankAndNoFurther) {
@@ -98,12 +90,10 @@ TEST(TeamData, TheTextBlockMayBeFilledToTheEndOfItsBankAndNoFurther) {
   const Bytes saved = SavedBytes(league);
   EXPECT_EQ(TextAt(saved, 0x20010 - 3, 3), "SKP");
   EXPECT_EQ(saved[0x20010], SampleBytes()[0x20010]);
-
   OpenImage full(saved);
   Oddities found;
   FindTeamDataOddities(full, found);
   EXPECT_TRUE(found.empty());
-
   league.TeamData[28].Nickname += "X";
   EXPECT_EQ(TextOverflow(league),
             "The teams' cities and names are too long for the image: they need 661 bytes, and it "

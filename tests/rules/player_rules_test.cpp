@@ -1,28 +1,24 @@
 #include <gtest/gtest.h>
 
+#include <tuple>
+#include <vector>
+
 #include "rules/display_text.h"
-#include "rules/face_paths.h"
 #include "rules/position_layout.h"
 
 namespace rostermill {
 namespace {
 
 TEST(PositionLayout, SlotsAtTheEdgesOfTheGroups) {
-  struct Edge {
-    int slot;
-    PositionGroup group;
-    int index;
-    int places;
-  };
-  for (const Edge& edge :
-       {Edge{1, PositionGroup::QB, 1, 8}, Edge{2, PositionGroup::QB, 2, 8},
-        Edge{3, PositionGroup::Skill, 1, 6}, Edge{12, PositionGroup::Skill, 10, 6},
-        Edge{13, PositionGroup::Line, 1, 4}, Edge{17, PositionGroup::Line, 5, 4},
-        Edge{18, PositionGroup::Defense, 1, 6}, Edge{28, PositionGroup::Defense, 11, 6},
-        Edge{29, PositionGroup::Kick, 1, 6}, Edge{30, PositionGroup::Kick, 2, 6}}) {
-    EXPECT_EQ(GroupOfSlot(edge.slot), edge.group) << edge.slot;
-    EXPECT_EQ(TableIndexOfSlot(edge.slot), edge.index) << edge.slot;
-    EXPECT_EQ(PlacesInUse(edge.group), edge.places) << edge.slot;
+  using enum PositionGroup;
+  const std::vector<std::tuple<int, PositionGroup, int, int>> edges{
+      {1, QB, 1, 8},    {2, QB, 2, 8},    {3, Skill, 1, 6},    {12, Skill, 10, 6},
+      {13, Line, 1, 4}, {17, Line, 5, 4}, {18, Defense, 1, 6}, {28, Defense, 11, 6},
+      {29, Kick, 1, 6}, {30, Kick, 2, 6}};
+  for (const auto& [slot, group, index, places] : edges) {
+    EXPECT_EQ(GroupOfSlot(slot), group) << slot;
+    EXPECT_EQ(TableIndexOfSlot(slot), index) << slot;
+    EXPECT_EQ(PlacesInUse(group), places) << slot;
   }
   EXPECT_THROW(GroupOfSlot(0), std::out_of_range);
   EXPECT_THROW(GroupOfSlot(31), std::out_of_range);
@@ -46,21 +42,6 @@ TEST(PositionLayout, PlacesReachTheirFieldsAndNoOthers) {
   EXPECT_THROW(RatingAt(PositionGroup::Line, 4), std::out_of_range);
 }
 
-TEST(PositionLayout, EachPlaceHasItsCaption) {
-  const auto captions = [](PositionGroup group) {
-    std::string text;
-    for (int place = -1; place <= 8; ++place) text += PlaceCaption(group, place);
-    return text;
-  };
-  const std::string shared = "Rushing Power:Running Speed:Maximum Speed:Hitting Power:";
-  EXPECT_EQ(captions(PositionGroup::QB),
-            shared + "Passing Speed:Pass Control:Accuracy:Avoid Pass Block:");
-  EXPECT_EQ(captions(PositionGroup::Skill), shared + "Ball Control:Receptions:");
-  EXPECT_EQ(captions(PositionGroup::Line), shared);
-  EXPECT_EQ(captions(PositionGroup::Defense), shared + "Pass Interception:Quickness:");
-  EXPECT_EQ(captions(PositionGroup::Kick), shared + "Kicking Abiblity:Avoid Kick Block:");
-}
-
 TEST(PositionLayout, FormationsRenameSixSlots) {
   EXPECT_EQ(PositionLabels(1)[0], (PositionLabel{3, "WR 3"}));
   EXPECT_EQ(PositionLabels(1)[5], (PositionLabel{11, "WR 6"}));
@@ -80,25 +61,12 @@ TEST(TextForms, NamesAndTeamsInTheirForms) {
   EXPECT_EQ(NumberCaption(league, 1, 1), "#07");
   EXPECT_EQ(TeamListText(league, 1), "BAYOU VERDE NEWTS");
   EXPECT_EQ(TeamTitleText(league, 1), "Bayou verde Newts");
-  EXPECT_EQ(RatingText(15), "100");
-}
-
-TEST(TextForms, EmptyNamesKeepTheirOneBlank) {
-  LeagueData league;
-  EXPECT_EQ(PlayerEditText(league, 1, 1), " ");
-  league.NameData[1][1].LastName = "SMITHERS";
-  EXPECT_EQ(PlayerEditText(league, 1, 1), " Smithers");
-  league.NameData[1][1] = {"sam", "", ""};
-  EXPECT_EQ(PlayerEditText(league, 1, 1), "Sam ");
-  EXPECT_EQ(TeamTitleText(league, 1), " ");
-}
-
-TEST(FacePaths, FileNamesAreTwoCapitalHexadecimalDigits) {
-  EXPECT_EQ(FaceFileName(0), "00");
-  EXPECT_EQ(FaceFileName(10), "0A");
-  EXPECT_EQ(FaceFileName(128), "80");
-  EXPECT_EQ(FacePath("/p/", 255), "/p/faces/FF.bmp");
-  EXPECT_EQ(NoFacePath("/p/"), "/p/faces/na.bmp");
+  EXPECT_EQ(PlayerEditText(league, 2, 1), " ");
+  EXPECT_EQ(TeamTitleText(league, 2), " ");
+  league.NameData[2][1] = {"", "SMITHERS", ""};
+  EXPECT_EQ(PlayerEditText(league, 2, 1), " Smithers");
+  league.NameData[2][1] = {"sam", "", ""};
+  EXPECT_EQ(PlayerEditText(league, 2, 1), "Sam ");
 }
 
 }  // namespace

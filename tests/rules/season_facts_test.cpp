@@ -15,8 +15,6 @@ ScheduleWeek Week(std::initializer_list<std::pair<int, int>> games) {
   return week;
 }
 
-// Catches stale places counted as games, a team against itself reported as playing twice, all-star
-// sides among the teams without a game, and a number that is not a side's.
 TEST(FactsOfWeek, FindsWhatAUserWouldFix) {
   ScheduleWeek week = Week({{0, 1}, {2, 0}, {3, 3}, {28, 29}, {29, 4}, {-5, 300}, {6, 7}, {7, 7}});
   week.GameCount = 7;
@@ -26,7 +24,6 @@ TEST(FactsOfWeek, FindsWhatAUserWouldFix) {
   EXPECT_EQ(facts.WithoutGame.size(), 28u - 7u);
   EXPECT_EQ(facts.WithoutGame.front(), 5);
   EXPECT_EQ(facts.WithoutGame.back(), 27);
-
   week.GameCount = 8;
   facts = FactsOfWeek(week);
   EXPECT_EQ(facts.Twice, (std::vector{0, 7, 29}));
@@ -44,7 +41,6 @@ TEST(FactsOfWeek, AWholeWeekAndAnEmptyOne) {
   EXPECT_EQ(FactsOfWeek(whole), WeekFacts{});
 }
 
-// Catches a team in its neighbor's row, and swapped all-star texts.
 TEST(SideTexts, NameTeamsAndAllStarSides) {
   LeagueData league;
   league.TeamData[1].City = "HARBORTON";

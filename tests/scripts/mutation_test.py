@@ -87,13 +87,11 @@ class Faults(unittest.TestCase):
         found = {}
         for fault in find_faults("rows.cpp", SOURCE):
             found.setdefault(fault.line, []).append(str(fault).split(": ", 2)[2])
+            if fault.line == 19:
+                self.assertEqual(fault.applied(SOURCE),
+                                 SOURCE.replace('emit Changed(R"(\n      x = 1;)");', "{}"))
         self.assertEqual({line: sorted(changes) for line, changes in found.items()},
                          {line: sorted(changes) for line, changes in FOUND.items()})
-
-    def test_change_their_place_only(self):
-        dropped = next(fault for fault in find_faults("rows.cpp", SOURCE) if fault.line == 19)
-        self.assertEqual(dropped.applied(SOURCE),
-                         SOURCE.replace('emit Changed(R"(\n      x = 1;)");', "{}"))
 
     def test_are_drawn_by_seed_every_line_once_before_any_twice(self):
         faults = find_faults("rows.cpp", SOURCE)
@@ -116,11 +114,14 @@ class Clones(unittest.TestCase):
         self.root = Path(tempfile.mkdtemp())
         self.addCleanup(shutil.rmtree, self.root)
 
+    def fill_repository(self, files):
+        subprocess.run(["git", "init", "-q", self.root], check=True)
+        for name, content in files.items():
+            (self.root / name).write_text(content)
+
     @unittest.skipUnless(shutil.which("git"), "needs git")
     def test_are_whole_again_after_a_fault(self):
-        subprocess.run(["git", "init", "-q", self.root], check=True)
-        (self.root / ".gitignore").write_text("/build/\n")
-        (self.root / "rows.cpp").write_text(SOURCE)
+        self.fill_repository({".gitignore": "/build/\n", "rows.cpp": SOURCE})
         clone = Clone(self.root, Processes(), 1)
         copy = clone.tree / "rows.cpp"
         fault = find_faults("rows.cpp", SOURCE)[0]
@@ -147,29 +148,23 @@ class Clones(unittest.TestCase):
         self.assertRaises(Stopped, run, "sleep", "60")
         self.assertLess(time.monotonic() - start, 1.9)
 
-
-class Runs(unittest.TestCase):
     @unittest.skipUnless(shutil.which("git") and shutil.which("ninja"), "needs git and ninja")
-    def test_report_what_lived_and_leave_nothing_in_the_temporary_folder(self):
-        root = Path(tempfile.mkdtemp())
-        self.addCleanup(shutil.rmtree, root)
-        subprocess.run(["git", "init", "-q", root], check=True)
-        shutil.copytree(SCRIPTS, root / "scripts")
-        for name, content in PROJECT.items():
-            (root / name).write_text(content)
-        temporary = root / "temporary"
+    def test_show_what_lived_and_leave_nothing_in_the_temporary_folder(self):
+        self.fill_repository(PROJECT)
+        shutil.copytree(SCRIPTS, self.root / "scripts")
+        temporary = self.root / "temporary"
         temporary.mkdir()
 
         def outcomes(*arguments):
             subprocess.run([sys.executable, "-B", "scripts/mutate.py", *arguments, "--report",
-                            "build/report"], cwd=root, check=True, capture_output=True,
+                            "build/report"], cwd=self.root, check=True, capture_output=True,
                            env=os.environ | {"TMPDIR": str(temporary)})
             self.assertEqual(list(temporary.iterdir()), [])
-            results = json.loads((root / "build/report").read_text())["results"]
+            results = json.loads((self.root / "build/report").read_text())["results"]
             return {(entry["outcome"], entry["fault"]["before"], entry["fault"]["after"])
                     for entry in results}
 
-        (root / "build").mkdir()
+        (self.root / "build").mkdir()
         lived = ("lived", "Rest();", "{}")
         self.assertEqual(outcomes("rows.cpp", "--jobs", "2"), {
             ("found", "==", "!="), ("found", "1", "2"), ("void", "1", "0"),

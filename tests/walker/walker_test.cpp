@@ -70,19 +70,18 @@ QList<QMdiSubWindow*> OpenForms(const FRSMform& window) {
 
 /// Throws if the screens have left a value that should never occur.
 void CheckValues(const LeagueSession& session) {
-  const auto expect = [](bool good, const std::string& what) {
-    if (!good) throw std::runtime_error("out of range: " + what);
+  const auto expect = [](int value, int low, int high, const std::string& what) {
+    if (value < low || value > high) throw std::runtime_error("out of range: " + what);
   };
-  const auto within = [](int value, int low, int high) { return value >= low && value <= high; };
-  expect(within(session.CurTeam, 1, TeamCount), "CurTeam");
-  expect(within(session.CurSlot, 1, SlotCount), "CurSlot");
-  expect(within(session.ViewTeam, 1, TeamCount), "ViewTeam");
-  expect(within(session.SchedTeam, 1, TeamCount), "SchedTeam");
-  expect(within(session.PlaySlot, 0, 7), "PlaySlot");
-  expect(within(session.RosterConference, 1, 2), "RosterConference");
+  expect(session.CurTeam, 1, TeamCount, "CurTeam");
+  expect(session.CurSlot, 1, SlotCount, "CurSlot");
+  expect(session.ViewTeam, 1, TeamCount, "ViewTeam");
+  expect(session.SchedTeam, 1, TeamCount, "SchedTeam");
+  expect(session.PlaySlot, 0, 7, "PlaySlot");
+  expect(session.RosterConference, 1, 2, "RosterConference");
   for (const ScheduleWeek& week : session.League().ScheduleData) {
     for (const GamePlace& game : week.Games) {
-      expect(within(game.HomeTeam, 0, 29) && within(game.AwayTeam, 0, 29), "a game's team");
+      for (const int team : {game.HomeTeam, game.AwayTeam}) expect(team, 0, 29, "a game's team");
     }
   }
 }
@@ -222,16 +221,10 @@ class Walker : public QObject {
 
   void CloseOrResize(QMdiSubWindow& form) {
     Note("close " + form.widget()->objectName());
-    switch (Below(6)) {
-      case 0:
-        form.showMinimized();
-        break;
-      case 1:
-        form.resize(20 + Below(1500), 20 + Below(1200));
-        break;
-      default:
-        form.close();
-    }
+    const int kind = Below(6);
+    if (kind == 0) return form.showMinimized();
+    if (kind == 1) return form.resize(20 + Below(1500), 20 + Below(1200));
+    form.close();
   }
 
   void UseControl(QWidget& form) {
