@@ -170,11 +170,16 @@ TEST_F(AllForms, EveryControlHasANameForAssistiveTechnology) {
 
 // Catches a field whose caption is missing, hidden, or in another row.
 TEST_F(AllForms, EveryFieldHasItsCaptionOrANameOfItsOwn) {
-  VisitAll([](QWidget& form) {
+  QString shown;
+  VisitAll([&shown](QWidget& form) {
     QMap<QWidget*, QLabel*> captions;
+    QStringList texts;
     for (QLabel* label : form.findChildren<QLabel*>()) {
       if (label->buddy() != nullptr) captions.insert(label->buddy(), label);
+      if (label->text().endsWith(':') && label->isVisible()) texts << label->text().remove('&');
     }
+    texts.sort();
+    if (!texts.isEmpty()) shown += form.objectName() + ' ' + texts.join(' ') + '\n';
     for (const auto& [field, caption] : captions.asKeyValueRange()) {
       const QRect left(caption->mapTo(&form, QPoint()), caption->size());
       const QRect right(field->mapTo(&form, QPoint()), field->size());
@@ -190,9 +195,18 @@ TEST_F(AllForms, EveryFieldHasItsCaptionOrANameOfItsOwn) {
       EXPECT_TRUE(captions.contains(field)) << NameOf(field);
     }
   });
+  const std::string of_player =
+      "Player Hitting Power: Maximum Speed: Pass Interception: Player: Quickness: Running Speed: "
+      "Rushing Power: Team:\n";
+  EXPECT_EQ(shown.toStdString(),
+            "View" + of_player + "Edit" + of_player +
+                "ViewTeams Abbreviation: City: Formation: Name: Primary: Secondary: Team:\n"
+                "EditTeam Abbreviation: City: Formation: Helmet: Helmet: Jersey: Jersey: Name:\n"
+                "frmEditSchedule Against itself: Games: Plays twice: Week: Without a game:\n"
+                "ViewLeaders Position:\nfrmChoosePlayer Player: Team:\n"
+                "frmEditGameSettings League A: League B: League C: Roster Year:\n");
 }
 
-// Would catch a box that takes more or less than the cartridge or its own rule allows.
 TEST_F(AllForms, EveryTextBoxTakesItsNumberOfCharacters) {
   QMap<QString, qsizetype> taken;
   VisitAll([&taken](QWidget& form) {

@@ -8,7 +8,6 @@
 namespace rostermill {
 namespace {
 
-// Would catch a mistyped name in the menu's table, which left an item out or dead without a word.
 TEST(MenuTree, RefusesRowsWithoutParentNameOfTheirOwnOrHandler) {
   const auto nothing = [](int) {};
   const MenuRow menu{"mTest", "&Test", "", MenuRow::Kind::Menu};

@@ -114,7 +114,6 @@ TEST_F(RecentStore, TheMenuShowsFilledEntriesOnlyAndLooksUpNone) {
   EXPECT_EQ(Stored(), (List{"None", "None", "None", "None"}));
 }
 
-// Would catch a path that fills the screen, and one that loses its end or can't be read whole.
 TEST_F(RecentStore, ALongPathIsCutInTheMiddleByItsWidth) {
   OpenWindow();
   for (const char c : {'i', 'W'}) {

@@ -40,7 +40,6 @@ QString Described(const QList<QAction*>& items) {
   return described.join(", ");
 }
 
-// Would catch an item that is missing, misplaced, misnamed, or offered when it can do nothing.
 TEST_F(MainForm, TheMenuOffersWhatCanBePickedAndNamesTheTeams) {
   const QString menu =
       "mFilE=&File {[mFilUnloadROM=&Unload ROM Ctrl+W], mFilLoadROM=&Load ROM... Ctrl+O, "
@@ -100,7 +99,6 @@ TEST_F(MainForm, EachTeamsItemShowsItsSchedule) {
   EXPECT_EQ(team, 28);
 }
 
-// Would catch a window that opens outside the screen or without the program's name and picture.
 TEST_F(MainForm, OpensInTheMiddleOfTheScreenAndSaysWhatItIs) {
   const QRect screen = window_.screen()->availableGeometry();
   EXPECT_LT((window_.geometry().center() - screen.center()).manhattanLength(), 20);
@@ -124,7 +122,6 @@ TEST_F(MainForm, OpensInTheMiddleOfTheScreenAndSaysWhatItIs) {
   EXPECT_FALSE(window_.isVisible());
 }
 
-// Would catch a load during which the user can do something else, or sees nothing of its steps.
 TEST_F(MainForm, ALoadShowsItsStepsAndTakesNoCommandMeanwhile) {
   EXPECT_TRUE(window_.OpenImageFile(path_));
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -178,7 +175,6 @@ TEST_F(MainForm, ARejectedFileOrACancelLeavesPathStatusAndLeagueInUse) {
   }
   EXPECT_FALSE(std::filesystem::exists(folder_.Path("missing.nes")));
 }
-// Would catch a viewer that shows a league which is gone, and an Enter too many that discards it.
 TEST_F(MainForm, UnloadAsksAndClosesTheViewers) {
   const auto unload = [this](const std::function<void(QDialog&)>& answer) {
     OnNextDialog(answer);

@@ -142,6 +142,7 @@ TEST(PictureBox, IsPressedByMouseAndKeyboardOncePerPressAndOnlyWhenClickable) {
 TEST(FlexGrid, ItsFixedColumnCoversTheFirstOneAndScrollsWithIt) {
   FlexGrid grid("grid", 30, 3);
   grid.show();
+  EXPECT_EQ(grid.actions().constLast()->shortcut(), QKeySequence(QKeySequence::SelectAll));
   const auto& fixed = *grid.findChild<QTableView*>();
   for (const int height : {100, 300}) {
     grid.SetColWidth(0, height * 10);

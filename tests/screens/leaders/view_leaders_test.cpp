@@ -260,8 +260,9 @@ TEST_F(ViewLeadersTest, TheFormOffersThePrinterFirstAndNamesTheFile) {
   OnNextDialog([](QDialog& dialog) {
     EXPECT_TRUE(Find<QAbstractButton>(dialog, "radPrinter").isChecked());
     EXPECT_EQ(Find<QLabel>(dialog, "lblFile").text(), "rsm_se.txt");
-    EXPECT_EQ(Find<QLabel>(dialog, "lblFile").toolTip(),
-              QDir::toNativeSeparators(QDir::currentPath() + "/rsm_se.txt"));
+    const QString path = QDir::toNativeSeparators(QDir::currentPath() + "/rsm_se.txt");
+    EXPECT_EQ(Find<QLabel>(dialog, "lblFile").toolTip(), path);
+    EXPECT_EQ(Find<QAbstractButton>(dialog, "radFile").accessibleDescription(), path);
     dialog.close();
   });
   session->PrintCancelled = 0;

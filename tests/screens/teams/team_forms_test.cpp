@@ -94,6 +94,7 @@ TEST_F(TeamForms, BothShowAllOfATeam) {
       const int choice = LeagueOf(*session_).TeamPlays[number][i + 1];
       auto& box = Find<PictureBox>(*viewer_, MemberName("picRun", i));
       EXPECT_EQ(box.isHidden(), choice > 7);
+      EXPECT_TRUE(box.sizePolicy().retainSizeWhenHidden());
       if (!box.isHidden()) {
         EXPECT_EQ(box.Picture(), PlayPicture(i + 1, choice));
       }
