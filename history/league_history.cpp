@@ -68,15 +68,15 @@ Touched LeagueHistory::Redo() {
 }
 
 bool LeagueHistory::Changed() const {
-  return saved_ && !SameLeague(*saved_, league_);
+  return HasImage() && !SameLeague(*saved_, league_);
 }
 
 std::size_t LeagueHistory::ChangeCount() const {
-  return saved_ ? FindChanges(*saved_, league_).size() : 0;
+  return HasImage() ? FindChanges(*saved_, league_).size() : 0;
 }
 
 void LeagueHistory::KeepUnsaved() {
-  if (!keeper_) return;
+  if (!keeper_ || !HasImage()) return;
   if (!Changed()) {
     if (kept_) keeper_->Drop();
     kept_.reset();

@@ -83,6 +83,8 @@ class LeagueHistory : public ImageWatch {
   std::string TakeTrouble() override;
 
  private:
+  /// Not while a load has emptied the league of the image before.
+  bool HasImage() const { return saved_ && session_.ImageLoaded != 0; }
   void Tell();
   Touched Record(const std::string& description, const LeagueChange& change, int mark = 0);
   void KeepNow();

@@ -35,8 +35,6 @@ class ComboBoxTest : public testing::Test {
   int losses = 0;
 };
 
-// Would catch an entry that stays selected under another text, and one that can't be picked again
-// after something else was typed over it.
 TEST_F(ComboBoxTest, AnEntryIsSelectedOnlyWhileItsTextShows) {
   box->SetListIndex(1);
   EXPECT_EQ(box->Text(), "HAR.");
@@ -51,8 +49,6 @@ TEST_F(ComboBoxTest, AnEntryIsSelectedOnlyWhileItsTextShows) {
   EXPECT_EQ(box->Text(), "HAR.");
 }
 
-// Would catch a typed text that can't be undone to the entry, and letters that the cartridge can't
-// hold taking the entry away.
 TEST_F(ComboBoxTest, WhatIsTypedOverAnEntryIsFilteredAndUndone) {
   box->SetListIndex(1);
   QApplication::clipboard()->setText(QString::fromUtf8("\u0416"));
@@ -69,7 +65,6 @@ TEST_F(ComboBoxTest, WhatIsTypedOverAnEntryIsFilteredAndUndone) {
   EXPECT_EQ(box->Text(), "b a");
 }
 
-// Would catch a text that Qt completes, enters into the list or selects an entry for.
 TEST_F(ComboBoxTest, TypingChangesNothingButTheText) {
   box->SetText({});
   QTest::keyClicks(box, "b");
@@ -80,8 +75,6 @@ TEST_F(ComboBoxTest, TypingChangesNothingButTheText) {
   EXPECT_EQ(clicks, 0);
 }
 
-// Would catch an arrow key, a wheel, or a list that opens, that starts from the top whatever was
-// typed.
 TEST_F(ComboBoxTest, KeysAndWheelGoToTheEntryThatTheLettersBegin) {
   for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up}) {
     box->SetText("p");
@@ -114,7 +107,6 @@ TEST_F(ComboBoxTest, OnlyAnotherControlTakesTheFocus) {
   EXPECT_EQ(losses, 1);
 }
 
-// Would catch step buttons that leave the focus, and so an untaken text, in the box before them.
 TEST_F(ComboBoxTest, StepButtonsAndArrowKeysStepAndTakeTheFocus) {
   auto* steps = new UpDown("steps");
   window.layout()->addWidget(steps);

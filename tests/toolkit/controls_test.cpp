@@ -55,7 +55,6 @@ TEST(DropDownList, SortsWithoutRegardToAsciiCaseAndKeepsEqualsInOrder) {
   EXPECT_EQ(order, QStringList({"", "Alpha", "ALPHA", "alphabet", "beta", "Beta"}));
 }
 
-// Would catch a long entry that loses its end without a sign that something is missing.
 TEST(DropDownList, AnEntryThatDoesNotFitKeepsItsEnd) {
   DropDownList list("list");
   std::vector<QImage> shown;
@@ -83,7 +82,6 @@ TEST(PictureBox, KeepsItsPictureWhenAFileCannotBeLoaded) {
   EXPECT_EQ(box.Picture(), first);
 }
 
-// Catches a picture that is loaded but not painted, blurred, shifted, or painted over by the frame.
 TEST(PictureBox, PaintsThePixelsOfTheFileMagnifiedByAWholeFactor) {
   const QString file = QString::fromStdString(BinFolder() + "faces/17.bmp");
   const QImage picture = QImage(file).convertToFormat(QImage::Format_RGB32);
@@ -138,7 +136,6 @@ TEST(PictureBox, IsPressedByMouseAndKeyboardOncePerPressAndOnlyWhenClickable) {
   EXPECT_TRUE(repeated.isAccepted()) << "it must not press the form's default button either";
 }
 
-// Would catch a fixed column that doesn't follow its grid.
 TEST(FlexGrid, ItsFixedColumnCoversTheFirstOneAndScrollsWithIt) {
   FlexGrid grid("grid", 30, 3);
   grid.show();
@@ -223,7 +220,6 @@ TEST_F(Forms, EnterPressesTheFocusedOrElseTheDefaultButton) {
   EXPECT_EQ(pressed_, QStringList({"OK", "Other", "Cancel"}));
 }
 
-// Would catch a held key that answers the windows that come after the one it was meant for.
 TEST_F(Forms, HeldEnterAndEscPressNothingButAStepButton) {
   for (QPushButton* button : {form_->ok, form_->other, form_->step}) {
     button->setFocus();
@@ -270,7 +266,6 @@ TEST_F(Forms, AFormClosesOnceHoweverItIsClosedAndOpensAnew) {
   EXPECT_TRUE(slot.isNull());
 }
 
-// Would catch a form whose title bar, with the close box, lies where nobody can reach it.
 TEST(ChildArea, OpensAFormInsideOrAtTheCornerAndScrollsToTheRest) {
   for (const QSize least : {QSize(200, 100), QSize(900, 150), QSize(250, 700), QSize(900, 700)}) {
     ChildArea area;

@@ -36,8 +36,6 @@ TEST(PrintLines, AFailingDeviceIsReported) {
   EXPECT_EQ(PrintLines(writer, {"a line"}).Failure, "the printer could not be started.");
 }
 
-// Would catch a list that isn't printed though there is one printer, and a message that leaves the
-// user with no printer to set.
 TEST(Printers, TakesTheDefaultOrTheOnlyPrinterAndOtherwiseNamesThem) {
   EXPECT_EQ(ChoosePrinter("Office", {"Attic", "Office"}).Name, "Office");
   EXPECT_EQ(ChoosePrinter("", {"Attic"}).Name, "Attic");

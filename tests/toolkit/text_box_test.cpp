@@ -83,7 +83,6 @@ TEST(TextBox, OfAnEnteredTextOnlyTheCharactersOutsideLatin1AreLost) {
   EXPECT_EQ(box.Text(), Utf8("Fumi Ané"));
 }
 
-// Would catch a way into the box that goes past its rule.
 TEST(TextBox, EveryWayInBlanksControlCharactersWhereItIsToldSo) {
   const QString entered = QString("\r\nA\r\n\x7f") + QChar(0x9F) + QChar(0xA0) + "\tB\x1f\n";
   const QString blanked = QString("A ") + QChar(0xA0) + " B";

@@ -1,0 +1,38 @@
+#include "history/league_history.h"
+
+#include <gtest/gtest.h>
+
+#include "league/load_image.h"
+#include "tests/support/fake_host.h"
+#include "tests/support/sample.h"
+
+namespace rostermill::test {
+namespace {
+
+TEST(LeagueHistory, ALoadThatEndsTheProgramLosesNoUnsavedChanges) {
+  const TempFolder folder;
+  const std::string base = folder.Path("kept");
+  LeagueSession session;
+  session.ImagePath = folder.Path("league.nes");
+  WriteFile(session.ImagePath, SampleBytes());
+  FakeHost host;
+  const auto load = [&](LeagueHistory& history, const std::string& app_dir) {
+    session.AppDir = app_dir;
+    return LoadImage(session, host, history);
+  };
+  {
+    LeagueHistory history(session, base);
+    ASSERT_EQ(load(history, BinFolder()), LoadOutcome::Loaded);
+    session.Change("a city", [](LeagueData& league) { league.TeamData[1].City = "CHANGED"; });
+    EXPECT_EQ(load(history, folder.Path("no palette/")), LoadOutcome::EndProgram);
+    history.KeepUnsaved();
+  }
+  LeagueHistory history(session, base);
+  ASSERT_EQ(load(history, BinFolder()), LoadOutcome::Loaded);
+  ASSERT_EQ(history.LeftStates().size(), 1U);
+  const LeagueData kept = history.LeagueOfLeftState(history.LeftStates()[0].Number);
+  EXPECT_EQ(kept.TeamData[1].City, "CHANGED");
+}
+
+}  // namespace
+}  // namespace rostermill::test
