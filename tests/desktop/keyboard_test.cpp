@@ -89,8 +89,6 @@ QSet<QWidget*> ArrowWalk(QWidget* stop) {
   return met;
 }
 
-// Catches a form whose Enter does nothing or something else, and a list that a turn of the wheel
-// changes in passing.
 TEST_F(AllForms, EnterHasItsButtonAndTheWheelTakesNoFocus) {
   const QMap<QString, QString> default_buttons{
       {"ViewPlayer", "btnOK"},      {"EditPlayer", "btnSavePlayer"},  {"PlayerPhotos", "btnOK"},
@@ -111,7 +109,6 @@ TEST_F(AllForms, EnterHasItsButtonAndTheWheelTakesNoFocus) {
   });
 }
 
-// Catches a control that only the mouse reaches, and a tab order that is the order of creation.
 TEST_F(AllForms, TabReachesEverythingInReadingOrder) {
   VisitAll([](QWidget& form) {
     const QList<QWidget*> stops = Controls(form, ByTab);
@@ -138,7 +135,6 @@ TEST_F(AllForms, TabReachesEverythingInReadingOrder) {
   });
 }
 
-// Catches cells that share a tab stop and that no arrow key leads to.
 TEST_F(AllForms, ArrowKeysReachTheCellsOfATabStop) {
   VisitAll([](QWidget& form) {
     QList<QWidget*> cells = Controls(form, ByClickOnly);
@@ -168,7 +164,6 @@ TEST_F(AllForms, EveryControlHasANameForAssistiveTechnology) {
   });
 }
 
-// Catches a field whose caption is missing, hidden, or in another row.
 TEST_F(AllForms, EveryFieldHasItsCaptionOrANameOfItsOwn) {
   QString shown;
   VisitAll([&shown](QWidget& form) {

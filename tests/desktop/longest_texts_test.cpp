@@ -95,7 +95,6 @@ int ExpectNothingCut(QWidget& form) {
   return long_texts;
 }
 
-// Catches a text that an editor allows and that another form cuts off at its opening size.
 TEST_F(LongestTexts, NoTextIsCutOff) {
   int long_texts = 0;
   VisitAll([&](QWidget& form) { long_texts += ExpectNothingCut(form); });

@@ -130,7 +130,6 @@ class InAScheme : public Scheme, public AllForms {
 INSTANTIATE_TEST_SUITE_P(LightAndDark, InAScheme, testing::Bool(),
                          [](const auto& scheme) { return scheme.param ? "Dark" : "Light"; });
 
-// Catches text in a fixed color on a background from the scheme, and the other way around.
 TEST_P(InAScheme, EveryTextIsReadable) {
   ExpectReadable(window_);
   VisitAll([](QWidget& form) { ExpectReadable(form); });
@@ -179,7 +178,6 @@ class WithAFont : public AllForms, public testing::WithParamInterface<double> {
 INSTANTIATE_TEST_SUITE_P(Sizes, WithAFont, testing::Values(1.0, 1.5),
                          [](const auto& size) { return size.param > 1 ? "Large" : "Standard"; });
 
-// Catches a form whose lower edge, with the buttons, is outside the main window.
 TEST_P(WithAFont, FormsOpenAtTheSizeOfTheirContentInsideTheWindow) {
   window_.resize(1120, 800);
   VisitAll([this](QWidget& form) {

@@ -60,7 +60,6 @@ void Put(Bytes& bytes, std::size_t offset, std::string_view text) {
   std::copy(text.begin(), text.end(), bytes.begin() + static_cast<std::ptrdiff_t>(offset));
 }
 
-// Catches a missing place, a place with the wrong text, and a stray byte anywhere in the image.
 TEST(GameSettings, AllTextsAreWrittenToAllTheirPlacesAndNowhereElse) {
   Bytes expected = BlankImage();
   for (const Place& place : places) {
@@ -77,8 +76,6 @@ TEST(GameSettings, AllTextsAreWrittenToAllTheirPlacesAndNowhereElse) {
   EXPECT_TRUE(Written(League("1991", "XFGH", "N", "ZB\xE9")) == expected);
 }
 
-// Catches a tile in the table row or the place of another digit, an index outside the table for
-// what is not a digit, and such a character lost from the text.
 TEST(GameSettings, EveryCharacterIsDrawnInEveryPlaceOfTheYear) {
   for (const char c : std::string_view("0123456789A /:\x00\xFF", 16)) {
     const int digit = c >= '0' && c <= '9' ? c - '0' : 0;
@@ -97,7 +94,6 @@ TEST(GameSettings, EveryCharacterIsDrawnInEveryPlaceOfTheYear) {
   }
 }
 
-// Catches a load that reads another of the many places.
 TEST(GameSettings, ALoadReadsOnePlaceOfEachText) {
   Bytes bytes = BlankImage();
   for (const Place& place : places) Put(bytes, place.Offset, place.Text == 'Y' ? "0000" : "???");

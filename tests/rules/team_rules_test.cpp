@@ -6,7 +6,6 @@
 namespace rostermill::test {
 namespace {
 
-// Catches the room counted without the two blanks and the fixed 80 bytes, or without pending texts.
 TEST(TeamForms, TheRoomForTextsCountsWhatIsPending) {
   LeagueSession session;
   EXPECT_EQ(TeamTextBytesFree(session), 660 - 82);
@@ -22,7 +21,6 @@ TEST(TeamForms, TheRoomForTextsCountsWhatIsPending) {
   EXPECT_EQ(TeamTextRoom(-27), "Team texts: 27 bytes too many");
 }
 
-// Catches colors of the second uniform stored over the first, and a shift by a short abbreviation.
 TEST(TeamForms, WorkingCopiesGoToTheirPlacesAndBack) {
   LeagueSession session;
   session.ViewTeam = 28;
