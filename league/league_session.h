@@ -40,8 +40,11 @@ class LeagueSession {
   /// Latin-1: "Save Player: Sam Plover".
   void Change(const std::string& description, const LeagueChange& change);
 
-  /// Puts another league in place, for a load or an unload. Not a step.
+  /// Puts another league in place, for a load. Not a step.
   void SetLeague(LeagueData league);
+
+  /// Empties the league's texts, for an unload. Not a step either.
+  void EmptyTexts() { EmptyLeagueTexts(league_); }
 
   /// Makes every change; whoever keeps the steps sets it, or null at his end. Without one, a change
   /// is just made. Returns the league, which the recorder changes.

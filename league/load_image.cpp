@@ -174,9 +174,7 @@ LoadOutcome LoadImage(LeagueSession& session, PipelineHost& host, ImageWatch& wa
 }
 
 void ClearLeague(LeagueSession& session, PipelineHost& host) {
-  LeagueData league = session.League();
-  EmptyLeagueTexts(league);
-  session.SetLeague(std::move(league));
+  session.EmptyTexts();
   session.ImageLoaded = 0;
   host.UpdateCommandState();
 }
