@@ -48,10 +48,8 @@ void LeagueHistory::Tell() {
 Touched LeagueHistory::Record(const std::string& description, const LeagueChange& change,
                               int mark) {
   const Touched touched = steps_.Change(league_, description, change, mark);
-  if (!touched.Nothing()) {
-    waiting_ = false;
-    Tell();
-  }
+  if (!touched.Nothing()) waiting_ = false;
+  Tell();
   return touched;
 }
 
@@ -75,16 +73,19 @@ std::size_t LeagueHistory::ChangeCount() const {
   return HasImage() ? FindChanges(*saved_, league_).size() : 0;
 }
 
-void LeagueHistory::KeepUnsaved() {
-  if (!keeper_ || !HasImage()) return;
+bool LeagueHistory::KeepUnsaved() {
+  if (!keeper_ || !HasImage()) return false;
   if (!Changed()) {
-    if (kept_) keeper_->Drop();
+    if (!kept_) return false;
+    keeper_->Drop();
     kept_.reset();
-  } else if (!kept_ || !SameLeague(*kept_, league_)) {
-    kept_ = league_;
-    keeper_->Keep([league = league_] { return WriteLeagueJson(league, JsonLayout::Compact); },
-                  steps_.MarksInForce());
+    return true;
   }
+  if (kept_ && SameLeague(*kept_, league_)) return false;
+  kept_ = league_;
+  keeper_->Keep([league = league_] { return WriteLeagueJson(league, JsonLayout::Compact); },
+                steps_.MarksInForce());
+  return true;
 }
 
 void LeagueHistory::KeepNow() {
@@ -113,11 +114,11 @@ void LeagueHistory::LookForLeftStates() {
 }
 
 std::vector<Version> LeagueHistory::Versions() const {
-  return saved_ ? versions_.List(session_.ImagePath) : std::vector<Version>();
+  return saved_ ? versions_.List(image_) : std::vector<Version>();
 }
 
 LeagueData LeagueHistory::LeagueOfVersion(int number) const {
-  FileStart file = versions_.Read(session_.ImagePath, number);
+  FileStart file = versions_.Read(image_, number);
   if (!IsImageHeader(file.Bytes) || file.Bytes.size() < OpenImage::WholeSize) {
     throw HistoryError(
         "This version is not a whole image, so it holds no league. It can be "
@@ -153,27 +154,37 @@ void LeagueHistory::BeforeLoad(const std::string& path) {
   stamp_ = StampOf(path);
 }
 
-void LeagueHistory::Loaded(std::span<const std::uint8_t> bytes) {
+void LeagueHistory::Forget() {
   keeper_.reset();
   steps_.Clear();
   kept_.reset();
   saved_.reset();
   left_.clear();
+  waiting_ = false;
   keeping_failure_.clear();
-  if (!bytes.empty()) {
-    saved_ = league_;
-    known_ = FileStateOf(stamp_, bytes);
-    try {
-      keeper_ = std::make_unique<UnsavedKeeper>(base_, session_.ImagePath);
+}
+
+void LeagueHistory::Leave() {
+  KeepNow();
+  Forget();
+  Tell();
+}
+
+void LeagueHistory::Loaded(std::span<const std::uint8_t> bytes) {
+  Forget();
+  image_ = session_.ImagePath;
+  saved_ = league_;
+  known_ = FileStateOf(stamp_, bytes);
+  try {
+    keeper_ = std::make_unique<UnsavedKeeper>(base_, image_);
+    LookForLeftStates();
+    // Equal to the file: the editor was killed after its save, before it removed the state.
+    while (!left_.empty() && SameLeague(LeagueOfLeftState(left_.front().Number), league_)) {
+      keeper_->Store().Remove(left_.front().Number);
       LookForLeftStates();
-      // Equal to the file: the editor was killed after its save, before it removed the state.
-      while (!left_.empty() && SameLeague(LeagueOfLeftState(left_.front().Number), league_)) {
-        keeper_->Store().Remove(left_.front().Number);
-        LookForLeftStates();
-      }
-    } catch (const std::runtime_error& error) {
-      keeping_failure_ = error.what();
     }
+  } catch (const std::runtime_error& error) {
+    keeping_failure_ = error.what();
   }
   waiting_ = !left_.empty();
   Tell();
@@ -195,6 +206,7 @@ bool LeagueHistory::MayReplace(const std::string& path, const FileStart& file, P
 }
 
 void LeagueHistory::BeforeReplace(const std::string& path, const FileStart& file) {
+  trouble_.clear();
   try {
     versions_.Keep(path, file, "before a save");
     told_trouble_.clear();

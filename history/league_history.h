@@ -50,15 +50,17 @@ class LeagueHistory : public ImageWatch {
   std::size_t ChangeCount() const;
 
   // Unsaved changes.
-  /// Keeps the present ones in the background, or removes those that have been undone. Does nothing
-  /// if the league is as it was at the last call.
-  void KeepUnsaved();
+  /// Keeps the present ones in the background, or removes those that have been undone. Returns
+  /// false, having done nothing, if the league is as it was at the last call.
+  bool KeepUnsaved();
+  /// The image is unloaded: keeps what is unsaved and ends the history. Call it while the league is
+  /// still in place.
+  void Leave();
   /// Why the last try to keep them failed; empty if it didn't.
   const std::string& KeepingFailure();
   /// Those that earlier editors have left, the latest first.
   const std::vector<UnsavedState>& LeftStates() const { return left_; }
-  /// Those that the user hasn't been able to overlook yet: the latest left ones, until the first
-  /// change.
+  /// The latest of them, from the load to the first change, for a reminder.
   std::optional<UnsavedState> WaitingState() const;
 
   /// Earlier versions, the latest first. Throws std::runtime_error with a text for the user, as
@@ -88,10 +90,12 @@ class LeagueHistory : public ImageWatch {
   void Tell();
   Touched Record(const std::string& description, const LeagueChange& change, int mark = 0);
   void KeepNow();
+  void Forget();
   void LookForLeftStates();
 
   LeagueSession& session_;
   LeagueData& league_;
+  std::string image_;  ///< the path of the image in use, which a load that fails leaves in use
   const std::string base_;
   const VersionStore versions_;
   std::function<void()> listener_ = [] {};

@@ -18,7 +18,7 @@ class ImageWatch {
 
   /// A load begins; the image in use may be left.
   virtual void BeforeLoad(const std::string& /*path*/) {}
-  /// The league of these bytes is in place, or, for `bytes` empty, there is none any more.
+  /// The league of these bytes is in place.
   virtual void Loaded(std::span<const std::uint8_t> /*bytes*/) {}
 
   /// What the user should know before he answers the question of a save; empty if nothing. Opens
@@ -33,7 +33,7 @@ class ImageWatch {
                           PipelineHost& /*host*/) {
     return true;
   }
-  /// The save replaces the file next.
+  /// The save is about to replace the file.
   virtual void BeforeReplace(const std::string& /*path*/, const FileStart& /*file*/) {}
   /// The file now begins with these bytes; not `confirmed` while they may not be on the disk yet.
   virtual void Replaced(const std::string& /*path*/, std::span<const std::uint8_t> /*bytes*/,

@@ -2,6 +2,7 @@
 
 #include <new>
 #include <stdexcept>
+#include <utility>
 
 #include "league/file_access.h"
 #include "league/game_settings.h"
@@ -38,16 +39,17 @@ void CheckTexts(const LeagueData& league) {
 }
 
 /// Writes the league over the file, which begins with these bytes.
-void WriteOver(const std::string& path, const FileStart& file, const LeagueData& league,
+void WriteOver(const std::string& path, FileStart file, const LeagueData& league,
                const Yield& yield, ImageWatch& watch) {
   if (file.Bytes.size() < OpenImage::WholeSize) {
     throw std::length_error(path + " has become too short for an image: it is " +
                             QuantityText(file.FileSize, "byte") + " long, and a whole one has " +
                             QuantityText(OpenImage::WholeSize, "byte") + ".");
   }
-  OpenImage image({file.Bytes.begin(), file.Bytes.begin() + OpenImage::WholeSize});
-  WriteLeague(image, league, yield);
   watch.BeforeReplace(path, file);
+  file.Bytes.resize(OpenImage::WholeSize);
+  OpenImage image(std::move(file.Bytes));
+  WriteLeague(image, league, yield);
   try {
     ReplaceFileStart(path, image.Bytes(), yield);
   } catch (const FileNotSynced&) {
@@ -102,11 +104,11 @@ SaveOutcome SaveImage(const LeagueSession& session, PipelineHost& host, ImageWat
   }
   try {
     CheckTexts(session.League());
-    const FileStart file = watch.ReadForSave(path);
+    FileStart file = watch.ReadForSave(path);
     if (!watch.MayReplace(path, file, host)) return SaveOutcome::Declined;
     const BusyScope busy(host);
     WriteOver(
-        path, file, session.League(), [&host] { host.YieldToWindow(); }, watch);
+        path, std::move(file), session.League(), [&host] { host.YieldToWindow(); }, watch);
     host.Beep();
   } catch (const std::length_error& error) {
     return Refuse(host, error.what() + std::string("\n\nNothing was written."));

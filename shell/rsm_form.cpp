@@ -197,9 +197,8 @@ void FRSMform::mFilUnloadROM_Click() {
                 QMessageBox::No)) {
     return;
   }
-  history_.BeforeLoad({});
+  history_.Leave();
   ClearLeague(session_, host_);
-  history_.Loaded({});
   CloseIfOpen(view_teams_);
   CloseIfOpen(view_player_);
   CloseIfOpen(versions_);

@@ -44,7 +44,7 @@ void FRSMform::UpdateHistoryState() {
   redo->setText(StepCaption("&Redo", history_.RedoDescription()));
   redo->setEnabled(loaded && history_.CanRedo());
   menu_.Item("mToolUnsaved")->setEnabled(loaded && !history_.LeftStates().empty());
-  if (versions_ && versions_->IsOpen()) versions_->FillList();
+  if (loaded && versions_ && versions_->IsOpen()) versions_->FillList();
   ShowChanged();
 }
 
@@ -68,8 +68,9 @@ void FRSMform::ShowChanged() {
 }
 
 void FRSMform::KeepUnsaved() {
-  history_.KeepUnsaved();
+  const bool asked = history_.KeepUnsaved();
   ShowChanged();
+  if (asked) keeping_.start();  // to learn whether they could be kept
 }
 
 void FRSMform::mnuEditUndo_Click() {

@@ -194,23 +194,21 @@ void EditTeam::LoadTeam() {
   txtName->SetText(FromLatin1(session_.PreviewName));
   txtAbbreviation->SetText(FromLatin1(session_.PreviewAbbreviation));
   FillEditTeam();
+  filled_ = Values();
 }
 
-bool EditTeam::IsPending() const {
-  LeagueSession stored;
-  stored.SetLeague(session_.League());
-  stored.ViewTeam = session_.ViewTeam;
-  FillWorkingCopies(stored);
-  const int formation = cmbFormation->ListIndex();
-  return stored.PreviewColors != session_.PreviewColors ||
-         stored.PreviewPlays != session_.PreviewPlays ||
-         stored.PreviewCity != session_.PreviewCity || stored.PreviewName != session_.PreviewName ||
-         stored.PreviewAbbreviation != session_.PreviewAbbreviation ||
-         (formation >= 0 && formation != session_.League().TeamData[session_.ViewTeam].Formation);
+QStringList EditTeam::Values() const {
+  QStringList values{txtCity->Text(), txtName->Text(), txtAbbreviation->Text(),
+                     cmbFormation->Text()};
+  for (const auto& uniform : session_.PreviewColors) {
+    for (const int color : uniform) values << QString::number(color);
+  }
+  for (const int play : session_.PreviewPlays) values << QString::number(play);
+  return values;
 }
 
 QStringList EditTeam::NotStored() const {
-  if (!IsPending()) return {};
+  if (Values() == filled_) return {};
   return {"Edit Team (" + FromLatin1(TeamTitleText(session_.League(), session_.ViewTeam)) + ")"};
 }
 

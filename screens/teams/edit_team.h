@@ -62,10 +62,11 @@ class EditTeam : public ChildForm {
   template <typename Colors>
   void ChooseChampColor(Colors TeamRec::*colors, int color, const std::string& step);
 
-  /// Whether the working copies or the formation differ from the stored team.
-  bool IsPending() const;
+  /// All that can be pending, as it is shown.
+  QStringList Values() const;
 
   LeagueSession& session_;
+  QStringList filled_;  ///< Values after the form was filled
 
   TextBox* txtCity = nullptr;
   TextBox* txtName = nullptr;

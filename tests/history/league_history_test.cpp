@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "league/load_image.h"
+#include "league/save_image.h"
 #include "tests/support/fake_host.h"
 #include "tests/support/sample.h"
 
@@ -32,6 +33,25 @@ TEST(LeagueHistory, ALoadThatEndsTheProgramLosesNoUnsavedChanges) {
   ASSERT_EQ(history.LeftStates().size(), 1U);
   const LeagueData kept = history.LeagueOfLeftState(history.LeftStates()[0].Number);
   EXPECT_EQ(kept.TeamData[1].City, "CHANGED");
+}
+
+TEST(LeagueHistory, ChangesThatCanNotBeKeptAreNoSecret) {
+  const TempFolder folder;
+  WriteFile(folder.Path("kept"), std::string("no folder"));
+  LeagueSession session;
+  session.AppDir = BinFolder();
+  session.ImagePath = folder.Path("league.nes");
+  WriteFile(session.ImagePath, SampleBytes());
+  FakeHost host;
+  LeagueHistory history(session, folder.Path("kept"));
+  ASSERT_EQ(LoadImage(session, host, history), LoadOutcome::Loaded);
+  session.Change("a city", [](LeagueData& league) { league.TeamData[1].City = "CHANGED"; });
+  EXPECT_TRUE(history.KeepUnsaved());
+  history.BeforeLoad({});
+  EXPECT_NE(history.KeepingFailure(), "");
+  EXPECT_EQ(SaveImage(session, host, history), SaveOutcome::Saved);
+  EXPECT_EQ(SaveImage(session, host, history), SaveOutcome::Saved);
+  EXPECT_EQ(host.messages.size(), 1U) << "told once, after the save";
 }
 
 }  // namespace

@@ -140,10 +140,27 @@ TEST_F(History, AnUndoIsShownAtTheSameSelection) {
   Pick("mnuEditUndo");
   EXPECT_EQ(players.Text(), other);
   EXPECT_EQ(Box("EditPlayer", "txtPlayer").Text(), "Not Stored");
+}
+
+TEST_F(History, ASaveNamesTheEditorsThatItLeavesOut) {
+  for (const char* item : {"mViePlayerData", "mVieTeamData", "mSchEdit", "mnuEditGameSettings"}) {
+    Pick(item);
+  }
+  Press("ViewPlayer", "btnEdit");
+  Press("ViewTeams", "btnEdit");
   QString note;
   Save("No", &note);
-  EXPECT_TRUE(note.startsWith("Not stored yet, and not part of this save: Edit Player ("))
-      << ToUtf8(note);
+  EXPECT_EQ(note, "");
+  Press("EditPlayer", "btnPlus(0)");
+  Press("EditPlayer", "btnMinus(1)");
+  Find<DropDownList>(Form("EditTeam"), "cmbFormation").SetListIndex(2);
+  auto& box = Find<ComboBox>(Form("frmEditSchedule"), "cmbTeam(0)");
+  box.SetListIndex(box.ListIndex() == 5 ? 6 : 5);
+  Box("frmEditGameSettings", "txtLeague(1)").SetText("NEW");
+  Save("No", &note);
+  EXPECT_EQ(note.toStdString(),
+            "Not stored yet, and not part of this save: Edit Player (Quin Birch), "
+            "Edit Team (Bayou verde Newts), Edit Schedule, Game Settings");
 }
 
 TEST_F(History, KeysUndoTheTypingOfABoxFirst) {
@@ -177,6 +194,8 @@ TEST_F(History, ASaveKeepsWhatItReplaces) {
       Find<QPlainTextEdit>(Form("frmVersions"), "txtChanges").toPlainText().contains("AUK -> "));
   Press("frmVersions", "btnBring");
   EXPECT_TRUE(session_.League() == *loaded_);
+  AnswerNextMessage("OK");
+  EXPECT_FALSE(window_.OpenImageFile(BinFolder() + "colors.txt"));
   EXPECT_EQ(VersionRows(), QStringList{"first state, before a save: none"});
   EXPECT_EQ(ChangedLabel(), "Changed");
   EXPECT_EQ(Item("mnuEditUndo").text(), "&Undo Bring Back Version 1 (before a save)");
