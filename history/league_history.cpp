@@ -226,8 +226,9 @@ void LeagueHistory::Replaced(const std::string& path, std::span<const std::uint8
   kept_.reset();
   if (keeper_) {
     try {
-      keeper_->Store().Saved(steps_.MarksInForce());
-      LookForLeftStates();
+      const auto brought_back = steps_.MarksInForce();
+      keeper_->Store().Saved(brought_back);
+      if (!brought_back.empty()) LookForLeftStates();
     } catch (const std::runtime_error& error) {
       keeping_failure_ = error.what();
     }

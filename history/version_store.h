@@ -31,7 +31,8 @@ struct Version {
 /// (number, turn, when, size of the whole file, hash, what; the turn grows with every keeping in
 /// any image; the hash is that of bytes_hash.h). One rename puts it in place, so it is complete or
 /// absent, whenever a program is killed; no index file could contradict it. Files that are not
-/// named this way, or whose length doesn't fit their name, are passed over and never removed.
+/// named this way are passed over and never removed; one whose length doesn't fit its name isn't
+/// listed, and is dropped when its turn comes.
 ///
 /// Programs that keep versions at the same time take turns by a lock, with 5 seconds of patience.
 /// All paths are UTF-8. What can't be done throws FileError or HistoryError (both
