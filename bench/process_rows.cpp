@@ -21,6 +21,7 @@ namespace fs = std::filesystem;
 
 constexpr int start_pairs = 60;
 constexpr int memory_pairs = 15;
+constexpr int history_pairs = 5;
 constexpr int different_images = 100;
 
 using Command = std::vector<std::string>;
@@ -75,6 +76,12 @@ void CompareStarts(const std::string& bench, const std::string& bin) {
       {"peak memory, image and a form, MB" + where, 1.4, memory_pairs},
       [&] {
         return MemoryOf({bench + "bench_player_open", bin});
+      },
+      [&] { return MemoryOf(smallest); });
+  Compare(
+      {"the same after 200 steps, kept, MB" + where, 1.4, history_pairs},
+      [&] {
+        return MemoryOf({bench + "bench_player_open", bin, "200"});
       },
       [&] { return MemoryOf(smallest); });
 }
