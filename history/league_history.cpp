@@ -74,6 +74,7 @@ std::size_t LeagueHistory::ChangeCount() const {
 }
 
 bool LeagueHistory::KeepUnsaved() {
+  if (std::exchange(old_versions_due_, false)) versions_.DropOld(image_);
   if (!keeper_ || !HasImage()) return false;
   if (!Changed()) {
     if (!kept_) return false;
@@ -209,6 +210,7 @@ void LeagueHistory::BeforeReplace(const std::string& path, const FileStart& file
   trouble_.clear();
   try {
     versions_.Keep(path, file, "before a save");
+    old_versions_due_ = true;
     told_trouble_.clear();
   } catch (const std::runtime_error& error) {
     trouble_ = std::string(

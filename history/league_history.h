@@ -50,8 +50,9 @@ class LeagueHistory : public ImageWatch {
   std::size_t ChangeCount() const;
 
   // Unsaved changes.
-  /// Keeps the present ones in the background, or removes those that have been undone. Returns
-  /// false, having done nothing, if the league is as it was at the last call.
+  /// Keeps the present ones in the background, or removes those that have been undone; and drops
+  /// the versions that are too old after a save. Returns false, having kept nothing, if the league
+  /// is as it was at the last call.
   bool KeepUnsaved();
   /// The image is unloaded: keeps what is unsaved and ends the history. Call it while the league is
   /// still in place.
@@ -104,6 +105,7 @@ class LeagueHistory : public ImageWatch {
   std::optional<LeagueData> saved_;  ///< as loaded or last saved; empty without an image
   std::optional<FileStamp> stamp_;   ///< of the file that is being loaded
   FileState known_;                  ///< of the image's file
+  bool old_versions_due_ = false;    ///< to be dropped, which no save should wait for
   bool told_of_change_ = false;      ///< the question of this save says that the file has changed
 
   std::optional<LeagueData> kept_;  ///< as last given to the keeper; empty if nothing is kept

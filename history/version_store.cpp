@@ -161,8 +161,8 @@ std::span<const std::uint8_t> BytesToKeep(const FileStart& file) {
 
 /// Puts the bytes into the folder as the latest version. Where a version has them, `kept` takes
 /// over its number, and when it is the first state all but its turn.
-void Store(Contents& own, Kept& kept, std::span<const std::uint8_t> bytes) {
-  auto& versions = own.Versions;
+void Store(const Contents& own, Kept& kept, std::span<const std::uint8_t> bytes) {
+  const auto& versions = own.Versions;
   const auto same = std::ranges::find_if(versions, [&](const Kept& old) {
     return old.Hash == kept.Hash && old.Facts.FileSize == kept.Facts.FileSize &&
            HasBytes(old, bytes);
@@ -178,14 +178,11 @@ void Store(Contents& own, Kept& kept, std::span<const std::uint8_t> bytes) {
     std::error_code error;
     std::filesystem::rename(same->Path(), kept.Path(), error);
     if (error) FailWith(error.value());
-    versions.erase(same);
   }
-  versions.push_back(kept);
-  own.LastTurn = kept.Turn;
 }
 
 /// Drops an image's oldest versions until the limit is met.
-void DropOld(Contents& own, int limit) {
+void DropOverCount(Contents& own, int limit) {
   const auto is_first = [](const Kept& kept) { return kept.Facts.FirstState; };
   auto too_many = std::ssize(own.Versions) - std::ranges::count_if(own.Versions, is_first) - limit;
   std::erase_if(own.Versions, [&](const Kept& kept) {
@@ -197,7 +194,7 @@ void DropOld(Contents& own, int limit) {
 }
 
 /// Drops versions of all images until the limit is met, the longest untouched image's first.
-void DropOverTotal(const std::vector<Contents>& all, const Kept& latest, std::uint64_t limit) {
+void DropOverTotal(const std::vector<Contents>& all, int latest_turn, std::uint64_t limit) {
   struct Candidate {
     bool FirstState;
     int Touched;  ///< the image's last turn
@@ -216,7 +213,7 @@ void DropOverTotal(const std::vector<Contents>& all, const Kept& latest, std::ui
   });
   for (const Candidate& candidate : candidates) {
     if (total <= limit) return;
-    if (candidate.Version->Turn == latest.Turn) continue;
+    if (candidate.Version->Turn == latest_turn) continue;
     TryToRemoveFile(candidate.Version->Path());
     total -= candidate.Version->Size();
   }
@@ -246,8 +243,6 @@ int VersionStore::Keep(const std::string& image, const FileStart& file,
   const std::string folder = ImageFolder(base_, path);
   MakeImageFolder(folder, path);
   Contents own = ContentsOf(folder);
-  for (const std::string& leftover : own.Leftovers) TryToRemoveFile(leftover);
-  std::vector<Contents> all = ContentsOfOthers(base_, folder);
 
   Kept kept;
   kept.Facts.Number = own.LastNumber + 1;
@@ -255,15 +250,29 @@ int VersionStore::Keep(const std::string& image, const FileStart& file,
   kept.Facts.What = what;
   kept.Facts.FileSize = file.FileSize;
   kept.Turn = own.LastTurn + 1;
-  for (const Contents& other : all) kept.Turn = std::max(kept.Turn, other.LastTurn + 1);
+  for (const Contents& other : ContentsOfOthers(base_, folder)) {
+    kept.Turn = std::max(kept.Turn, other.LastTurn + 1);
+  }
   kept.Hash = HexText(HashOf(bytes));
   kept.Folder = folder;
   Store(own, kept, bytes);
-
-  DropOld(own, limits_.Versions);
-  all.push_back(std::move(own));
-  DropOverTotal(all, kept, limits_.TotalBytes);
   return kept.Facts.Number;
+}
+
+void VersionStore::DropOld(const std::string& image) const {
+  try {
+    const FileLock lock = LockStore(base_);
+    const std::string folder = ImageFolder(base_, image);
+    Contents own = ContentsOf(folder);
+    for (const std::string& leftover : own.Leftovers) TryToRemoveFile(leftover);
+    DropOverCount(own, limits_.Versions);
+    std::vector<Contents> all = ContentsOfOthers(base_, folder);
+    const int latest = own.LastTurn;
+    all.push_back(std::move(own));
+    DropOverTotal(all, latest, limits_.TotalBytes);
+  } catch (const std::runtime_error&) {
+    return;  // the next call drops them
+  }
 }
 
 std::vector<Version> VersionStore::List(const std::string& image) const {

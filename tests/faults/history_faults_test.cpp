@@ -41,7 +41,9 @@ class HistoryFaults : public testing::Test {
 
   int KeepVersion(const std::string& text) const {
     const Bytes bytes(text.begin(), text.end());
-    return versions_.Keep(image_, {bytes, bytes.size()}, "before a save");
+    const int number = versions_.Keep(image_, {bytes, bytes.size()}, "before a save");
+    versions_.DropOld(image_);
+    return number;
   }
 
   Texts Versions() const {

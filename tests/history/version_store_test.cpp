@@ -30,7 +30,9 @@ class VersionStoreTest : public testing::Test {
   int Keep(const std::string& text, const std::string& image = "league.nes",
            const std::string& what = "before a save") const {
     WriteFile(Image(image), text);
-    return store_.Keep(Image(image), VersionStore::ReadForKeeping(Image(image)), what);
+    const int number = store_.Keep(Image(image), VersionStore::ReadForKeeping(Image(image)), what);
+    store_.DropOld(Image(image));
+    return number;
   }
   Numbers Listed(const std::string& image = "league.nes") const {
     Numbers numbers;

@@ -94,7 +94,9 @@ std::optional<std::string> KeepReplaced(const QString& path, const Arguments& ar
   const std::string file = path.toStdString();
   try {
     if (const auto replaced = ReadReplaced(file)) {
-      VersionStore(DataFolder()).Keep(file, *replaced, "before " + arguments.Command);
+      const VersionStore versions(DataFolder());
+      versions.Keep(file, *replaced, "before " + arguments.Command);
+      versions.DropOld(file);
     }
   } catch (const std::runtime_error& error) {
     return error.what();
