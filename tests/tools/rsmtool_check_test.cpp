@@ -203,7 +203,10 @@ TEST_F(RsmtoolCheck, NoDamageCrashesAnyCommand) {
     EXPECT_EQ(dump.object()["teams"].toArray().size(), 28) << word;
     Out({"diff", Image("good.nes"), wild}, 1);
     Out({"export-players", wild, Path("wild.csv")});
-    EXPECT_EQ(Out({"import-players", "--dry-run", wild, Path("wild.csv")}, 2), "") << word;
+    EXPECT_EQ(Out({"import-players", wild, Path("wild.csv")}), "") << word;
+    WriteFile(folder_.Path("wild.json"), Out({"dump", wild}));
+    EXPECT_EQ(Out({"apply", wild, Path("wild.json")}), "") << word;
+    EXPECT_EQ(BytesOf(wild), bytes) << "nothing to change";
   }
 }
 

@@ -13,6 +13,8 @@ int RunDiff(const Arguments& arguments, Console& console);
 int RunResave(const Arguments& arguments, Console& console);
 int RunExportPlayers(const Arguments& arguments, Console& console);
 int RunImportPlayers(const Arguments& arguments, Console& console);
+int RunApply(const Arguments& arguments, Console& console);
+int RunMerge(const Arguments& arguments, Console& console);
 int RunVersions(const Arguments& arguments, Console& console);
 int RunRestore(const Arguments& arguments, Console& console);
 

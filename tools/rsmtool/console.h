@@ -24,7 +24,9 @@ struct Arguments {
   QStringList Paths;
   bool Json = false;
   bool DryRun = false;
-  bool NoVersion = false;  ///< what is replaced isn't kept
+  bool NoVersion = false;   ///< what is replaced isn't kept
+  bool PreferOurs = false;  ///< in a conflict
+  bool PreferTheirs = false;
 };
 
 enum ExitCode {

@@ -2,6 +2,8 @@
 
 #include <QFileInfo>
 
+#include <filesystem>
+#include <fstream>
 #include <functional>
 #include <limits>
 #include <optional>
@@ -104,6 +106,12 @@ std::optional<std::string> KeepReplaced(const QString& path, const Arguments& ar
   return std::nullopt;
 }
 
+bool IsPipe(const QString& path) {
+  std::error_code error;
+  return path != standard_stream &&
+         std::filesystem::is_fifo(std::filesystem::status(path.toStdString(), error));
+}
+
 void CheckSize(const QString& path, const FileStart& file) {
   if (file.FileSize > largest_file) throw ToolError(InputName(path) + ": the file is too large");
 }
@@ -165,9 +173,17 @@ std::vector<std::uint8_t> ReadWholeFile(const QString& path, Console& console) {
   return std::move(file.Bytes);
 }
 
-std::string ReadTextFile(const QString& path, Console& console) {
-  const std::vector<std::uint8_t> bytes = ReadWholeFile(path, console);
-  return {bytes.begin(), bytes.end()};
+std::string ReadTextFile(const QString& path, std::size_t limit, Console& console) {
+  FileStart file;
+  if (IsPipe(path)) {
+    std::ifstream pipe(path.toStdString(), std::ios::binary);
+    if (!pipe) throw ToolError(path.toStdString() + ": could not be opened");
+    file = ReadStream(pipe, limit);
+  } else {
+    file = ReadInput(path, limit, console);
+  }
+  if (file.FileSize > limit) throw ToolError(InputName(path) + ": the file is too large");
+  return {file.Bytes.begin(), file.Bytes.end()};
 }
 
 std::string ImageFault(const FileStart& file) {
