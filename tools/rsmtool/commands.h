@@ -15,6 +15,8 @@ int RunExportPlayers(const Arguments& arguments, Console& console);
 int RunImportPlayers(const Arguments& arguments, Console& console);
 int RunApply(const Arguments& arguments, Console& console);
 int RunMerge(const Arguments& arguments, Console& console);
+int RunMakePatch(const Arguments& arguments, Console& console);
+int RunApplyPatch(const Arguments& arguments, Console& console);
 int RunVersions(const Arguments& arguments, Console& console);
 int RunRestore(const Arguments& arguments, Console& console);
 

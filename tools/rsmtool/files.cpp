@@ -141,10 +141,14 @@ FileStart ReadImageStart(const QString& path, Console& console) {
   return start;
 }
 
-int WriteTextFile(const QString& path, std::string_view text, Console& console) {
+int WriteOtherFile(const QString& path, std::span<const std::uint8_t> bytes, Console& console) {
   KeepOtherImage(path, {}, console);
+  return WriteOutput(path, bytes, Extent::Whole, console);
+}
+
+int WriteTextFile(const QString& path, std::string_view text, Console& console) {
   const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
-  return WriteOutput(path, std::span(bytes, text.size()), Extent::Whole, console);
+  return WriteOtherFile(path, std::span(bytes, text.size()), console);
 }
 
 int WriteImageFile(const QString& source, const QString& path, std::span<const std::uint8_t> bytes,

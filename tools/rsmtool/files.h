@@ -36,6 +36,8 @@ inline constexpr std::size_t LargestTable = std::size_t{64} << 20;
 // or ExitUnconfirmed and a message.
 
 int WriteTextFile(const QString& path, std::string_view text, Console& console);
+/// Bytes that aren't an image, such as a patch.
+int WriteOtherFile(const QString& path, std::span<const std::uint8_t> bytes, Console& console);
 
 // Before one of these two replaces a file, it keeps it as an earlier version, "before resave",
 // unless `arguments` has NoVersion. If it can't be kept, it is replaced all the same, and then a
