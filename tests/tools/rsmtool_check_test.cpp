@@ -118,7 +118,7 @@ TEST_F(RsmtoolCheck, WhatIsNoUsableImageGivesTwoAndTheOthersAreStillChecked) {
 TEST_F(RsmtoolCheck, MachinesGetOneObjectAFile) {
   const QString odd = Image("\x7F\".nes", {{0x239D3, {0x0B}}, {0x328D3, {0x0B}}, {0x6DA, {0x1F}}});
   EXPECT_EQ(Out({"check", "--json", odd, Path("none.nes")}, 2),
-            "[\n  {\n    \"file\": \"" + folder_.Path("\\u007F\\\".nes") + R"(",
+            "[\n  {\n    \"file\": \"" + folder_.Path("\\u007f\\\".nes") + R"(",
     "usable": true,
     "state": "stock",
     "names": {
