@@ -37,6 +37,9 @@ constexpr const char* dry_run = "dry-run";
 constexpr const char* no_version = "no-version";
 constexpr const char* prefer_ours = "ours";
 constexpr const char* prefer_theirs = "theirs";
+constexpr const char* ignore_unknown = "ignore-unknown";
+constexpr const char* round = "round";
+constexpr const char* returners = "returners";  // with a value
 constexpr const char* a_file = "a file";
 constexpr const char* two_files = "two files";
 
@@ -45,6 +48,7 @@ const std::vector<Command>& Commands() {
       {"check", RunCheck, 1, no_limit, a_file, {}, {json}},
       {"dump", RunDump, 1, 1, a_file},
       {"apply", RunApply, 2, 3, two_files, {2, 0}, {dry_run, no_version}},
+      {"find", RunFind, 2, no_limit, "a file and words", {}, {json}},
       {"diff", RunDiff, 2, 2, two_files, {}, {json}},
       {"merge",
        RunMerge,
@@ -55,7 +59,29 @@ const std::vector<Command>& Commands() {
        {prefer_ours, prefer_theirs, dry_run, no_version}},
       {"resave", RunResave, 2, 2, two_files, {1, nothing}, {no_version}},
       {"export-players", RunExportPlayers, 1, 2, a_file, {1, nothing}},
-      {"import-players", RunImportPlayers, 2, 3, two_files, {2, 0}, {dry_run, no_version}},
+      {"import-players",
+       RunImportPlayers,
+       2,
+       3,
+       two_files,
+       {2, 0},
+       {dry_run, no_version, ignore_unknown, round, returners}},
+      {"export-teams", RunExportTeams, 1, 2, a_file, {1, nothing}},
+      {"import-teams",
+       RunImportTeams,
+       2,
+       3,
+       two_files,
+       {2, 0},
+       {dry_run, no_version, ignore_unknown}},
+      {"export-schedule", RunExportSchedule, 1, 2, a_file, {1, nothing}},
+      {"import-schedule",
+       RunImportSchedule,
+       2,
+       3,
+       two_files,
+       {2, 0},
+       {dry_run, no_version, ignore_unknown}},
       {"make-patch", RunMakePatch, 3, 3, "two images and the patch's name", {2, nothing}},
       {"apply-patch", RunApplyPatch, 2, 3, two_files, {2, 0}, {dry_run, no_version}},
       {"versions", RunVersions, 1, 1, a_file, {}, {json}},
@@ -98,7 +124,11 @@ int RunCommand(const Command& command, const QStringList& rest, Console& console
   parser.setOptionsAfterPositionalArgumentsMode(QCommandLineParser::ParseAsOptions);
   const QCommandLineOption help(QStringList{"h", "help"});
   parser.addOption(help);
-  for (const char* option : command.Options) parser.addOption(QCommandLineOption(option));
+  for (const char* option : command.Options) {
+    QCommandLineOption known(option);
+    if (option == returners) known.setValueName("keep");
+    parser.addOption(known);
+  }
   if (!parser.parse(QStringList(command.Name) + rest)) {
     FailWithUsage(parser.errorText().chopped(parser.errorText().endsWith('.') ? 1 : 0),
                   command.Name);
@@ -116,6 +146,11 @@ int RunCommand(const Command& command, const QStringList& rest, Console& console
   arguments.NoVersion = options.contains(no_version);
   arguments.PreferOurs = options.contains(prefer_ours);
   arguments.PreferTheirs = options.contains(prefer_theirs);
+  arguments.Table = {options.contains(ignore_unknown), options.contains(round),
+                     options.contains(returners)};
+  if (arguments.Table.KeepReturners && parser.value(returners) != "keep") {
+    FailWithUsage("the only value of --returners is \"keep\"", command.Name);
+  }
   CheckPaths(command, arguments.Paths);
   return command.Run(arguments, console);
 }
