@@ -12,14 +12,14 @@ namespace {
 /// faces and ratings, which lie in records of five types.
 template <typename Visit, typename... League>
 void VisitFields(const Unit& unit, const Visit& visit, League&... leagues) {
-  const auto [kind, team, slot, part] = unit;
+  const int team = unit.Team, slot = unit.Slot, part = unit.Part;
   const auto duty = [&](std::int16_t SkillRec::*flag) {
     for (int slot_of = 1; slot_of <= SlotCount; ++slot_of) {
       if (GroupOfSlot(slot_of) != PositionGroup::Skill) continue;
       visit(leagues.SkillData[team][TableIndexOfSlot(slot_of)].*flag...);
     }
   };
-  switch (kind) {
+  switch (unit.Kind) {
     case UnitKind::RosterYear:
       return visit(leagues.RosterYear...);
     case UnitKind::LeagueText:
