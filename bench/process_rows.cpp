@@ -149,11 +149,11 @@ void CompareExchange(const std::string& bin, const std::string& work) {
   number("1", ours);
   number("2", theirs);
   Run({"sh", "-c", tool + " dump " + theirs + " > " + json});
-  CompareWithCat("merge", {tool, "merge", "--no-version", base, ours, theirs, out},
+  CompareWithCat("merge", {tool, "merge", "--no-version", base, ours, theirs, "-"},
                  {base, ours, theirs});
-  CompareWithCat("apply", {tool, "apply", "--no-version", ours, json, out}, {ours, json});
+  CompareWithCat("apply", {tool, "apply", "--no-version", ours, json, "-"}, {ours, json});
   CompareWithCat("make-patch", {tool, "make-patch", base, theirs, patch}, {base, theirs});
-  CompareWithCat("apply-patch", {tool, "apply-patch", "--no-version", base, patch, out},
+  CompareWithCat("apply-patch", {tool, "apply-patch", "--no-version", base, patch, "-"},
                  {base, patch});
 }
 
