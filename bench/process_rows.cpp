@@ -138,8 +138,7 @@ void CompareExchange(const std::string& bin, const std::string& work) {
   if (!fs::exists(tool)) return Skip("rsmtool merge", "not built");
   const std::string base = work + "base.nes", ours = work + "ours.nes",
                     theirs = work + "theirs.nes";
-  const std::string json = work + "theirs.json", patch = work + "theirs.bps",
-                    out = work + "out.nes";
+  const std::string json = work + "theirs.json", patch = work + "theirs.bps";
   fs::copy_file(bin + "/sample.nes", base, fs::copy_options::overwrite_existing);
   const auto number = [&](const std::string& slot, const std::string& to) {
     Run({"sh", "-c",

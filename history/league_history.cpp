@@ -49,6 +49,7 @@ Touched LeagueHistory::Record(const std::string& description, const LeagueChange
                               int mark) {
   const Touched touched = steps_.Change(league_, description, change, mark);
   if (!touched.Nothing()) waiting_ = false;
+  last_touched_ = touched;
   Tell();
   return touched;
 }

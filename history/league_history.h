@@ -38,6 +38,8 @@ class LeagueHistory : public ImageWatch {
   const LeagueData& League() const { return league_; }
 
   // Steps.
+  /// What the last change has touched.
+  const Touched& LastTouched() const { return last_touched_; }
   bool CanUndo() const { return steps_.CanUndo(); }
   bool CanRedo() const { return steps_.CanRedo(); }
   std::string UndoDescription() const { return steps_.UndoDescription(); }
@@ -67,6 +69,8 @@ class LeagueHistory : public ImageWatch {
   /// Earlier versions, the latest first. Throws std::runtime_error with a text for the user, as
   /// everything below does.
   std::vector<Version> Versions() const;
+  /// The bytes of one.
+  FileStart BytesOfVersion(int number) const { return versions_.Read(image_, number); }
   /// Their leagues, with the palette in use.
   LeagueData LeagueOfVersion(int number) const;
   LeagueData LeagueOfLeftState(int number);
@@ -102,6 +106,7 @@ class LeagueHistory : public ImageWatch {
   std::function<void()> listener_ = [] {};
 
   UndoStack steps_;
+  Touched last_touched_;
   std::optional<LeagueData> saved_;  ///< as loaded or last saved; empty without an image
   std::optional<FileStamp> stamp_;   ///< of the file that is being loaded
   FileState known_;                  ///< of the image's file

@@ -58,7 +58,9 @@ TEST_F(MainForm, TheMenuOffersWhatCanBePickedAndNamesTheTeams) {
       "mVieNFCEast=&East {mNFCe1=%15, mNFCe2=%16, mNFCe3=%17, mNFCe4=%18, mNFCe5=%19}, "
       "mVieNFCCentral=&Central {mNFCc1=%20, mNFCc2=%21, mNFCc3=%22, mNFCc4=%23, mNFCc5=%24}, "
       "mViewNFCWest=&West {mNFCw1=%25, mNFCw2=%26, mNFCw3=%27, mNFCw4=%28}}}]}, "
-      "mTools=&Tools {[mToolVersions=Earlier &Versions], "
+      "mTools=&Tools {[mToolCheck=&Check League], [mToolCompare=Co&mpare With...], "
+      "[mToolMerge=Mer&ge With...], [mToolPatch=Make Patc&h...], mnuToolB1, "
+      "[mToolVersions=Earlier &Versions], "
       "<mToolUnsaved=Bring Back &Unsaved Changes>}, "
       "mHelp=&Help {mHelAbout=&About}";
   const auto expect_menu = [&](bool loaded) {
