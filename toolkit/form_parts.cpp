@@ -116,6 +116,14 @@ QString PlainToolTip(const QString& whole) {
   return "<span style='white-space: pre'>" + text.toHtmlEscaped() + "</span>";
 }
 
+void OutlineTicks(QWidget& list) {
+  QPalette palette = list.palette();
+  constexpr int dark = 128;
+  if (palette.color(QPalette::Window).lightness() >= dark) return;
+  palette.setColor(QPalette::Window, palette.color(QPalette::PlaceholderText));
+  list.setPalette(palette);
+}
+
 void KeepRoomWhenHidden(QWidget* widget) {
   QSizePolicy policy = widget->sizePolicy();
   policy.setRetainSizeWhenHidden(true);

@@ -64,6 +64,7 @@ void frmCompare::BuildControls() {
   lstChanges->setHeaderLabels({"What", "Here", "There"});
   lstChanges->setUniformRowHeights(true);
   lstChanges->setAllColumnsShowFocus(true);
+  OutlineTicks(*lstChanges);
   lstChanges->header()->setStretchLastSection(true);
   lblCount = NewLabel("lblCount");
   btnTake = NewButton("btnTake", "Take");
@@ -152,9 +153,14 @@ QTreeWidgetItem* frmCompare::GroupOf(const Change& change) {
 
 void frmCompare::AddChange(const Change& change, bool conflict) {
   QTreeWidgetItem* group = GroupOf(change);
-  const QString subject = FromUtf8(change.Subject);
+  QString subject = FromUtf8(change.Subject);
   QString what = FromUtf8(change.What);
-  if (subject != group->text(What)) what.prepend(subject + ": ");
+  if (subject != group->text(What)) {
+    if (subject.startsWith(group->text(What) + " ")) {
+      subject.remove(0, group->text(What).size() + 1);
+    }
+    what.prepend(subject + ": ");
+  }
   auto* line = new QTreeWidgetItem(group, {what, FromUtf8(change.From), FromUtf8(change.To)});
   line->setToolTip(What, PlainToolTip(what));
   if (conflict) {
