@@ -28,8 +28,8 @@ std::string Utf16AsUtf8(std::string_view bytes, QStringDecoder::Encoding encodin
 
 class Parser {
  public:
-  explicit Parser(std::string_view text)
-      : text_(text), separator_(SeparatorOf(text)), ends_{separator_, '\r', '\n'} {}
+  Parser(std::string_view text, char separator)
+      : text_(text), separator_(separator), ends_{separator_, '\r', '\n'} {}
 
   bool AtEnd() const { return at_ == text_.size(); }
 
@@ -111,11 +111,18 @@ std::string TableText(std::string_view bytes) {
 
 std::vector<TableRow> ParseTable(std::string_view text) {
   std::vector<TableRow> rows;
-  Parser parser(text);
+  Parser parser(text, SeparatorOf(text));
   while (!parser.AtEnd()) {
     TableRow row = parser.ReadRow();
     if (!IsBlank(row)) rows.push_back(std::move(row));
   }
+  return rows;
+}
+
+std::vector<TableRow> ParseCells(std::string_view text) {
+  std::vector<TableRow> rows;
+  Parser parser(text, '\t');
+  while (!parser.AtEnd()) rows.push_back(parser.ReadRow());
   return rows;
 }
 

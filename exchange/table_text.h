@@ -33,6 +33,10 @@ class TableSyntaxError : public std::runtime_error {
 /// without any text in a cell are left out. Throws TableSyntaxError.
 std::vector<TableRow> ParseTable(std::string_view text);
 
+/// The rows of a block of cells as a spreadsheet puts it on the clipboard: separated by tabs, blank
+/// rows kept, but for a last line end. Throws TableSyntaxError.
+std::vector<TableRow> ParseCells(std::string_view text);
+
 /// The cells as one line, quoted where they need it, ended by CR LF.
 std::string TableLine(const std::vector<std::string>& cells);
 

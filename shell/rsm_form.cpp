@@ -22,6 +22,7 @@
 #include "screens/schedule/view_schedule.h"
 #include "screens/schedule/view_team_schedule.h"
 #include "screens/settings/game_settings_form.h"
+#include "screens/table/all_players_form.h"
 #include "screens/teams/view_teams.h"
 #include "screens/versions/versions_form.h"
 #include "shell/open_save.h"
@@ -62,7 +63,8 @@ QString DraggedImage(const QDropEvent& event) {
 FRSMform::FRSMform(LeagueSession& session, QSettings* settings)
     : session_(session),
       history_(session, DataFolder()),
-      recent_files_(settings != nullptr ? *settings : *new QSettings(this)),
+      settings_(settings != nullptr ? *settings : *new QSettings(this)),
+      recent_files_(settings_),
       area_(new ChildArea),
       host_(*this, *area_, [this] { UpdateCommandState(); }) {
   BuildWindow();
@@ -203,6 +205,7 @@ void FRSMform::mFilUnloadROM_Click() {
   CloseIfOpen(view_teams_);
   CloseIfOpen(view_player_);
   CloseIfOpen(versions_);
+  CloseIfOpen(all_players_);
   CloseIfOpen(check_);
   CloseIfOpen(compare_);
   ShowStatus(no_rom);

@@ -23,6 +23,7 @@ class ViewPlayer;
 class ViewSchedule;
 class ViewTeams;
 class ViewTeamSchedule;
+class frmAllPlayers;
 class frmCheckLeague;
 class frmEditGameSettings;
 class frmEditSchedule;
@@ -80,6 +81,7 @@ class FRSMform : public QMainWindow {
   void mnuEditRedo_Click();
   void mToolVersions_Click();
   void mToolUnsaved_Click();
+  void mToolPlayers_Click();
   void mToolCheck_Click();
   void mToolCompare_Click();
   void mToolMerge_Click();
@@ -110,6 +112,7 @@ class FRSMform : public QMainWindow {
 
   LeagueSession& session_;
   LeagueHistory history_;
+  QSettings& settings_;
   RecentFiles recent_files_;
   MenuTree menu_;
   ChildArea* area_;
@@ -127,6 +130,7 @@ class FRSMform : public QMainWindow {
   QPointer<frmEditSchedule> edit_schedule_;
   QPointer<frmProbowl> probowl_;
   QPointer<frmVersions> versions_;
+  QPointer<frmAllPlayers> all_players_;
   QPointer<frmCheckLeague> check_;
   QPointer<frmCompare> compare_;
 };

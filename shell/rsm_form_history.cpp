@@ -8,6 +8,7 @@
 #include "screens/probowl/probowl_form.h"
 #include "screens/schedule/edit_schedule.h"
 #include "screens/settings/game_settings_form.h"
+#include "screens/table/all_players_form.h"
 #include "screens/teams/view_teams.h"
 #include "screens/versions/versions_form.h"
 #include "shell/rsm_form.h"
@@ -50,6 +51,7 @@ void FRSMform::UpdateHistoryState() {
     if (loaded && form && form->IsOpen()) form->FillList();
   };
   fill(versions_);
+  fill(all_players_);
   fill(check_);
   fill(compare_);
   ShowChanged();

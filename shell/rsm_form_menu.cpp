@@ -94,6 +94,8 @@ std::vector<MenuRow> FRSMform::MenuRows() {
       teams("mNFCw", "mViewNFCWest"),
 
       menu("mTools", "&Tools"),
+      image_command("mTools", "mToolPlayers", "All &Players", &FRSMform::mToolPlayers_Click,
+                    "Ctrl+F"),
       image_command("mTools", "mToolCheck", "&Check League", &FRSMform::mToolCheck_Click),
       image_command("mTools", "mToolCompare", "Co&mpare With...", &FRSMform::mToolCompare_Click),
       image_command("mTools", "mToolMerge", "Mer&ge With...", &FRSMform::mToolMerge_Click),

@@ -1,5 +1,6 @@
 #include <QFileInfo>
 #include <QInputDialog>
+#include <QStatusBar>
 
 #include <algorithm>
 
@@ -13,6 +14,7 @@
 #include "screens/probowl/probowl_form.h"
 #include "screens/schedule/edit_schedule.h"
 #include "screens/settings/game_settings_form.h"
+#include "screens/table/all_players_form.h"
 #include "screens/teams/view_teams.h"
 #include "shell/open_save.h"
 #include "shell/rsm_form.h"
@@ -72,6 +74,20 @@ void FRSMform::ShowUnit(const Unit& unit) {
   } else {
     mnuEditGameSettings_Click();
   }
+}
+
+void FRSMform::mToolPlayers_Click() {
+  area_->OpenOrRaise(all_players_, [this] {
+    auto* form = new frmAllPlayers(session_, settings_);
+    connect(form, &frmAllPlayers::Show, this, &FRSMform::ShowUnit);
+    connect(form, &frmAllPlayers::Edited, this, [this] { ShowTouched(history_.LastTouched()); });
+    connect(form, &frmAllPlayers::Told, this, [this](const QString& text) {
+      constexpr int shown_for = 8000;  // milliseconds
+      statusBar()->showMessage(text, shown_for);
+    });
+    return form;
+  });
+  all_players_->GoToFind();
 }
 
 void FRSMform::mToolCheck_Click() {

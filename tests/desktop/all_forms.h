@@ -91,6 +91,9 @@ class AllForms : public MainWindow {
     LookAt("frmEditGameSettings", look);
     Pick("mToolVersions");
     LookAt("frmVersions", look);
+    Pick("mToolPlayers");
+    LookAt("frmAllPlayers", look);
+    LookAtDialog("frmSetRatings", look, [this] { Press("frmAllPlayers", "btnSet"); });
     Pick("mToolCheck");
     LookAt("frmCheckLeague", look);
     std::vector<std::uint8_t> other = SampleBytes();

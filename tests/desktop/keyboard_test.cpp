@@ -96,7 +96,8 @@ TEST_F(AllForms, EnterHasItsButtonAndTheWheelTakesNoFocus) {
       {"ChooseColor", "btnOK"},      {"frmEditSchedule", "cmdOK"},     {"ViewLeaders", "btnOK"},
       {"FormPrint", "btnOK"},        {"frmProbowl", "btnOK"},          {"frmRoster", "btnOK"},
       {"frmChoosePlayer", "btnOK"},  {"frmEditGameSettings", "cmdOK"}, {"frmVersions", "btnOK"},
-      {"frmCheckLeague", "btnShow"}, {"frmCompare", "btnShow"},
+      {"frmCheckLeague", "btnShow"}, {"frmCompare", "btnShow"},        {"frmAllPlayers", "btnOK"},
+      {"frmSetRatings", "btnOK"},
   };
   VisitAll([&](QWidget& form) {
     QStringList found;
@@ -201,6 +202,7 @@ TEST_F(AllForms, EveryFieldHasItsCaptionOrANameOfItsOwn) {
                 "frmEditSchedule Against itself: Games: Plays twice: Week: Without a game:\n"
                 "ViewLeaders Position:\nfrmChoosePlayer Player: Team:\n"
                 "frmEditGameSettings League A: League B: League C: Roster Year:\n"
+                "frmAllPlayers Find:\n"
                 "frmCompare Filter:\n");
 }
 

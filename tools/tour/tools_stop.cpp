@@ -1,4 +1,7 @@
+#include <QCheckBox>
+#include <QDialog>
 #include <QLabel>
+#include <QLineEdit>
 #include <QTreeWidget>
 
 #include "tools/driver/driver.h"
@@ -8,6 +11,21 @@ namespace rostermill {
 
 void VisitTools(Tour& tour) {
   using driver::Find;
+  tour.Pick("mToolPlayers");
+  QWidget& players = tour.Form("frmAllPlayers");
+  auto& find = Find<QLineEdit>(players, "txtFind");
+  find.setText("qb PC>=50");
+  tour.Require(Find<QLabel>(players, "lblCount").text() != "840 of 840 players", "some are found");
+  tour.Picture(players, "all-players-found");
+  find.clear();
+  tour.Picture(players, "all-players");
+  driver::OnNextDialog([&tour](QDialog& dialog) {
+    Find<QCheckBox>(dialog, "chkRating(0)").click();
+    tour.Picture(dialog, "set-ratings");
+    dialog.reject();
+  });
+  tour.Click("frmAllPlayers", "btnSet");
+  tour.Click("frmAllPlayers", "btnOK");
   tour.Pick("mToolCheck");
   tour.Picture(tour.Form("frmCheckLeague"), "league-check");
   tour.Click("frmCheckLeague", "btnOK");
