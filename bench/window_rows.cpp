@@ -1,8 +1,14 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QHeaderView>
 #include <QImageReader>
+#include <QLabel>
+#include <QLineEdit>
 #include <QRadioButton>
+#include <QSettings>
+#include <QTableView>
+#include <QVBoxLayout>
 
 #include <cstdio>
 #include <cstdlib>
@@ -27,6 +33,7 @@
 #include "screens/schedule/view_schedule.h"
 #include "screens/schedule/view_team_schedule.h"
 #include "screens/settings/game_settings_form.h"
+#include "screens/table/all_players_form.h"
 #include "screens/teams/choose_color.h"
 #include "screens/teams/choose_play.h"
 #include "screens/teams/edit_team.h"
@@ -163,6 +170,50 @@ void CompareSteps(ChildArea& area, LeagueSession& session) {
   CompareStep("sort click", *leaders,
               [&] { emit Find<ClickLabel>(*leaders, "lblHead(1)").Click(); });
   Close(leaders);
+}
+
+/// A table of this size with nothing in it.
+class EmptyModel : public QAbstractTableModel {
+ public:
+  int rowCount(const QModelIndex&) const override { return TeamCount * SlotCount; }
+  int columnCount(const QModelIndex&) const override {
+    return static_cast<int>(PlayersModel::Columns().size());
+  }
+  QVariant data(const QModelIndex&, int) const override { return {}; }
+};
+
+/// The table of all players against one of an empty model, and a letter typed against a repaint.
+void CompareAllPlayers(ChildArea& area, LeagueSession& session, QSettings& settings) {
+  const auto make = [&] { return new frmAllPlayers(session, settings); };
+  EmptyModel model;
+  const QSize size = std::unique_ptr<frmAllPlayers>(make())->sizeHint();
+  const auto make_empty = [&] {
+    auto* form = new ChildForm("Twin", "All Players");
+    auto* column = new QVBoxLayout(form);
+    auto* grid = new QTableView;
+    grid->setModel(&model);
+    grid->verticalHeader()->hide();
+    grid->verticalHeader()->setDefaultSectionSize(26);
+    column->addWidget(new QLineEdit);
+    column->addWidget(grid, 1);
+    column->addWidget(new QLabel("840 of 840 players"));
+    auto* buttons = new QHBoxLayout;
+    for (const char* text : {"OK", "Set Ratings...", "Show"}) {
+      buttons->addWidget(new QPushButton(text));
+    }
+    column->addLayout(buttons);
+    grid->setMinimumSize(size - QSize(40, 120));
+    return form;
+  };
+  Compare(
+      {"form frmAllPlayers, against an empty model", 1.5, form_pairs},
+      [&] { return CostOfOpening(area, make); }, [&] { return CostOfOpening(area, make_empty); });
+  frmAllPlayers* players = make();
+  Open(area, players);
+  auto& find = driver::Find<QLineEdit>(*players, "txtFind");
+  CompareStep("a letter typed to find players", *players,
+              [&] { find.setText(find.text().size() < 3 ? find.text() + "a" : QString()); });
+  Close(players);
 }
 
 /// Turns the pages of the photo picker, in a folder whose files are new to it or known.
@@ -321,6 +372,8 @@ int main(int argc, char** argv) try {
   CompareForms(area, session);
   ComparePhotoPages(session, QString::fromLocal8Bit(argv[2]));
   CompareSteps(area, session);
+  QSettings settings(QString::fromLocal8Bit(argv[2]) + "/settings.ini", QSettings::IniFormat);
+  CompareAllPlayers(area, session, settings);
   CompareSavedPlayers(argv[1], argv[2]);
   CompareSeasonGrid(area, session);
 } catch (const std::exception& error) {

@@ -129,7 +129,7 @@ bool PlayerFilter::Holds(const Condition& condition, const LeagueData& league,
 }
 
 bool PlayerFilter::Accepts(const LeagueData& league, PlayerPlace player) const {
-  return HasWords(league, player, words_) &&
+  return (words_.empty() || HasWords(league, player, words_)) &&
          std::ranges::all_of(conditions_, [&](const Condition& condition) {
            return Holds(condition, league, player);
          });

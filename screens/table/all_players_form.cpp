@@ -15,7 +15,7 @@
 #include <memory>
 
 #include "league/quantity_text.h"
-#include "screens/table/rating_delegate.h"
+#include "screens/table/player_delegate.h"
 #include "screens/table/set_ratings_form.h"
 #include "toolkit/copy_text.h"
 #include "toolkit/form_parts.h"
@@ -78,7 +78,7 @@ void frmAllPlayers::BuildGrid() {
   grdPlayers->setObjectName("grdPlayers");
   grdPlayers->setAccessibleName("Players");
   grdPlayers->setModel(players_);
-  grdPlayers->setItemDelegate(new RatingDelegate(grdPlayers));
+  grdPlayers->setItemDelegate(new PlayerDelegate(grdPlayers));
   grdPlayers->setTabKeyNavigation(false);
   grdPlayers->setWordWrap(false);
   grdPlayers->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);

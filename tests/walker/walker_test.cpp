@@ -154,7 +154,7 @@ class Walker : public QObject {
     if (!window_.isEnabled()) throw std::runtime_error("the window stays disabled");
     if (QApplication::overrideCursor()) throw std::runtime_error("the pointer stays busy");
     const QList<QMdiSubWindow*> forms = OpenForms(window_);
-    if (forms.size() > 12) throw std::runtime_error("too many forms are open");
+    if (forms.size() > 16) throw std::runtime_error("too many forms are open");
     for (const QMdiSubWindow* form : forms) {
       if (form->sizeHint().width() > 1200) throw std::runtime_error("a form grows with its texts");
     }
