@@ -121,10 +121,27 @@ void Tour::Choose(QComboBox& list, const QString& beginning) {
 
 void Tour::Picture(QWidget& what, const QString& name) {
   QCoreApplication::processEvents();
-  QWidget* frame = qobject_cast<QMdiSubWindow*>(what.parentWidget());
+  auto* frame = qobject_cast<QMdiSubWindow*>(what.parentWidget());
+  Write(frame != nullptr ? *frame : what, name);
+  if (all_sizes_ && frame != nullptr) PictureEnlarged(*frame, name);
+}
+
+void Tour::PictureEnlarged(QMdiSubWindow& frame, const QString& name) {
+  const QRect place = frame.geometry();
+  frame.resize(place.size() * 2);
+  QCoreApplication::processEvents();
+  Write(frame, name + "-twice");
+  frame.showMaximized();
+  QCoreApplication::processEvents();
+  Write(*window_, name + "-maximized");
+  frame.showNormal();
+  frame.setGeometry(place);
+  QCoreApplication::processEvents();
+}
+
+void Tour::Write(QWidget& what, const QString& name) {
   const QString file = QStringLiteral("%1-%2.png").arg(++count_, 2, 10, QChar('0')).arg(name);
-  Require((frame != nullptr ? frame : &what)->grab().save(pictures_.filePath(file)),
-          "picture " + file + " is written");
+  Require(what.grab().save(pictures_.filePath(file)), "picture " + file + " is written");
 }
 
 void Tour::Require(bool holds, const QString& what) {
