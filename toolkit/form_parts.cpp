@@ -1,11 +1,14 @@
 #include "toolkit/form_parts.h"
 
+#include <QApplication>
 #include <QDialogButtonBox>
 #include <QFontDatabase>
 #include <QFontMetrics>
 #include <QGroupBox>
 #include <QLayout>
 #include <QSizePolicy>
+
+#include <algorithm>
 
 namespace rostermill {
 
@@ -17,7 +20,9 @@ constexpr int longest_tool_tip = 400;
 }  // namespace
 
 QFont FixedFont() {
-  return QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  font.setPointSizeF(std::max(font.pointSizeF(), QApplication::font().pointSizeF()));
+  return font;
 }
 
 int RoomFor(const QFontMetrics& metrics, int characters) {

@@ -13,6 +13,7 @@
 #include "screens/players/show_face.h"
 #include "toolkit/control_array.h"
 #include "toolkit/form_parts.h"
+#include "toolkit/natural_layout.h"
 #include "toolkit/qt_strings.h"
 
 namespace rostermill {
@@ -43,7 +44,7 @@ void ViewPlayer::BuildControls() {
 }
 
 void ViewPlayer::LayOut() {
-  auto* grid = new QGridLayout(this);
+  auto* grid = new NaturalGrid(this);
   grid->addWidget(NewCaption("Label1", "Team:", cmbTeam), 0, 0);
   grid->addWidget(cmbTeam, 0, 1, 1, 2);
   grid->addWidget(NewCaption(MemberName("Label2", 0), "Player:", cmbPlayer), 1, 0);

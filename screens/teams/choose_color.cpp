@@ -74,7 +74,7 @@ void ChooseColor::Connect() {
 }
 
 void ChooseColor::Form_Load() {
-  CentreOnScreen();
+  CenterOnScreen();
   if (AsksForJersey()) CurrentColor = JerseyColor(session_, session_.ColorSlot);
   session_.ColorChoice = static_cast<std::uint16_t>(CurrentColor);
   ShowCurrentColor();
@@ -90,7 +90,7 @@ void ChooseColor::Form_Load() {
   }
 }
 
-void ChooseColor::CentreOnScreen() {
+void ChooseColor::CenterOnScreen() {
   adjustSize();
   move(screen()->availableGeometry().center() - rect().center());
 }
