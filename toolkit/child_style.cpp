@@ -23,7 +23,10 @@ QColor QuietBar(const QPalette& palette) {
 
 }  // namespace
 
-ChildStyle::ChildStyle() : QProxyStyle(QStyleFactory::create(QApplication::style()->name())) {}
+ChildStyle::ChildStyle(QObject* parent)
+    : QProxyStyle(QStyleFactory::create(QApplication::style()->name())) {
+  setParent(parent);
+}
 
 void ChildStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                     QPainter* painter, const QWidget* widget) const {
@@ -46,7 +49,8 @@ void ChildStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
                                QPainter* painter, const QWidget* widget) const {
   QProxyStyle::drawPrimitive(element, option, painter, widget);
   if (element != PE_FrameWindow || !IsDark(option->palette)) return;
-  painter->setPen(QuietBar(option->palette));
+  const QColor ground = option->palette.color(QPalette::Window);
+  painter->setPen(StandingOut(QuietBar(option->palette), ground, FrameContrast));
   painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
 }
 

@@ -10,7 +10,7 @@ class ChildStyle : public QProxyStyle {
   Q_OBJECT
 
  public:
-  ChildStyle();
+  explicit ChildStyle(QObject* parent);
 
   void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                           QPainter* painter, const QWidget* widget) const override;

@@ -107,11 +107,6 @@ ChildArea::ChildArea() {
   ShadeBackground();
 }
 
-ChildArea::~ChildArea() {
-  // The windows use the style to the end.
-  for (QMdiSubWindow* window : subWindowList()) delete window;
-}
-
 void ChildArea::changeEvent(QEvent* event) {
   QMdiArea::changeEvent(event);
   if (event->type() == QEvent::PaletteChange) ShadeBackground();
@@ -127,8 +122,8 @@ void ChildArea::ShowForm(ChildForm* form) {
   if (window == nullptr) {
     window = addSubWindow(form);
     window->setAttribute(Qt::WA_DeleteOnClose);
-    if (!style_) style_ = std::make_unique<ChildStyle>();
-    window->setStyle(style_.get());
+    if (style_ == nullptr) style_ = new ChildStyle(this);
+    window->setStyle(style_);
     LeaveKeysToMenu(*window);
     const QSize room = viewport()->size();
     window->resize(window->sizeHint().boundedTo(room).expandedTo(window->minimumSizeHint()));

@@ -5,8 +5,6 @@
 #include <QPointer>
 #include <QWidget>
 
-#include <memory>
-
 class QPushButton;
 
 namespace rostermill {
@@ -53,7 +51,6 @@ class ChildArea : public QMdiArea {
 
  public:
   ChildArea();
-  ~ChildArea() override;
 
   /// Brings the form to the front. One that is not shown yet gets a window of its own, as large as
   /// its content asks for if the area has the room. The window opens inside the area, beside the
@@ -84,7 +81,7 @@ class ChildArea : public QMdiArea {
   /// Moves a window as close to `place` as possible while keeping it inside.
   void MoveInside(QWidget& window, QPoint place);
 
-  std::unique_ptr<ChildStyle> style_;
+  ChildStyle* style_ = nullptr;  ///< made with the first window
 };
 
 /// Closes the form in `slot` if one is open.

@@ -17,14 +17,14 @@ double Luminance(const QColor& color) {
          0.0722 * linear(color.blueF());
 }
 
-}  // namespace
-
-bool StandsOut(const QColor& text, const QColor& ground) {
-  const auto [dark, light] = std::minmax({Luminance(text), Luminance(ground)});
-  return light + 0.05 >= 4.5 * (dark + 0.05);
+bool StandsOut(const QColor& one, const QColor& other, double contrast) {
+  const auto [dark, light] = std::minmax({Luminance(one), Luminance(other)});
+  return light + 0.05 >= contrast * (dark + 0.05);
 }
 
-QColor StandingOut(const QColor& color, const QColor& other) {
+}  // namespace
+
+QColor StandingOut(const QColor& color, const QColor& other, double contrast) {
   constexpr double middle = 0.18;  // black and white have the same contrast to it
   const bool other_is_light = Luminance(other) > middle;
   constexpr int steps = 50;
@@ -36,7 +36,7 @@ QColor StandingOut(const QColor& color, const QColor& other) {
     };
     const QColor changed =
         QColor::fromRgbF(towards(color.redF()), towards(color.greenF()), towards(color.blueF()));
-    if (StandsOut(other, changed)) return changed;
+    if (StandsOut(other, changed, contrast)) return changed;
   }
   return color;
 }

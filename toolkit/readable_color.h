@@ -4,11 +4,12 @@
 
 namespace rostermill {
 
-/// Whether the contrast of two colors is at least 4.5 to 1, as the accessibility guidelines (WCAG
-/// 2) ask for texts.
-bool StandsOut(const QColor& text, const QColor& ground);
+/// Contrasts to 1 that the accessibility guidelines (WCAG 2) ask for.
+inline constexpr double TextContrast = 4.5;
+inline constexpr double FrameContrast = 3;
 
-/// The color closest to `color` that stands out against `other`, by darkening or lightening it.
-QColor StandingOut(const QColor& color, const QColor& other);
+/// The color closest to `color` that has at least this contrast to `other`, by darkening or
+/// lightening it.
+QColor StandingOut(const QColor& color, const QColor& other, double contrast = TextContrast);
 
 }  // namespace rostermill

@@ -97,6 +97,7 @@ void EditPlayer::Connect() {
   }
   connect(btnSavePlayer, &QPushButton::clicked, this, &EditPlayer::btnSavePlayer_Click);
   connect(btnClose, &QPushButton::clicked, this, &EditPlayer::btnClose_Click);
+  AddSlotKeys(this, [this](int step) { emit SlotStepped(step); });
 }
 
 void EditPlayer::Form_Load() {

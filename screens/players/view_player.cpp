@@ -62,6 +62,7 @@ void ViewPlayer::Connect() {
   connect(cmbPosition, &DropDownList::Click, this, &ViewPlayer::cmbPosition_Click);
   connect(btnEdit, &QPushButton::clicked, this, &ViewPlayer::btnEdit_Click);
   connect(btnOK, &QPushButton::clicked, this, &ViewPlayer::btnOK_Click);
+  AddSlotKeys(this, [this](int step) { StepSlot(step); });
 }
 
 void ViewPlayer::Form_Load() {
@@ -98,6 +99,10 @@ void ViewPlayer::cmbPosition_Click() {
   const QSignalBlocker silent(cmbPlayer);
   cmbPlayer->SetListIndex(entry);
   cmbPlayer_Click();
+}
+
+void ViewPlayer::StepSlot(int step) {
+  cmbPosition->SetListIndex(std::clamp(cmbPosition->ListIndex() + step, 0, SlotCount - 1));
 }
 
 void ViewPlayer::FillTeams() {
@@ -187,6 +192,7 @@ void ViewPlayer::btnEdit_Click() {
   Area()->OpenOrRaise(editor_, [this] {
     auto* editor = new EditPlayer(session_);
     connect(editor, &EditPlayer::PlayerSaved, this, &ViewPlayer::ReselectPlayer);
+    connect(editor, &EditPlayer::SlotStepped, this, &ViewPlayer::StepSlot);
     return editor;
   });
 }

@@ -115,10 +115,10 @@ QWidget* EditTeam::LayOutGeneral() {
   grid->addWidget(NewCaption(MemberName("lblData", 5), "Abbreviation:", txtAbbreviation), 2, 0);
   grid->addWidget(txtAbbreviation, 2, 1);
   auto* room = new QHBoxLayout;
-  room->addWidget(lblTextRoom);
-  room->addWidget(imgTextsTooLong);
   room->addStretch();
-  grid->addLayout(room, 3, 1);
+  room->addWidget(imgTextsTooLong);
+  room->addWidget(lblTextRoom);
+  grid->addLayout(room, 3, 0, 1, 2);
   return Frame4;
 }
 

@@ -133,6 +133,9 @@ void ViewTeams::resizeEvent(QResizeEvent* event) {
                    play_slots / play_columns * PlayPictureSize.height());
   const int steps = std::min(room.width() / step.width(), room.height() / step.height());
   for (PictureBox* play : picRun) play->SetMagnification(1 + std::max(0, steps));
+  // The layout has used the sizes of before.
+  picRun[0]->parentWidget()->layout()->activate();
+  layout()->activate();
 }
 
 void ViewTeams::Connect() {

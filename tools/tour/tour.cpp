@@ -25,7 +25,7 @@ Tour::Tour(const QString& program_folder, const QString& sample, const QString& 
   settings_ = std::make_unique<QSettings>(ini, QSettings::IniFormat);
   window_ = std::make_unique<FRSMform>(*session_, settings_.get());
   // A common size today, whatever screen the platform without a display has.
-  window_->resize(1120, 800);
+  window_->resize(1440, 860);
   window_->show();
 }
 
@@ -72,6 +72,7 @@ void Tour::StartAndLoad() {
   driver::AnswerNextFileDialog(image_);
   Pick("mFilLoadROM");
   Require(session_->ImageLoaded == 1, "the sample loads");
+  Picture(*window_, "start-loaded");
 }
 
 void Tour::SaveAndReload() {
