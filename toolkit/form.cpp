@@ -7,6 +7,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QPushButton>
+#include <QStyle>
 
 #include <algorithm>
 #include <climits>
@@ -28,6 +29,13 @@ void LeaveKeysToMenu(QMdiSubWindow& window) {
       action->setShortcut(QKeySequence("Ctrl+F4"));
     }
   }
+}
+
+/// The width in which a window can show its whole title between its icon and its three buttons.
+int RoomForTitle(const QMdiSubWindow& window) {
+  const int bar = window.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window);
+  constexpr int signs = 5;
+  return window.fontMetrics().horizontalAdvance(window.windowTitle()) + signs * bar;
 }
 
 /// The control that the Tab key reaches first; null for a form that takes the focus itself.
@@ -126,7 +134,8 @@ void ChildArea::ShowForm(ChildForm* form) {
     window->setStyle(style_);
     LeaveKeysToMenu(*window);
     const QSize room = viewport()->size();
-    window->resize(window->sizeHint().boundedTo(room).expandedTo(window->minimumSizeHint()));
+    const QSize wanted = window->sizeHint().expandedTo({RoomForTitle(*window), 0});
+    window->resize(wanted.boundedTo(room).expandedTo(window->minimumSizeHint()));
     MoveInside(*window, FreePlace(window->size()));
     window->show();
   }
