@@ -41,6 +41,7 @@ int Tour::Run() {
   VisitSettings(*this);
   SaveAndReload();
   VisitVersions(*this);
+  ShowSeveralForms();
   return count_;
 }
 
@@ -92,6 +93,17 @@ void Tour::SaveAndReload() {
   Pick("mFilLoadROM");
   Require(session_->League() == changed, "the saved file holds the changed league");
   Require(driver::DialogsStillExpected() == 0, "every expected dialog opened");
+}
+
+void Tour::ShowSeveralForms() {
+  Pick("mVieTeamData");
+  Choose(driver::Find<QComboBox>(Form("ViewTeams"), "cmbTeam"), "RIVERMOOR");
+  Click("ViewTeams", "btnEdit");
+  Pick("mViePlayerData");
+  QWidget& viewer = Form("ViewPlayer");
+  Choose(driver::Find<QComboBox>(viewer, "cmbTeam"), "RIVERMOOR");
+  Choose(driver::Find<QComboBox>(viewer, "cmbPosition"), "QB 1");
+  Picture(*window_, "several-forms");
 }
 
 QWidget& Tour::Form(const QString& name) {

@@ -50,6 +50,7 @@ class Tour {
  private:
   void StartAndLoad();
   void SaveAndReload();
+  void ShowSeveralForms();
   void PictureEnlarged(QMdiSubWindow& frame, const QString& name);
   void Write(QWidget& what, const QString& name);
 
