@@ -5,6 +5,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QMdiSubWindow>
+#include <QPainter>
 #include <QPushButton>
 
 #include <algorithm>
@@ -30,10 +31,25 @@ QLabel* NewHeading() {
   return heading;
 }
 
-/// A button that looks like a link; picks the item when the press is over, since a load replaces
-/// the links.
+/// A button that looks like a link. Styles show no focus on a flat button.
+class LinkButton : public QPushButton {
+ public:
+  using QPushButton::QPushButton;
+
+ protected:
+  void paintEvent(QPaintEvent* event) override {
+    QPushButton::paintEvent(event);
+    if (!hasFocus()) return;
+    QPainter painter(this);
+    painter.setPen(QPen(palette().color(QPalette::ButtonText), 2));
+    painter.drawRect(rect().adjusted(1, 1, -1, -1));
+  }
+};
+
+/// Picks the item when the press is over, since a load replaces the links.
 QPushButton* NewLink(const QString& name, const StartPage::Link& link) {
-  QPushButton* button = NewButton(name, QString(link.Text).replace("&", "&&"));
+  auto* button = new LinkButton(QString(link.Text).replace("&", "&&"));
+  button->setObjectName(name);
   button->setFlat(true);
   button->setAutoDefault(true);
   button->setCursor(Qt::PointingHandCursor);

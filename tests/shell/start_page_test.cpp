@@ -47,7 +47,12 @@ TEST_F(StartPageTest, OffersRecentFilesThenScreensAndGivesWayToForms) {
   EXPECT_EQ(Texts(), screens) << "after a rejected file";
 
   Activate(window_);
-  Find<QPushButton>(Page(), "btnLink(0)").setFocus();
+  auto& first = Find<QPushButton>(Page(), "btnLink(0)");
+  first.setFocus();
+  const QImage with_focus = first.grab().toImage();
+  Find<QPushButton>(Page(), "btnLink(1)").setFocus();
+  EXPECT_NE(first.grab().toImage(), with_focus);
+  first.setFocus();
   QStringList reached;
   for (int link = 0; link < 6; ++link) {
     reached << QApplication::focusWidget()->objectName();
