@@ -26,6 +26,7 @@ class AtNaturalSize : public Layout {
 };
 
 using NaturalGrid = AtNaturalSize<QGridLayout>;
+using NaturalRow = AtNaturalSize<QHBoxLayout>;
 using NaturalColumn = AtNaturalSize<QVBoxLayout>;
 
 }  // namespace rostermill

@@ -10,6 +10,7 @@
 #include "toolkit/elided_label.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/grid_walk.h"
+#include "toolkit/natural_layout.h"
 
 namespace rostermill {
 
@@ -47,7 +48,7 @@ void ChooseColor::BuildControls() {
 }
 
 void ChooseColor::LayOut() {
-  auto* grid = new QGridLayout(this);
+  auto* grid = new NaturalGrid(this);
   auto* colors = new QGridLayout;
   colors->setSpacing(3);
   for (int index = 0; index < PaletteSize; ++index) {
