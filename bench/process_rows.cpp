@@ -21,6 +21,7 @@ namespace fs = std::filesystem;
 
 constexpr int start_pairs = 60;
 constexpr int memory_pairs = 15;
+constexpr int history_pairs = 5;
 constexpr int different_images = 100;
 
 using Command = std::vector<std::string>;
@@ -77,6 +78,12 @@ void CompareStarts(const std::string& bench, const std::string& bin) {
         return MemoryOf({bench + "bench_player_open", bin});
       },
       [&] { return MemoryOf(smallest); });
+  Compare(
+      {"the same after 200 steps, kept, MB" + where, 1.4, history_pairs},
+      [&] {
+        return MemoryOf({bench + "bench_player_open", bin, "200"});
+      },
+      [&] { return MemoryOf(smallest); });
 }
 
 /// Hard links to a hundred different copies of the sample, so that many images take little space.
@@ -118,6 +125,37 @@ void CompareTool(const std::string& bin, const std::string& work) {
   }
 }
 
+void CompareWithCat(const std::string& what, const Command& command,
+                    const std::vector<std::string>& files) {
+  const Command cat = OnImages({"cat"}, files);
+  Compare(
+      {"rsmtool " + what, 0, 50}, [&] { return TimeOf(command); }, [&] { return TimeOf(cat); });
+}
+
+/// Two images that differ from a third in a number each, merged and as JSON and patch.
+void CompareExchange(const std::string& bin, const std::string& work) {
+  const std::string tool = bin + "/rsmtool";
+  if (!fs::exists(tool)) return Skip("rsmtool merge", "not built");
+  const std::string base = work + "base.nes", ours = work + "ours.nes",
+                    theirs = work + "theirs.nes";
+  const std::string json = work + "theirs.json", patch = work + "theirs.bps";
+  fs::copy_file(bin + "/sample.nes", base, fs::copy_options::overwrite_existing);
+  const auto number = [&](const std::string& slot, const std::string& to) {
+    Run({"sh", "-c",
+         "printf 'Team,Slot,Number\\n1," + slot + ",77\\n' | " + tool +
+             " import-players --no-version " + base + " - " + to});
+  };
+  number("1", ours);
+  number("2", theirs);
+  Run({"sh", "-c", tool + " dump " + theirs + " > " + json});
+  CompareWithCat("merge", {tool, "merge", "--no-version", base, ours, theirs, "-"},
+                 {base, ours, theirs});
+  CompareWithCat("apply", {tool, "apply", "--no-version", ours, json, "-"}, {ours, json});
+  CompareWithCat("make-patch", {tool, "make-patch", base, theirs, patch}, {base, theirs});
+  CompareWithCat("apply-patch", {tool, "apply-patch", "--no-version", base, patch, "-"},
+                 {base, patch});
+}
+
 }  // namespace
 
 }  // namespace rostermill::bench
@@ -133,5 +171,6 @@ int main(int argc, char** argv) {
     const std::string images = std::string(argv[3]) + "/images/";
     std::filesystem::create_directories(images);
     CompareTool(argv[2], images);
+    CompareExchange(argv[2], std::string(argv[3]) + "/");
   }
 }

@@ -36,6 +36,7 @@ class Comparison {
   std::vector<Change> Run() {
     CompareSettings();
     for (int team = 1; team <= TeamCount; ++team) {
+      if (SameTeam(team)) continue;  // most are, and their words take time
       CompareTeam(team);
       for (int slot = 1; slot <= SlotCount; ++slot) ComparePlayer(team, slot);
     }
@@ -45,30 +46,38 @@ class Comparison {
   }
 
  private:
-  void Add(int team, int slot, const std::string& subject, const std::string& what,
+  void Add(const Unit& unit, const std::string& subject, const std::string& what,
            const std::string& from, const std::string& to) {
-    if (from != to) changes_.push_back({team, slot, subject, what, from, to});
+    if (SameUnit(from_, to_, unit)) return;
+    const int slot = unit.Team != 0 ? unit.Slot : 0;
+    changes_.push_back({unit, unit.Team, slot, subject, what, from, to});
   }
 
-  /// Texts are compared by their bytes; one that is shown cut or escaped can still differ.
-  void AddText(int team, const std::string& subject, const std::string& what,
-               const std::string& from, const std::string& to) {
-    if (from != to) changes_.push_back({team, 0, subject, what, Shown(from), Shown(to)});
+  bool SameTeam(int team) const {
+    const auto same = [&](auto LeagueData::*... tables) {
+      return (((from_.*tables)[team] == (to_.*tables)[team]) && ...);
+    };
+    return same(&LeagueData::QBData, &LeagueData::SkillData, &LeagueData::LineData,
+                &LeagueData::DefenseData, &LeagueData::KickData, &LeagueData::NameData,
+                &LeagueData::TeamData, &LeagueData::TeamPlays);
   }
 
   void CompareSettings() {
-    AddText(0, "League", "Roster Year", from_.RosterYear.str(), to_.RosterYear.str());
+    Add({UnitKind::RosterYear}, "League", "Roster Year", Shown(from_.RosterYear.str()),
+        Shown(to_.RosterYear.str()));
     const std::string letters = "ABC";
     for (int text = 1; text <= 3; ++text) {
-      AddText(0, "League", std::string("League ") + letters[static_cast<std::size_t>(text - 1)],
-              from_.LeagueText[text].str(), to_.LeagueText[text].str());
+      Add({UnitKind::LeagueText, 0, 0, text}, "League",
+          std::string("League ") + letters[static_cast<std::size_t>(text - 1)],
+          Shown(from_.LeagueText[text].str()), Shown(to_.LeagueText[text].str()));
     }
   }
 
   template <typename Colors>
-  void CompareColors(int team, const std::string& what, const Colors& from, const Colors& to) {
+  void CompareColors(int team, UnitKind kind, const std::string& what, const Colors& from,
+                     const Colors& to) {
     for (int at = from.first; at <= from.last; ++at) {
-      Add(team, 0, TeamName(from_, team), what + " Color " + std::to_string(at),
+      Add({kind, team, 0, at}, TeamName(from_, team), what + " Color " + std::to_string(at),
           std::to_string(from[at]), std::to_string(to[at]));
     }
   }
@@ -77,52 +86,49 @@ class Comparison {
     const TeamRec& from = from_.TeamData[team];
     const TeamRec& to = to_.TeamData[team];
     const std::string subject = TeamName(from_, team);
-    AddText(team, subject, "City", from.City, to.City);
-    AddText(team, subject, "Name", from.Nickname, to.Nickname);
-    AddText(team, subject, "Abbreviation", from.Abbreviation, to.Abbreviation);
-    Add(team, 0, subject, "Formation", std::string(FormationNames[from.Formation]),
-        std::string(FormationNames[to.Formation]));
-    CompareColors(team, "Uniform", from.TeamColors, to.TeamColors);
-    CompareColors(team, "Division Champion", from.DivChampColors, to.DivChampColors);
-    CompareColors(team, "Conference Champion", from.ConfChampColors, to.ConfChampColors);
+    const auto text = [&](UnitKind kind, const std::string& what, std::string TeamRec::*field) {
+      Add({kind, team}, subject, what, Shown(from.*field), Shown(to.*field));
+    };
+    text(UnitKind::City, "City", &TeamRec::City);
+    text(UnitKind::Nickname, "Name", &TeamRec::Nickname);
+    text(UnitKind::Abbreviation, "Abbreviation", &TeamRec::Abbreviation);
+    Add({UnitKind::Formation, team}, subject, "Formation",
+        std::string(FormationNames[from.Formation]), std::string(FormationNames[to.Formation]));
+    CompareColors(team, UnitKind::UniformColor, "Uniform", from.TeamColors, to.TeamColors);
+    CompareColors(team, UnitKind::DivisionColor, "Division Champion", from.DivChampColors,
+                  to.DivChampColors);
+    CompareColors(team, UnitKind::ConferenceColor, "Conference Champion", from.ConfChampColors,
+                  to.ConfChampColors);
     for (int slot = 1; slot <= 8; ++slot) {
       const std::string what =
           slot <= 4 ? "Run " + std::to_string(slot) : "Pass " + std::to_string(slot - 4);
-      Add(team, 0, subject, what, PlayName(slot, from_.TeamPlays[team][slot]),
-          PlayName(slot, to_.TeamPlays[team][slot]));
+      Add({UnitKind::Play, team, 0, slot}, subject, what,
+          PlayName(slot, from_.TeamPlays[team][slot]), PlayName(slot, to_.TeamPlays[team][slot]));
     }
-    CompareReturners(team, "Kick Returner", ColumnKind::KickReturner);
-    CompareReturners(team, "Punt Returner", ColumnKind::PuntReturner);
+    CompareReturners(team, UnitKind::KickReturner, "Kick Returner", ColumnKind::KickReturner);
+    CompareReturners(team, UnitKind::PuntReturner, "Punt Returner", ColumnKind::PuntReturner);
   }
 
   /// A duty that moves is one change of the team.
-  void CompareReturners(int team, const std::string& what, ColumnKind duty) {
-    const auto flag = ReturnerField(duty);
-    const auto& from = from_.SkillData[team];
-    const auto& to = to_.SkillData[team];
-    const bool same =
-        std::equal(from.begin(), from.end(), to.begin(),
-                   [flag](const SkillRec& a, const SkillRec& b) { return a.*flag == b.*flag; });
-    if (same) return;
-    Add(team, 0, TeamName(from_, team), what, ReturnerText(from_, team, duty),
+  void CompareReturners(int team, UnitKind kind, const std::string& what, ColumnKind duty) {
+    Add({kind, team}, TeamName(from_, team), what, ReturnerText(from_, team, duty),
         ReturnerText(to_, team, duty));
   }
 
   void ComparePlayer(int team, int slot) {
-    const NameRec& from = from_.NameData[team][slot];
-    const NameRec& to = to_.NameData[team][slot];
     const std::string subject = PlayerTitle(from_, team, slot);
-    if (from.FirstName != to.FirstName || from.LastName != to.LastName) {
-      changes_.push_back(
-          {team, slot, subject, "Name", NameText(from_, team, slot), NameText(to_, team, slot)});
-    }
-    const auto number = [](const NameRec& name) {
-      return name.JerseyNumber.empty() ? std::string("none") : name.JerseyNumber;
+    Add({UnitKind::Name, team, slot}, subject, "Name", NameText(from_, team, slot),
+        NameText(to_, team, slot));
+    const auto number = [&](const LeagueData& league) {
+      const std::string& text = league.NameData[team][slot].JerseyNumber;
+      return text.empty() ? std::string("none") : Shown(text);
     };
-    Add(team, slot, subject, "Number", number(from), number(to));
+    Add({UnitKind::Number, team, slot}, subject, "Number", number(from_), number(to_));
     for (const Column& column : PlayerColumns) {
-      if (column.Kind != ColumnKind::Face && column.Kind != ColumnKind::Rating) continue;
-      Add(team, slot, subject, std::string(column.Heading), PlayerCell(from_, team, slot, column),
+      const bool face = column.Kind == ColumnKind::Face;
+      if ((!face && column.Kind != ColumnKind::Rating) || !HasColumn(column, slot)) continue;
+      Add({face ? UnitKind::Face : UnitKind::Rating, team, slot, column.Place}, subject,
+          std::string(column.Heading), PlayerCell(from_, team, slot, column),
           PlayerCell(to_, team, slot, column));
     }
   }
@@ -140,21 +146,19 @@ class Comparison {
     for (int game = 0; game < std::max(from.GameCount, to.GameCount); ++game) {
       const bool both = game < from.GameCount && game < to.GameCount;
       if (both && from.Games[game] == to.Games[game]) continue;
-      changes_.push_back({0, 0, "Week " + std::to_string(week + 1),
-                          "Game " + std::to_string(game + 1), GameText(from_, week, game),
-                          GameText(to_, week, game)});
+      Add({UnitKind::Week, 0, 0, week + 1}, "Week " + std::to_string(week + 1),
+          "Game " + std::to_string(game + 1), GameText(from_, week, game),
+          GameText(to_, week, game));
     }
   }
 
   void CompareProbowl() {
     for (int conference = 1; conference <= 2; ++conference) {
       for (int slot = 1; slot <= SlotCount; ++slot) {
-        const ProbowlRec& from = from_.ProbowlData[conference][slot];
-        const ProbowlRec& to = to_.ProbowlData[conference][slot];
-        if (from == to) continue;
-        changes_.push_back({0, 0, conference == 1 ? "AFC Pro Bowl" : "NFC Pro Bowl",
-                            std::string(SlotLabels[slot]), ProbowlPlayer(from_, from),
-                            ProbowlPlayer(to_, to)});
+        Add({UnitKind::AllStar, 0, slot, conference},
+            conference == 1 ? "AFC Pro Bowl" : "NFC Pro Bowl", std::string(SlotLabels[slot]),
+            ProbowlPlayer(from_, from_.ProbowlData[conference][slot]),
+            ProbowlPlayer(to_, to_.ProbowlData[conference][slot]));
       }
     }
   }

@@ -3,12 +3,13 @@
 #include <string>
 #include <vector>
 
-#include "league/league_data.h"
+#include "exchange/units.h"
 
 namespace rostermill {
 
 /// One difference between two leagues, in the game's words, UTF-8.
 struct Change {
+  Unit Where;           ///< a week has as many changes as it has games that differ
   int Team = 0;         ///< 1 to 28; 0 where it isn't about one team
   int Slot = 0;         ///< 1 to 30; 0 where it isn't about one player
   std::string Subject;  ///< as the first league calls it: "SPARROWS QB 1 sam PLOVER", "Week 3"

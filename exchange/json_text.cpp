@@ -103,6 +103,18 @@ std::string JsonQuoted(std::string_view text) {
   return text.size() > longest ? quoted + "..." : quoted;
 }
 
+std::string JsonText(const Json& json, int indent) {
+  std::string text;
+  for (const char c : json.dump(indent, ' ', false, Json::error_handler_t::replace)) {
+    if (c == '\x7F') {
+      text += "\\u007f";
+    } else {
+      text += c;
+    }
+  }
+  return text + "\n";
+}
+
 std::string JsonPath(const std::string& parent, std::string_view key) {
   const bool plain =
       !key.empty() && key.size() < 40 && std::all_of(key.begin(), key.end(), [](char c) {

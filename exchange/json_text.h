@@ -10,6 +10,10 @@ namespace rostermill {
 /// Keeps the order of its keys.
 using Json = nlohmann::ordered_json;
 
+/// The value as text, indented where `indent` is above 0, and a line end. DEL, which would steer a
+/// terminal, is escaped, as the library does with the other control characters of ASCII.
+std::string JsonText(const Json& json, int indent = 2);
+
 /// The path of a member or an element of what is at `parent`. A key that isn't plain letters and
 /// digits is quoted, and cut where it is long.
 std::string JsonPath(const std::string& parent, std::string_view key);

@@ -71,27 +71,12 @@ class JsonWriterNode {
   Json& value_;
 };
 
-/// Escapes DEL, which would steer a terminal, as the library does with the other control characters
-/// of ASCII.
-std::string WithDelEscaped(std::string_view json) {
-  std::string escaped;
-  escaped.reserve(json.size() + 1);
-  for (const char c : json) {
-    if (c == '\x7F') {
-      escaped += "\\u007f";
-    } else {
-      escaped += c;
-    }
-  }
-  return escaped;
-}
-
 }  // namespace
 
 std::string WriteLeagueJson(const LeagueData& league, JsonLayout layout) {
   Json json;
   DescribeLeague(JsonWriterNode(json), league);
-  return WithDelEscaped(json.dump(layout == JsonLayout::Indented ? 2 : -1)) + "\n";
+  return JsonText(json, layout == JsonLayout::Indented ? 2 : -1);
 }
 
 std::vector<JsonError> ApplyLeagueJson(std::string_view text, LeagueData& league) {

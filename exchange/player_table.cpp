@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cstdlib>
 
 #include "exchange/utf8.h"
 #include "exchange/wording.h"
 #include "league/league_tables.h"
+#include "rules/display_text.h"
 #include "rules/position_layout.h"
 
 namespace rostermill {
@@ -15,11 +17,14 @@ using enum PositionGroup;
 namespace {
 
 std::vector<Column> ListColumns() {
-  std::vector<Column> columns{
-      {ColumnKind::Team, "Team", 0, {}},          {ColumnKind::Slot, "Slot", 0, {}},
-      {ColumnKind::Position, "Position", 0, {}},  {ColumnKind::FirstName, "First Name", 0, {}},
-      {ColumnKind::LastName, "Last Name", 0, {}}, {ColumnKind::Number, "Number", 0, {}},
-      {ColumnKind::Face, "Face", 0, {}}};
+  std::vector<Column> columns{{ColumnKind::Team, "Team", 0, {}},
+                              {ColumnKind::TeamName, "Team Name", 0, {}},
+                              {ColumnKind::Slot, "Slot", 0, {}},
+                              {ColumnKind::Position, "Position", 0, {}},
+                              {ColumnKind::FirstName, "First Name", 0, {}},
+                              {ColumnKind::LastName, "Last Name", 0, {}},
+                              {ColumnKind::Number, "Number", 0, {}},
+                              {ColumnKind::Face, "Face", 0, {}}};
   for (const Rating& rating : AllRatings) {
     columns.push_back({ColumnKind::Rating, rating.Name, rating.Place, rating.Group});
   }
@@ -48,11 +53,15 @@ std::string NearestRatings(std::string_view text) {
 }
 
 Problem SetRating(LeagueData& league, int team, int slot, const Column& column,
-                  std::string_view text) {
+                  std::string_view text, bool round) {
   if (!HasColumn(column, slot)) {
     return std::string(SlotLabels[slot]) + " has no " + std::string(column.Heading);
   }
-  const auto code = RatingToCode(text);
+  constexpr int largest = 999;
+  auto code = RatingToCode(text);
+  if (const auto number = NumberIn(text, largest); round && number) {
+    code = NearestRatingCode(*number);
+  }
   if (!code) return InQuotes(text) + " is not a rating; " + NearestRatings(text);
   SetPlaceCode(league, team, slot, column.Place, *code);
   return std::nullopt;
@@ -105,6 +114,8 @@ std::string PlayerCell(const LeagueData& league, int team, int slot, const Colum
   switch (column.Kind) {
     case ColumnKind::Team:
       return std::to_string(team);
+    case ColumnKind::TeamName:
+      return Utf8Of(TeamListText(league, team));
     case ColumnKind::Slot:
       return std::to_string(slot);
     case ColumnKind::Position:
@@ -127,8 +138,18 @@ std::string PlayerCell(const LeagueData& league, int team, int slot, const Colum
   return ReturnerCell(league, team, slot, column.Kind);
 }
 
+int NearestRatingCode(int number) {
+  int nearest = RatingValues.first;
+  for (int code = RatingValues.first; code <= RatingValues.last; ++code) {
+    if (std::abs(RatingValues[code] - number) <= std::abs(RatingValues[nearest] - number)) {
+      nearest = code;
+    }
+  }
+  return nearest;
+}
+
 Problem SetPlayerCell(LeagueData& league, int team, int slot, const Column& column,
-                      std::string_view text) {
+                      std::string_view text, bool round) {
   NameRec& name = league.NameData[team][slot];
   if (column.Kind == ColumnKind::FirstName) {
     name.FirstName = LowerText(text);
@@ -141,7 +162,7 @@ Problem SetPlayerCell(LeagueData& league, int team, int slot, const Column& colu
   } else if (column.Kind == ColumnKind::Face) {
     return SetFaceNumber(league, team, slot, text);
   } else if (column.Kind == ColumnKind::Rating) {
-    return SetRating(league, team, slot, column, text);
+    return SetRating(league, team, slot, column, text, round);
   }
   return std::nullopt;
 }

@@ -13,6 +13,7 @@ namespace rostermill {
 /// What a column of the players' spreadsheet holds.
 enum class ColumnKind {
   Team,
+  TeamName,  ///< to read and to find; never changed
   Slot,
   Position,
   FirstName,
@@ -41,9 +42,14 @@ bool HasColumn(const Column& column, int slot);
 std::string PlayerCell(const LeagueData& league, int team, int slot, const Column& column);
 
 /// Stores a cell's text, Latin-1, in a column from FirstName to Rating. An empty text changes
-/// nothing but a name. Gives why it can't be stored; then nothing is changed.
+/// nothing but a name. With `round`, any number is taken for the nearest rating. Gives why it can't
+/// be stored; then nothing is changed.
 std::optional<std::string> SetPlayerCell(LeagueData& league, int team, int slot,
-                                         const Column& column, std::string_view text);
+                                         const Column& column, std::string_view text,
+                                         bool round = false);
+
+/// The code of the rating nearest to the number, the higher of two.
+int NearestRatingCode(int number);
 
 /// Why the image couldn't give back the player's name as it stands; empty where it could.
 std::optional<std::string> NameProblem(const NameRec& name);

@@ -67,6 +67,17 @@ constexpr std::string_view league_json = R"({"rosterYear": "1995", "leagueText":
 {"slot": 12, "kickReturner": true, "puntReturner": false}]}],
 "schedule": [[{"away": 28, "home": 29}], [], null], "probowl": [[{"team": 256, "slot": 1}]]})";
 
+/// Short tables after the byte that says what they are; see tables.cpp.
+constexpr std::string_view player_table =
+    "PTeam,Team Name,Slot,Position,First Name,Last Name,Number,Face,Accuracy,Kick "
+    "Returner,Notes\r\n"
+    "1,,1,QB 1,al,HERON,7,255,60,no,\"a \"\"b\"\"\nc\"\r\n,T2,,RB 1,,,,,,yes\r\nT3,,4,,,,,,,no";
+constexpr std::string_view team_table =
+    "1team;city;name;abbreviation;formation;uniform color 1;uniform color 1 name;run 1;run 1 name\n"
+    "t1;PORT \xE9;OTTERS;PT.;1RB 4WR;63;GRAY;;Toss Sweep Right\n2;;;;;0;;7;\n";
+constexpr std::string_view schedule_table =
+    "2Week\tVisitor\tHost\n1\tT1\tT2\n1\t29\t30\n2\t\t\n17\t5\tT28\n";
+
 /// A piece of an image, and either the same with a run of X in it or the patch between the two; see
 /// patches.cpp.
 Bytes PatchInput(const Bytes& image, std::optional<PatchFormat> format) {
@@ -102,6 +113,9 @@ int main(int argc, char** argv) {
               Write(seeds / "load_image/sections", SectionsOf(image)) &&
               Write(seeds / "palette/colors", Read(sample / "colors.txt")) &&
               Write(seeds / "league_json/part", {league_json.begin(), league_json.end()}) &&
+              Write(seeds / "tables/players", {player_table.begin(), player_table.end()}) &&
+              Write(seeds / "tables/teams", {team_table.begin(), team_table.end()}) &&
+              Write(seeds / "tables/schedule", {schedule_table.begin(), schedule_table.end()}) &&
               Write(seeds / "patches/pieces", PatchInput(image, std::nullopt)) &&
               Write(seeds / "patches/bps", PatchInput(image, PatchFormat::Bps)) &&
               Write(seeds / "patches/ips", PatchInput(image, PatchFormat::Ips));

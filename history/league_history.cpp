@@ -49,6 +49,7 @@ Touched LeagueHistory::Record(const std::string& description, const LeagueChange
                               int mark) {
   const Touched touched = steps_.Change(league_, description, change, mark);
   if (!touched.Nothing()) waiting_ = false;
+  last_touched_ = touched;
   Tell();
   return touched;
 }
@@ -74,6 +75,7 @@ std::size_t LeagueHistory::ChangeCount() const {
 }
 
 bool LeagueHistory::KeepUnsaved() {
+  if (std::exchange(old_versions_due_, false)) versions_.DropOld(image_);
   if (!keeper_ || !HasImage()) return false;
   if (!Changed()) {
     if (!kept_) return false;
@@ -209,6 +211,7 @@ void LeagueHistory::BeforeReplace(const std::string& path, const FileStart& file
   trouble_.clear();
   try {
     versions_.Keep(path, file, "before a save");
+    old_versions_due_ = true;
     told_trouble_.clear();
   } catch (const std::runtime_error& error) {
     trouble_ = std::string(
@@ -226,8 +229,9 @@ void LeagueHistory::Replaced(const std::string& path, std::span<const std::uint8
   kept_.reset();
   if (keeper_) {
     try {
-      keeper_->Store().Saved(steps_.MarksInForce());
-      LookForLeftStates();
+      const auto brought_back = steps_.MarksInForce();
+      keeper_->Store().Saved(brought_back);
+      if (!brought_back.empty()) LookForLeftStates();
     } catch (const std::runtime_error& error) {
       keeping_failure_ = error.what();
     }

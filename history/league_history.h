@@ -38,6 +38,8 @@ class LeagueHistory : public ImageWatch {
   const LeagueData& League() const { return league_; }
 
   // Steps.
+  /// What the last change has touched.
+  const Touched& LastTouched() const { return last_touched_; }
   bool CanUndo() const { return steps_.CanUndo(); }
   bool CanRedo() const { return steps_.CanRedo(); }
   std::string UndoDescription() const { return steps_.UndoDescription(); }
@@ -50,8 +52,9 @@ class LeagueHistory : public ImageWatch {
   std::size_t ChangeCount() const;
 
   // Unsaved changes.
-  /// Keeps the present ones in the background, or removes those that have been undone. Returns
-  /// false, having done nothing, if the league is as it was at the last call.
+  /// Keeps the present ones in the background, or removes those that have been undone; and drops
+  /// the versions that are too old after a save. Returns false, having kept nothing, if the league
+  /// is as it was at the last call.
   bool KeepUnsaved();
   /// The image is unloaded: keeps what is unsaved and ends the history. Call it while the league is
   /// still in place.
@@ -66,6 +69,8 @@ class LeagueHistory : public ImageWatch {
   /// Earlier versions, the latest first. Throws std::runtime_error with a text for the user, as
   /// everything below does.
   std::vector<Version> Versions() const;
+  /// The bytes of one.
+  FileStart BytesOfVersion(int number) const { return versions_.Read(image_, number); }
   /// Their leagues, with the palette in use.
   LeagueData LeagueOfVersion(int number) const;
   LeagueData LeagueOfLeftState(int number);
@@ -101,9 +106,11 @@ class LeagueHistory : public ImageWatch {
   std::function<void()> listener_ = [] {};
 
   UndoStack steps_;
+  Touched last_touched_;
   std::optional<LeagueData> saved_;  ///< as loaded or last saved; empty without an image
   std::optional<FileStamp> stamp_;   ///< of the file that is being loaded
   FileState known_;                  ///< of the image's file
+  bool old_versions_due_ = false;    ///< to be dropped, which no save should wait for
   bool told_of_change_ = false;      ///< the question of this save says that the file has changed
 
   std::optional<LeagueData> kept_;  ///< as last given to the keeper; empty if nothing is kept

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <charconv>
 #include <cstdio>
 #include <filesystem>
 #include <functional>
@@ -89,18 +90,17 @@ void WriteKept(const std::string& path, std::span<const std::uint8_t> bytes) {
   fs::permissions(path, fs::perms::owner_read | fs::perms::owner_write, ignored);
 }
 
-std::vector<FoundFile> FilesIn(const std::string& folder) {
-  std::vector<FoundFile> files;
-  ForEachEntry(folder, [&files](const fs::directory_entry& entry) {
+std::vector<std::string> FilesIn(const std::string& folder) {
+  std::vector<std::string> names;
+  ForEachEntry(folder, [&names](const fs::directory_entry& entry) {
     std::error_code error;
     if (entry.is_symlink(error)) return;
     const bool is_file = entry.is_regular_file(error);
-    const std::uint64_t size = is_file && !error ? entry.file_size(error) : 0;
-    // A file whose size can't be found out isn't passed over: its number would be given again.
+    // One whose kind can't be found out isn't passed over: its number would be given again.
     if (error && error != std::errc::no_such_file_or_directory) FailWith(error.value());
-    if (is_file && !error) files.push_back({entry.path().filename().string(), size});
+    if (is_file) names.push_back(entry.path().filename().string());
   });
-  return files;
+  return names;
 }
 
 std::vector<std::string> FoldersIn(const std::string& folder) {
@@ -188,20 +188,22 @@ std::string UtcText(std::chrono::sys_seconds time) {
   return text.data();
 }
 
-std::optional<std::chrono::sys_seconds> ParseUtc(const std::string& text) {
-  int year = 0, hour = 0, minute = 0, second = 0;
-  unsigned month = 0, day = 0;
-  if (text.size() != 16 || std::sscanf(text.c_str(), "%4d%2u%2uT%2d%2d%2dZ", &year, &month, &day,
-                                       &hour, &minute, &second) != 6) {
-    return std::nullopt;
-  }
-  const std::chrono::year_month_day date{std::chrono::year(year), std::chrono::month(month),
-                                         std::chrono::day(day)};
-  if (!date.ok()) return std::nullopt;
-  const std::chrono::sys_seconds time = std::chrono::sys_days(date) + std::chrono::hours(hour) +
-                                        std::chrono::minutes(minute) + std::chrono::seconds(second);
-  // Whatever the scan lets pass, such as blanks and signs, doesn't come out the same.
-  return UtcText(time) == text ? std::optional(time) : std::nullopt;
+std::optional<std::chrono::sys_seconds> ParseUtc(std::string_view text) {
+  if (text.size() != 16 || text[8] != 'T' || text[15] != 'Z') return std::nullopt;
+  bool digits = true;
+  const auto number = [&](std::size_t at, std::size_t size) {
+    unsigned value = 0;
+    const char* const end = text.data() + at + size;
+    digits = digits && std::from_chars(text.data() + at, end, value).ptr == end;
+    return value;
+  };
+  const std::chrono::year_month_day date{std::chrono::year(static_cast<int>(number(0, 4))),
+                                         std::chrono::month(number(4, 2)),
+                                         std::chrono::day(number(6, 2))};
+  const unsigned hour = number(9, 2), minute = number(11, 2), second = number(13, 2);
+  if (!digits || !date.ok() || hour > 23 || minute > 59 || second > 59) return std::nullopt;
+  return std::chrono::sys_days(date) + std::chrono::hours(hour) + std::chrono::minutes(minute) +
+         std::chrono::seconds(second);
 }
 
 }  // namespace rostermill

@@ -36,13 +36,8 @@ void MakeImageFolder(const std::string& folder, const std::string& canonical_pat
 /// ReplaceFile, readable by the user alone; a file system without permissions does without them.
 void WriteKept(const std::string& path, std::span<const std::uint8_t> bytes);
 
-struct FoundFile {
-  std::string Name;
-  std::uint64_t Size = 0;
-};
-
-/// The regular files of a folder in no particular order; none if the folder does not exist.
-std::vector<FoundFile> FilesIn(const std::string& folder);
+/// The names of a folder's regular files in no particular order; none if it does not exist.
+std::vector<std::string> FilesIn(const std::string& folder);
 
 /// The folders in a folder, by path.
 std::vector<std::string> FoldersIn(const std::string& folder);
@@ -83,6 +78,6 @@ std::optional<FileLock> LockStoreForReading(const std::string& base);
 /// Now in UTC, and its form in names and headers: "20260730T214012Z".
 std::chrono::sys_seconds UtcNow();
 std::string UtcText(std::chrono::sys_seconds time);
-std::optional<std::chrono::sys_seconds> ParseUtc(const std::string& text);
+std::optional<std::chrono::sys_seconds> ParseUtc(std::string_view text);
 
 }  // namespace rostermill

@@ -86,10 +86,10 @@ std::optional<Entry> ReadEntry(const std::string& folder, int number) {
   }
 }
 
-std::set<int> NumbersIn(const std::vector<FoundFile>& files) {
+std::set<int> NumbersIn(const std::vector<std::string>& files) {
   std::set<int> numbers;
-  for (const FoundFile& file : files) {
-    if (const int number = NumberIn(file.Name)) numbers.insert(number);
+  for (const std::string& file : files) {
+    if (const int number = NumberIn(file)) numbers.insert(number);
   }
   return numbers;
 }
@@ -120,11 +120,11 @@ std::vector<Entry> TakeEqual(std::vector<Entry>& row) {
 
 /// Locks of editors that have ended, and unfinished files of those that were killed.
 void RemoveLeftovers(const std::string& folder) {
-  for (const FoundFile& file : FilesIn(folder)) {
-    const int number = NumberIn(file.Name);
+  for (const std::string& file : FilesIn(folder)) {
+    const int number = NumberIn(file);
     if (number == 0 || FileLock::IsHeld(LockPath(folder, number))) continue;
-    if (file.Name.starts_with('.') || file.Name.ends_with(".lock")) {
-      RemoveFile(folder + "/" + file.Name);
+    if (file.starts_with('.') || file.ends_with(".lock")) {
+      RemoveFile(folder + "/" + file);
     }
   }
 }

@@ -1,8 +1,10 @@
 #include "history/version_store.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cstdio>
 #include <filesystem>
+#include <optional>
 #include <stdexcept>
 #include <tuple>
 #include <utility>
@@ -46,56 +48,84 @@ std::string NameOf(const Kept& kept) {
          std::to_string(kept.Facts.FileSize) + "_" + kept.Hash + "_" + kept.Facts.What + ".nes";
 }
 
-/// Reads a name into `kept`; false where NameOf doesn't write it.
-bool ParseName(const std::string& name, Kept& kept) {
-  std::array<char, 17> when{};
-  std::array<char, 33> hash{};
-  unsigned long long size = 0;
-  int what_at = 0;
-  if (std::sscanf(name.c_str(), "%9d-%9d_%16[0-9TZ]_%12llu_%32[0-9a-f]_%n", &kept.Facts.Number,
-                  &kept.Turn, when.data(), &size, hash.data(), &what_at) != 5 ||
-      what_at == 0 || !name.ends_with(".nes")) {
-    return false;
-  }
-  const auto time = ParseUtc(when.data());
-  if (!time || kept.Facts.Number < 1 || kept.Turn < 1) return false;
-  kept.Facts.When = *time;
-  kept.Facts.FileSize = size;
-  kept.Facts.Cut = size > VersionStore::LongestKeptWhole;
-  kept.Facts.FirstState = kept.Facts.Number == 1;
-  kept.Facts.What = name.substr(static_cast<std::size_t>(what_at));
-  kept.Facts.What.resize(kept.Facts.What.size() - std::string_view(".nes").size());
-  kept.Hash = hash.data();
-  kept.Name = name;
-  return IsGoodWhat(kept.Facts.What) && kept.Hash.size() == 32 && NameOf(kept) == name;
+/// Takes what comes before the next mark off the text.
+std::string_view Next(std::string_view& text, char mark) {
+  const std::size_t end = std::min(text.find(mark), text.size());
+  const std::string_view part = text.substr(0, end);
+  text.remove_prefix(std::min(end + 1, text.size()));
+  return part;
+}
+
+/// A number as NameOf writes it, with zeros up to this many digits; empty for anything else.
+template <typename Number>
+std::optional<Number> ParseNumber(std::string_view text, std::size_t digits) {
+  Number number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  const bool whole = error == std::errc() && end == text.data() + text.size();
+  const bool as_written = text.size() == digits || (text.size() > digits && text[0] != '0');
+  return whole && as_written && text[0] != '-' ? std::optional(number) : std::nullopt;
+}
+
+/// The version of this name; nothing where NameOf doesn't write it.
+std::optional<Kept> ParseName(const std::string& name) {
+  std::string_view text = name;
+  if (!text.ends_with(".nes")) return std::nullopt;
+  text.remove_suffix(4);
+  const auto number = ParseNumber<int>(Next(text, '-'), 6);
+  const auto turn = ParseNumber<int>(Next(text, '_'), 6);
+  const auto when = ParseUtc(Next(text, '_'));
+  const auto size = ParseNumber<std::uint64_t>(Next(text, '_'), 1);
+  const std::string_view hash = Next(text, '_');
+  const bool is_hash = hash.size() == 32 && std::ranges::all_of(hash, [](char c) {
+                         return (c >= '0' && c <= '9') || (c >= 'a' && c <= 'f');
+                       });
+  if (!number || !turn || !when || !size || !is_hash || !IsGoodWhat(text)) return std::nullopt;
+  if (*number < 1 || *turn < 1) return std::nullopt;
+  const bool cut = *size > VersionStore::LongestKeptWhole;
+  return Kept{{*number, *when, std::string(text), *number == 1, *size, cut},
+              *turn,
+              std::string(hash),
+              {},
+              name};
 }
 
 /// What one folder holds.
 struct Contents {
   std::vector<Kept> Versions;  ///< in the order of their turns
-  int LastNumber = 0;          ///< those of damaged versions count too
+  int LastNumber = 0;
   int LastTurn = 0;
   std::vector<std::string> Leftovers;  ///< of programs that were killed while they kept a version
 };
 
 Contents ContentsOf(const std::string& folder) {
   Contents contents;
-  for (const FoundFile& file : FilesIn(folder)) {
+  for (const std::string& file : FilesIn(folder)) {
     // A file that is being written has the start of its name with a dot before it.
     int ignored = 0;
-    if (std::sscanf(file.Name.c_str(), ".%9d-%9d_", &ignored, &ignored) == 2) {
-      contents.Leftovers.push_back(folder + "/" + file.Name);
+    if (file[0] == '.' && std::sscanf(file.c_str(), ".%9d-%9d_", &ignored, &ignored) == 2) {
+      contents.Leftovers.push_back(folder + "/" + file);
     }
-    Kept kept;
-    if (!ParseName(file.Name, kept)) continue;
-    contents.LastNumber = std::max(contents.LastNumber, kept.Facts.Number);
-    contents.LastTurn = std::max(contents.LastTurn, kept.Turn);
-    if (file.Size != kept.Size()) continue;
-    kept.Folder = folder;
-    contents.Versions.push_back(std::move(kept));
+    auto kept = ParseName(file);
+    if (!kept) continue;
+    contents.LastNumber = std::max(contents.LastNumber, kept->Facts.Number);
+    contents.LastTurn = std::max(contents.LastTurn, kept->Turn);
+    kept->Folder = folder;
+    contents.Versions.push_back(std::move(*kept));
   }
   std::ranges::sort(contents.Versions, {}, &Kept::Turn);
   return contents;
+}
+
+/// The versions of a folder that have their length; another program may have cut one short.
+std::vector<Kept> WholeVersionsOf(const std::string& folder) {
+  std::vector<Kept> versions = ContentsOf(folder).Versions;
+  std::erase_if(versions, [](const Kept& kept) {
+    std::error_code error;
+    const auto size = std::filesystem::file_size(kept.Path(), error);
+    if (error && error != std::errc::no_such_file_or_directory) FailWith(error.value());
+    return error || size != kept.Size();
+  });
+  return versions;
 }
 
 /// The contents of all images' folders but one; a folder that can't be read counts as empty.
@@ -131,8 +161,8 @@ std::span<const std::uint8_t> BytesToKeep(const FileStart& file) {
 
 /// Puts the bytes into the folder as the latest version. Where a version has them, `kept` takes
 /// over its number, and when it is the first state all but its turn.
-void Store(Contents& own, Kept& kept, std::span<const std::uint8_t> bytes) {
-  auto& versions = own.Versions;
+void Store(const Contents& own, Kept& kept, std::span<const std::uint8_t> bytes) {
+  const auto& versions = own.Versions;
   const auto same = std::ranges::find_if(versions, [&](const Kept& old) {
     return old.Hash == kept.Hash && old.Facts.FileSize == kept.Facts.FileSize &&
            HasBytes(old, bytes);
@@ -148,14 +178,11 @@ void Store(Contents& own, Kept& kept, std::span<const std::uint8_t> bytes) {
     std::error_code error;
     std::filesystem::rename(same->Path(), kept.Path(), error);
     if (error) FailWith(error.value());
-    versions.erase(same);
   }
-  versions.push_back(kept);
-  own.LastTurn = kept.Turn;
 }
 
 /// Drops an image's oldest versions until the limit is met.
-void DropOld(Contents& own, int limit) {
+void DropOverCount(Contents& own, int limit) {
   const auto is_first = [](const Kept& kept) { return kept.Facts.FirstState; };
   auto too_many = std::ssize(own.Versions) - std::ranges::count_if(own.Versions, is_first) - limit;
   std::erase_if(own.Versions, [&](const Kept& kept) {
@@ -167,7 +194,7 @@ void DropOld(Contents& own, int limit) {
 }
 
 /// Drops versions of all images until the limit is met, the longest untouched image's first.
-void DropOverTotal(const std::vector<Contents>& all, const Kept& latest, std::uint64_t limit) {
+void DropOverTotal(const std::vector<Contents>& all, int latest_turn, std::uint64_t limit) {
   struct Candidate {
     bool FirstState;
     int Touched;  ///< the image's last turn
@@ -186,7 +213,7 @@ void DropOverTotal(const std::vector<Contents>& all, const Kept& latest, std::ui
   });
   for (const Candidate& candidate : candidates) {
     if (total <= limit) return;
-    if (candidate.Version->Turn == latest.Turn) continue;
+    if (candidate.Version->Turn == latest_turn) continue;
     TryToRemoveFile(candidate.Version->Path());
     total -= candidate.Version->Size();
   }
@@ -216,8 +243,6 @@ int VersionStore::Keep(const std::string& image, const FileStart& file,
   const std::string folder = ImageFolder(base_, path);
   MakeImageFolder(folder, path);
   Contents own = ContentsOf(folder);
-  for (const std::string& leftover : own.Leftovers) TryToRemoveFile(leftover);
-  std::vector<Contents> all = ContentsOfOthers(base_, folder);
 
   Kept kept;
   kept.Facts.Number = own.LastNumber + 1;
@@ -225,22 +250,37 @@ int VersionStore::Keep(const std::string& image, const FileStart& file,
   kept.Facts.What = what;
   kept.Facts.FileSize = file.FileSize;
   kept.Turn = own.LastTurn + 1;
-  for (const Contents& other : all) kept.Turn = std::max(kept.Turn, other.LastTurn + 1);
+  for (const Contents& other : ContentsOfOthers(base_, folder)) {
+    kept.Turn = std::max(kept.Turn, other.LastTurn + 1);
+  }
   kept.Hash = HexText(HashOf(bytes));
   kept.Folder = folder;
   Store(own, kept, bytes);
-
-  DropOld(own, limits_.Versions);
-  all.push_back(std::move(own));
-  DropOverTotal(all, kept, limits_.TotalBytes);
   return kept.Facts.Number;
+}
+
+void VersionStore::DropOld(const std::string& image) const {
+  try {
+    const FileLock lock = LockStore(base_);
+    const std::string folder = ImageFolder(base_, image);
+    Contents own = ContentsOf(folder);
+    for (const std::string& leftover : own.Leftovers) TryToRemoveFile(leftover);
+    DropOverCount(own, limits_.Versions);
+    std::vector<Contents> all = ContentsOfOthers(base_, folder);
+    const int latest = own.LastTurn;
+    all.push_back(std::move(own));
+    DropOverTotal(all, latest, limits_.TotalBytes);
+  } catch (const std::runtime_error&) {
+    return;  // the next call drops them
+  }
 }
 
 std::vector<Version> VersionStore::List(const std::string& image) const {
   const auto lock = LockStoreForReading(base_);
   std::vector<Version> versions;
-  const Contents contents = ContentsOf(ImageFolder(base_, image));
-  for (const Kept& kept : contents.Versions) versions.push_back(kept.Facts);
+  for (const Kept& kept : WholeVersionsOf(ImageFolder(base_, image))) {
+    versions.push_back(kept.Facts);
+  }
   std::ranges::reverse(versions);
   std::stable_partition(versions.begin(), versions.end(),
                         [](const Version& version) { return !version.FirstState; });
@@ -249,10 +289,10 @@ std::vector<Version> VersionStore::List(const std::string& image) const {
 
 FileStart VersionStore::Read(const std::string& image, int number) const {
   const auto lock = LockStoreForReading(base_);
-  const Contents contents = ContentsOf(ImageFolder(base_, image));
-  const auto found = std::ranges::find(contents.Versions, number,
-                                       [](const Kept& kept) { return kept.Facts.Number; });
-  if (found == contents.Versions.end()) {
+  const auto versions = WholeVersionsOf(ImageFolder(base_, image));
+  const auto found =
+      std::ranges::find(versions, number, [](const Kept& kept) { return kept.Facts.Number; });
+  if (found == versions.end()) {
     throw HistoryError("There is no version " + std::to_string(number) + ".");
   }
   auto bytes = ReadFileStart(found->Path(), found->Size()).Bytes;

@@ -31,7 +31,8 @@ struct Version {
 /// (number, turn, when, size of the whole file, hash, what; the turn grows with every keeping in
 /// any image; the hash is that of bytes_hash.h). One rename puts it in place, so it is complete or
 /// absent, whenever a program is killed; no index file could contradict it. Files that are not
-/// named this way, or whose length doesn't fit their name, are passed over and never removed.
+/// named this way are passed over and never removed; one whose length doesn't fit its name isn't
+/// listed, and is dropped when its turn comes.
 ///
 /// Programs that keep versions at the same time take turns by a lock, with 5 seconds of patience.
 /// All paths are UTF-8. What can't be done throws FileError or HistoryError (both
@@ -55,13 +56,16 @@ class VersionStore {
 
   /// Keeps a file's bytes, read by ReadForKeeping, and returns the version's number. When it
   /// returns, they are safe on the disk. The same bytes are kept once: the version that has them
-  /// keeps its number and becomes the latest (the first state stays the first). Then drops what
-  /// exceeds the limits: the image's oldest versions but the first state and the one just kept;
-  /// then of all images the longest untouched, first states last. What can't be dropped now is
-  /// dropped later. The image itself isn't touched.
+  /// keeps its number and becomes the latest (the first state stays the first). The image itself
+  /// isn't touched. Call DropOld later, when nobody waits.
   /// `what` is 1 to 60 characters, letters, digits, blanks and "-,.'()"; else and with bytes that
   /// ReadForKeeping can't have given, throws std::invalid_argument.
   int Keep(const std::string& image, const FileStart& file, std::string_view what) const;
+
+  /// Drops what exceeds the limits: the image's oldest versions but the first state and the latest;
+  /// then of all images the longest untouched, first states last; and what killed programs have
+  /// left of versions. What can't be dropped now is dropped the next time, without a word.
+  void DropOld(const std::string& image) const;
 
   /// The latest first, the first state last. Reads no version's bytes, so a damaged one of the
   /// right length is listed.

@@ -31,16 +31,6 @@ Buffer NewBuffer() {
   return std::make_unique_for_overwrite<std::uint8_t[]>(piece_size);
 }
 
-/// The facts of what the path names in the end; empty if it names nothing. Throws if the system
-/// cannot tell, since the path may then be in use.
-std::optional<struct stat> FactsIfThere(const std::string& path) {
-  try {
-    return FactsOf(path);
-  } catch (const FileMissing&) {
-    return std::nullopt;
-  }
-}
-
 fs::path Canonical(const fs::path& path) {
   std::error_code error;
   fs::path canonical = fs::canonical(path, error);

@@ -71,12 +71,21 @@ void FileHandle::Sync() const {
   Checked([&] { return ::fsync(number_); });
 }
 
-struct stat FactsOf(const std::string& path) {
+std::optional<struct stat> FactsIfThere(const std::string& path) {
   // The system would stop at a zero byte and look at another file.
-  if (path.find('\0') != std::string::npos) FailWith(ENOENT);
+  if (path.find('\0') != std::string::npos) return std::nullopt;
   struct stat facts {};
-  Checked([&] { return ::stat(path.c_str(), &facts); });
+  while (::stat(path.c_str(), &facts) != 0) {
+    if (errno == ENOENT) return std::nullopt;
+    if (errno != EINTR) FailWith(errno);
+  }
   return facts;
+}
+
+struct stat FactsOf(const std::string& path) {
+  const auto facts = FactsIfThere(path);
+  if (!facts) FailWith(ENOENT);
+  return *facts;
 }
 
 }  // namespace rostermill

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
 
@@ -39,7 +40,11 @@ class FileHandle {
   int number_;
 };
 
-/// Facts of what the path names in the end. Throws FileError.
+/// The facts of what the path names in the end; empty if it names nothing. Throws FileError if the
+/// system can't tell, since the path may then be in use.
+std::optional<struct stat> FactsIfThere(const std::string& path);
+
+/// The same, and throws FileMissing if it names nothing.
 struct stat FactsOf(const std::string& path);
 
 }  // namespace rostermill

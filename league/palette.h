@@ -18,7 +18,7 @@ struct RgbColor {
   bool operator==(const RgbColor&) const = default;
 };
 
-/// The screen colour of a palette entry; empty for an index outside 0 to 63.
+/// The screen color of a palette entry; empty for an index outside 0 to 63.
 std::optional<RgbColor> PaletteColor(const Palette& palette, int index);
 
 /// The name of a palette entry, UTF-8; "Unknown" and the number in hexadecimal outside 0 to 63.

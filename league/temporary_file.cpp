@@ -51,7 +51,7 @@ std::string RandomLetters() {
   return text;
 }
 
-bool IsTemporaryName(const std::string& name, const std::string& prefix) {
+bool IsTemporaryName(std::string_view name, const std::string& prefix) {
   return name.size() == prefix.size() + random_letters && name.starts_with(prefix) &&
          std::all_of(name.end() - random_letters, name.end(),
                      [](unsigned char c) { return std::isalnum(c) != 0; });
@@ -73,7 +73,9 @@ void RemoveLeftovers(const fs::path& folder, const std::string& prefix) {
   std::error_code error;
   fs::directory_iterator entry(folder, error);
   while (!error && entry != fs::directory_iterator()) {
-    if (IsTemporaryName(entry->path().filename(), prefix)) RemoveUnlocked(entry->path());
+    const std::string& path = entry->path().native();
+    const std::string_view name = std::string_view(path).substr(path.rfind('/') + 1);
+    if (IsTemporaryName(name, prefix)) RemoveUnlocked(path);
     entry.increment(error);
   }
 }

@@ -14,6 +14,7 @@
 #include "league/load_image.h"
 #include "league/save_image.h"
 #include "rules/display_text.h"
+#include "screens/check/check_league_form.h"
 #include "screens/leaders/view_leaders.h"
 #include "screens/players/view_player.h"
 #include "screens/probowl/probowl_form.h"
@@ -21,6 +22,7 @@
 #include "screens/schedule/view_schedule.h"
 #include "screens/schedule/view_team_schedule.h"
 #include "screens/settings/game_settings_form.h"
+#include "screens/table/all_players_form.h"
 #include "screens/teams/view_teams.h"
 #include "screens/versions/versions_form.h"
 #include "shell/open_save.h"
@@ -212,6 +214,9 @@ void FRSMform::mFilUnloadROM_Click() {
   CloseIfOpen(view_teams_);
   CloseIfOpen(view_player_);
   CloseIfOpen(versions_);
+  CloseIfOpen(all_players_);
+  CloseIfOpen(check_);
+  CloseIfOpen(compare_);
   ShowStatus(no_rom);
 }
 
@@ -257,6 +262,9 @@ void FRSMform::mToolVersions_Click() {
   area_->OpenOrRaise(versions_, [this] {
     auto* form = new frmVersions(history_);
     connect(form, &frmVersions::BroughtBack, this, &FRSMform::ShowTouched);
+    connect(form, &frmVersions::Compare, this, [this](const QString& title, LeagueData league) {
+      OpenCompare({title, std::move(league), std::nullopt});
+    });
     return form;
   });
 }

@@ -4,10 +4,12 @@
 #include <QPointer>
 #include <QTimer>
 
+#include <optional>
 #include <vector>
 
 #include "history/league_history.h"
 #include "league/league_session.h"
+#include "screens/compare/compare_form.h"
 #include "shell/menu_tree.h"
 #include "shell/recent_files.h"
 #include "shell/window_host.h"
@@ -22,6 +24,8 @@ class ViewPlayer;
 class ViewSchedule;
 class ViewTeams;
 class ViewTeamSchedule;
+class frmAllPlayers;
+class frmCheckLeague;
 class frmEditGameSettings;
 class frmEditSchedule;
 class frmProbowl;
@@ -87,6 +91,11 @@ class FRSMform : public QMainWindow {
   void mWinTile_Click();
   void mWinCascade_Click();
   void mWinCloseAll_Click();
+  void mToolPlayers_Click();
+  void mToolCheck_Click();
+  void mToolCompare_Click();
+  void mToolMerge_Click();
+  void mToolPatch_Click();
   /// The 28 team commands.
   void ShowTeamSchedule(int team);
 
@@ -97,6 +106,13 @@ class FRSMform : public QMainWindow {
   void KeepUnsaved();
   /// Shows in the open forms what an undo, a redo or a state brought back has changed.
   void ShowTouched(const Touched& touched);
+  /// Opens the screen in which this part of the league can be seen and edited.
+  void ShowUnit(const Unit& unit);
+  void OpenCompare(OtherLeague other);
+  /// Asks for a file and gives the league in it; nothing where that fails or the user doesn't want.
+  std::optional<OtherLeague> AskForLeague(const QString& title);
+  /// Asks for a version or a file that something was made from, and gives its bytes.
+  std::optional<std::vector<std::uint8_t>> AskForBase(const QString& title);
   /// The open editors with values that a save leaves out, for its question; empty without one.
   std::string NotStoredText() const;
 
@@ -134,6 +150,9 @@ class FRSMform : public QMainWindow {
   QPointer<frmEditSchedule> edit_schedule_;
   QPointer<frmProbowl> probowl_;
   QPointer<frmVersions> versions_;
+  QPointer<frmAllPlayers> all_players_;
+  QPointer<frmCheckLeague> check_;
+  QPointer<frmCompare> compare_;
 };
 
 }  // namespace rostermill

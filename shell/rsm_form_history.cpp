@@ -2,10 +2,13 @@
 #include <QStringList>
 
 #include "rules/display_text.h"
+#include "screens/check/check_league_form.h"
+#include "screens/compare/compare_form.h"
 #include "screens/players/view_player.h"
 #include "screens/probowl/probowl_form.h"
 #include "screens/schedule/edit_schedule.h"
 #include "screens/settings/game_settings_form.h"
+#include "screens/table/all_players_form.h"
 #include "screens/teams/view_teams.h"
 #include "screens/versions/versions_form.h"
 #include "shell/rsm_form.h"
@@ -44,7 +47,13 @@ void FRSMform::UpdateHistoryState() {
   redo->setText(StepCaption("&Redo", history_.RedoDescription()));
   redo->setEnabled(loaded && history_.CanRedo());
   menu_.Item("mToolUnsaved")->setEnabled(loaded && !history_.LeftStates().empty());
-  if (loaded && versions_ && versions_->IsOpen()) versions_->FillList();
+  const auto fill = [loaded](const auto& form) {
+    if (loaded && form && form->IsOpen()) form->FillList();
+  };
+  fill(versions_);
+  fill(all_players_);
+  fill(check_);
+  fill(compare_);
   ShowChanged();
 }
 

@@ -96,6 +96,13 @@ std::vector<MenuRow> FRSMform::MenuRows() {
       teams("mNFCw", "mViewNFCWest"),
 
       menu("mTools", "&Tools"),
+      image_command("mTools", "mToolPlayers", "All &Players", &FRSMform::mToolPlayers_Click,
+                    "Ctrl+F"),
+      image_command("mTools", "mToolCheck", "&Check League", &FRSMform::mToolCheck_Click),
+      image_command("mTools", "mToolCompare", "Co&mpare With...", &FRSMform::mToolCompare_Click),
+      image_command("mTools", "mToolMerge", "Mer&ge With...", &FRSMform::mToolMerge_Click),
+      image_command("mTools", "mToolPatch", "Make Patc&h...", &FRSMform::mToolPatch_Click),
+      line("mnuToolB1", "mTools"),
       image_command("mTools", "mToolVersions", "Earlier &Versions", &FRSMform::mToolVersions_Click),
       command("mTools", "mToolUnsaved", "Bring Back &Unsaved Changes",
               &FRSMform::mToolUnsaved_Click),

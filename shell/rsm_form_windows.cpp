@@ -21,7 +21,8 @@ constexpr int longest_link = 60;  // characters
 
 /// The screens that the start page offers, in the order of their keys.
 constexpr std::array screen_items{"mViePlayerData", "mVieTeamData", "mSchEdit",
-                                  "mVieLeaders",    "mDatProbowl",  "mnuEditGameSettings"};
+                                  "mVieLeaders",    "mDatProbowl",  "mnuEditGameSettings",
+                                  "mToolPlayers"};
 
 }  // namespace
 

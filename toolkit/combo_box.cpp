@@ -17,8 +17,7 @@ constexpr int longest_text = 32767;  // Qt's own limit
 }  // namespace
 
 ComboBox::ComboBox(const QString& name, ListOrder order) : DropDownList(name, order) {
-  setEditable(true);
-  setLineEdit(new TextBox({}, longest_text));
+  setLineEdit(new TextBox({}, longest_text));  // which makes it editable
   setInsertPolicy(QComboBox::NoInsert);
   setCompleter(nullptr);
   connect(lineEdit(), &QLineEdit::textChanged, this, &ComboBox::KeepTypedText);

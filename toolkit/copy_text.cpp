@@ -43,4 +43,9 @@ void AddCopyAction(QWidget* widget, std::function<QString()> text) {
             [text = std::move(text)] { QGuiApplication::clipboard()->setText(text()); });
 }
 
+void AddPasteAction(QWidget* widget, std::function<void(const QString& text)> paste) {
+  AddAction(widget, "&Paste", QKeySequence::Paste,
+            [paste = std::move(paste)] { paste(QGuiApplication::clipboard()->text()); });
+}
+
 }  // namespace rostermill

@@ -19,4 +19,7 @@ void AddSelectAllAction(QWidget* widget, std::function<void()> select);
 /// clipboard.
 void AddCopyAction(QWidget* widget, std::function<QString()> text);
 
+/// Gives the widget "Paste", by Ctrl+V and in its context menu, with the text on the clipboard.
+void AddPasteAction(QWidget* widget, std::function<void(const QString& text)> paste);
+
 }  // namespace rostermill

@@ -17,6 +17,15 @@ namespace {
 /// Texts of a damaged image can be of any length.
 constexpr int longest_tool_tip = 400;
 
+QChar WidestCharacter(const QFontMetrics& metrics) {
+  QChar widest = ' ';
+  for (ushort code = '!'; code <= 0xFF; ++code) {
+    const QChar c(code);
+    if (c.isPrint() && metrics.horizontalAdvance(c) > metrics.horizontalAdvance(widest)) widest = c;
+  }
+  return widest;
+}
+
 }  // namespace
 
 QFont FixedFont() {
@@ -26,12 +35,20 @@ QFont FixedFont() {
 }
 
 int RoomFor(const QFontMetrics& metrics, int characters) {
-  QChar widest = ' ';
-  for (ushort code = '!'; code <= 0xFF; ++code) {
-    const QChar c(code);
-    if (c.isPrint() && metrics.horizontalAdvance(c) > metrics.horizontalAdvance(widest)) widest = c;
+  // Layouts ask again and again for the same few.
+  struct Known {
+    QFontMetrics Metrics;
+    int Characters;
+    int Room;
+  };
+  thread_local QList<Known> known;
+  for (const Known& room : known) {
+    if (room.Characters == characters && room.Metrics == metrics) return room.Room;
   }
-  return metrics.horizontalAdvance(QString(characters, widest));
+  if (known.size() == 8) known.removeFirst();
+  known.append({metrics, characters,
+                metrics.horizontalAdvance(QString(characters, WidestCharacter(metrics)))});
+  return known.last().Room;
 }
 
 QLabel* NewLabel(const QString& name, const QString& text) {
@@ -102,6 +119,14 @@ QString PlainToolTip(const QString& whole) {
   QString text = whole.left(longest_tool_tip);
   if (!Qt::mightBeRichText(text)) return text;
   return "<span style='white-space: pre'>" + text.toHtmlEscaped() + "</span>";
+}
+
+void OutlineTicks(QWidget& list) {
+  QPalette palette = list.palette();
+  constexpr int dark = 128;
+  if (palette.color(QPalette::Window).lightness() >= dark) return;
+  palette.setColor(QPalette::Window, palette.color(QPalette::PlaceholderText));
+  list.setPalette(palette);
 }
 
 void KeepRoomWhenHidden(QWidget* widget) {

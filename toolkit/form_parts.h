@@ -39,6 +39,10 @@ QDialogButtonBox* ButtonRow(QPushButton* accept, QPushButton* reject,
 /// The text as a tool tip that shows it literally, never as markup.
 QString PlainToolTip(const QString& text);
 
+/// Makes the ticks' frames in a list visible in a dark scheme too: the style draws them darker than
+/// the window, which on the list's dark ground is nothing.
+void OutlineTicks(QWidget& list);
+
 /// Keeps the space of a control that is hidden at times, so that the others do not move.
 void KeepRoomWhenHidden(QWidget* widget);
 

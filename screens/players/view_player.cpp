@@ -158,13 +158,22 @@ void ViewPlayer::ShowPlayer(int team, int slot) {
   if (session_.EditPlayerOpen && editor_) editor_->FillEditPlayer();
 }
 
-void ViewPlayer::ShowTouched(const Touched& touched) {
-  const int team = session_.CurTeam;
-  const int slot = session_.CurSlot;
+void ViewPlayer::GoToPlayer(int team, int slot) {
+  FillListsFor(team);
+  ShowPlayer(team, slot);
+}
+
+void ViewPlayer::FillListsFor(int team) {
   FillTeams();
   const QSignalBlocker silent(cmbTeam);
   cmbTeam->SetListIndex(cmbTeam->findText(FromLatin1(TeamListText(session_.League(), team))));
   FillPlayers(team);
+}
+
+void ViewPlayer::ShowTouched(const Touched& touched) {
+  const int team = session_.CurTeam;
+  const int slot = session_.CurSlot;
+  FillListsFor(team);
   ShowPlayerHere(team, slot);
   if (!session_.EditPlayerOpen || !editor_) return;
   if (touched.Players[team][slot]) editor_->FillEditPlayer();

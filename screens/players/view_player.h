@@ -24,6 +24,8 @@ class ViewPlayer : public ChildForm {
   /// Shows the player on view anew, with all lists. The editor keeps its pending values unless that
   /// player was changed.
   void ShowTouched(const Touched& touched);
+  /// Shows a player, of two namesakes too, as if he had been picked.
+  void GoToPlayer(int team, int slot);
   /// The editor, if it has values that are not stored yet.
   QStringList NotStored() const;
 
@@ -51,6 +53,8 @@ class ViewPlayer : public ChildForm {
   /// Fills the list of the team's players, selects the one who sorts first, and labels the
   /// positions for the team's formation.
   void FillPlayers(int team);
+  /// Fills all lists and selects the team, without an event.
+  void FillListsFor(int team);
   /// The team or slot whose text is selected; 0 if the league has none, because the list was filled
   /// before another image was loaded or a name was changed. Of equal texts the lowest counts.
   int PickedTeam() const;

@@ -17,6 +17,8 @@ class frmProbowl : public ChildForm {
  public:
   explicit frmProbowl(LeagueSession& session);
 
+  /// Opens the roster of a side, 1 AFC or 2 NFC.
+  void ShowRoster(int conference);
   /// Shows the roster anew if it is open.
   void RefreshRoster();
 
@@ -29,8 +31,6 @@ class frmProbowl : public ChildForm {
   void btnAFCroster_Click();
   void btnNFCroster_Click();
   void btnOK_Click();
-
-  void ShowRoster(int conference);
 
   LeagueSession& session_;
   QPointer<frmRoster> roster_;

@@ -212,6 +212,11 @@ void frmEditSchedule::ShowFacts() {
   lblSeason->setText(FromLatin1(GamesByWeek(WorkSchedule)));
 }
 
+void frmEditSchedule::GoToWeek(int week) {
+  CurrentWeek = static_cast<std::uint8_t>(week - 1);
+  LoadWeek(CurrentWeek);
+}
+
 void frmEditSchedule::udWeek_UpClick() {
   CurrentWeek = CurrentWeek + 1 < WeekCount ? static_cast<std::uint8_t>(CurrentWeek + 1) : 0;
   LoadWeek(CurrentWeek);

@@ -27,6 +27,8 @@ class frmEditSchedule : public ChildForm {
  public:
   explicit frmEditSchedule(LeagueSession& session);
 
+  /// Shows a week, 1 to 17.
+  void GoToWeek(int week);
   /// "Edit Schedule" if the season here is not stored yet.
   QStringList NotStored() const;
 

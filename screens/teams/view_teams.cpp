@@ -181,11 +181,20 @@ void ViewTeams::cmbTeam_Click() {
   }
 }
 
-void ViewTeams::ShowTouched(const Touched& touched) {
+void ViewTeams::GoToTeam(int team) {
+  SelectInList(team);
+  ShowTeam(team);
+}
+
+void ViewTeams::SelectInList(int team) {
   FillList();
   const QSignalBlocker silent(cmbTeam);
-  const int team = session_.ViewTeam;
   cmbTeam->SetListIndex(cmbTeam->findText(FromLatin1(TeamListText(session_.League(), team))));
+}
+
+void ViewTeams::ShowTouched(const Touched& touched) {
+  const int team = session_.ViewTeam;
+  SelectInList(team);
   ShowTeam(team, touched.Teams[team]);
 }
 

@@ -25,6 +25,8 @@ class ViewTeams : public ChildForm {
   /// Shows the team on view anew, with the list. The editor keeps its pending values unless that
   /// team was changed.
   void ShowTouched(const Touched& touched);
+  /// Shows a team as if it had been picked.
+  void GoToTeam(int team);
   /// The editor, if it has values that are not stored yet.
   QStringList NotStored() const;
 
@@ -53,6 +55,8 @@ class ViewTeams : public ChildForm {
 
   /// Fills the list and selects the team that sorts first. Raises no event.
   void FillList();
+  /// Fills the list and selects this team, without an event.
+  void SelectInList(int team);
   /// Makes this team, 1 to 28, the one on view and shows it here, and in the editor if asked.
   void ShowTeam(int number, bool in_editor = true);
   void ShowColors();

@@ -2,7 +2,6 @@
 
 #include <QDialogButtonBox>
 #include <QHeaderView>
-#include <QPlainTextEdit>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
@@ -44,13 +43,6 @@ void frmVersions::BuildControls() {
   lstVersions->header()->setStretchLastSection(false);
   lstVersions->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
   lstVersions->header()->setSectionResizeMode(What, QHeaderView::Stretch);
-  txtChanges = new QPlainTextEdit;
-  txtChanges->setObjectName("txtChanges");
-  txtChanges->setAccessibleName("Changes");
-  txtChanges->setReadOnly(true);
-  txtChanges->setTabChangesFocus(true);
-  txtChanges->setLineWrapMode(QPlainTextEdit::NoWrap);
-  txtChanges->hide();
   btnCompare = NewButton("btnCompare", "Compare");
   btnBring = NewButton("btnBring", "Bring Back");
   btnOK = NewButton("btnOK", "OK");
@@ -62,7 +54,6 @@ void frmVersions::BuildControls() {
 void frmVersions::LayOut() {
   auto* column = new QVBoxLayout(this);
   column->addWidget(lstVersions, 1);
-  column->addWidget(txtChanges, 1);
   column->addWidget(ButtonRow(btnOK, nullptr, {btnCompare, btnBring}));
   lstVersions->setMinimumWidth(fontMetrics().averageCharWidth() * 80);
 }
@@ -130,17 +121,15 @@ const frmVersions::State* frmVersions::Selected() const {
 void frmVersions::lstVersions_Click() {
   btnCompare->setEnabled(Selected() != nullptr);
   btnBring->setEnabled(Selected() != nullptr);
-  txtChanges->hide();
 }
 
 void frmVersions::btnCompare_Click() {
   const State* state = Selected();
   if (state == nullptr) return;
   try {
-    QString text;
-    for (const Change& change : ChangesOf(*state)) text += FromUtf8(ChangeLine(change));
-    txtChanges->setPlainText(text.isEmpty() ? "It is the same as the league in memory." : text);
-    txtChanges->show();
+    const auto* version = std::get_if<Version>(state);
+    emit Compare(version ? QString("version %1").arg(version->Number) : QString("unsaved changes"),
+                 LeagueOf(*state));
   } catch (const std::runtime_error& error) {
     ShowFailure(error);
   }

@@ -6,7 +6,6 @@
 #include "history/league_history.h"
 #include "toolkit/form.h"
 
-class QPlainTextEdit;
 class QTreeWidget;
 
 namespace rostermill {
@@ -25,6 +24,8 @@ class frmVersions : public ChildForm {
  signals:
   /// A state has been brought back into memory.
   void BroughtBack(const Touched& touched);
+  /// The user wants to compare this state with the league in memory.
+  void Compare(const QString& title, const LeagueData& league);
 
  private:
   using State = std::variant<UnsavedState, Version>;
@@ -51,7 +52,6 @@ class frmVersions : public ChildForm {
   std::vector<State> states_;  ///< in the order of the list
 
   QTreeWidget* lstVersions = nullptr;
-  QPlainTextEdit* txtChanges = nullptr;
   QPushButton* btnCompare = nullptr;
   QPushButton* btnBring = nullptr;
   QPushButton* btnOK = nullptr;

@@ -91,6 +91,18 @@ class AllForms : public MainWindow {
     LookAt("frmEditGameSettings", look);
     Pick("mToolVersions");
     LookAt("frmVersions", look);
+    Pick("mToolPlayers");
+    LookAt("frmAllPlayers", look);
+    LookAtDialog("frmSetRatings", look, [this] { Press("frmAllPlayers", "btnSet"); });
+    Pick("mToolCheck");
+    LookAt("frmCheckLeague", look);
+    std::vector<std::uint8_t> other = SampleBytes();
+    other[0x1FD7C] = 'B';  // the first letter of a city
+    WriteFile(folder_.Path("other.nes"), other);
+    AnswerNextFileDialog(QString::fromStdString(folder_.Path("other.nes")));
+    Pick("mToolCompare");
+    Activate(window_);
+    LookAt("frmCompare", look);
     Area().ShowForm(new Loading);
     LookAt("Loading", look);
   }

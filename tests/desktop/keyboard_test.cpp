@@ -91,11 +91,13 @@ QSet<QWidget*> ArrowWalk(QWidget* stop) {
 
 TEST_F(AllForms, EnterHasItsButtonAndTheWheelTakesNoFocus) {
   const QMap<QString, QString> default_buttons{
-      {"ViewPlayer", "btnOK"},      {"EditPlayer", "btnSavePlayer"},  {"PlayerPhotos", "btnOK"},
-      {"ViewTeams", "btnOK"},       {"EditTeam", "btnSave"},          {"ChoosePlay", "btnOK"},
-      {"ChooseColor", "btnOK"},     {"frmEditSchedule", "cmdOK"},     {"ViewLeaders", "btnOK"},
-      {"FormPrint", "btnOK"},       {"frmProbowl", "btnOK"},          {"frmRoster", "btnOK"},
-      {"frmChoosePlayer", "btnOK"}, {"frmEditGameSettings", "cmdOK"}, {"frmVersions", "btnOK"},
+      {"ViewPlayer", "btnOK"},       {"EditPlayer", "btnSavePlayer"},  {"PlayerPhotos", "btnOK"},
+      {"ViewTeams", "btnOK"},        {"EditTeam", "btnSave"},          {"ChoosePlay", "btnOK"},
+      {"ChooseColor", "btnOK"},      {"frmEditSchedule", "cmdOK"},     {"ViewLeaders", "btnOK"},
+      {"FormPrint", "btnOK"},        {"frmProbowl", "btnOK"},          {"frmRoster", "btnOK"},
+      {"frmChoosePlayer", "btnOK"},  {"frmEditGameSettings", "cmdOK"}, {"frmVersions", "btnOK"},
+      {"frmCheckLeague", "btnShow"}, {"frmCompare", "btnShow"},        {"frmAllPlayers", "btnOK"},
+      {"frmSetRatings", "btnOK"},
   };
   VisitAll([&](QWidget& form) {
     QStringList found;
@@ -199,7 +201,9 @@ TEST_F(AllForms, EveryFieldHasItsCaptionOrANameOfItsOwn) {
                 "EditTeam Abbreviation: City: Formation: Helmet: Helmet: Jersey: Jersey: Name:\n"
                 "frmEditSchedule Against itself: Games: Plays twice: Week: Without a game:\n"
                 "ViewLeaders Position:\nfrmChoosePlayer Player: Team:\n"
-                "frmEditGameSettings League A: League B: League C: Roster Year:\n");
+                "frmEditGameSettings League A: League B: League C: Roster Year:\n"
+                "frmAllPlayers Find:\n"
+                "frmCompare Filter:\n");
 }
 
 TEST_F(AllForms, EveryTextBoxTakesItsNumberOfCharacters) {

@@ -2,12 +2,16 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <memory>
 #include <set>
 
+#include "history/league_history.h"
 #include "history/store_folder.h"
 #include "history/unsaved_store.h"
 #include "history/version_store.h"
+#include "league/save_image.h"
 #include "tests/faults/fault_walk.h"
+#include "tests/support/fake_host.h"
 #include "tests/support/sample.h"
 
 namespace rostermill::test {
@@ -37,7 +41,9 @@ class HistoryFaults : public testing::Test {
 
   int KeepVersion(const std::string& text) const {
     const Bytes bytes(text.begin(), text.end());
-    return versions_.Keep(image_, {bytes, bytes.size()}, "before a save");
+    const int number = versions_.Keep(image_, {bytes, bytes.size()}, "before a save");
+    versions_.DropOld(image_);
+    return number;
   }
 
   Texts Versions() const {
@@ -165,6 +171,58 @@ TEST_F(HistoryFaults, ASaveRemovesTheStatesOrLeavesThemWhole) {
         UnsavedStore(base_, image_).Saved(std::vector{1});
         EXPECT_TRUE(Row().empty() || Row() == Texts{"today"});
       });
+}
+
+/// Whatever fails, the image is the old or the new one, and the old one is not lost without a word.
+TEST_F(HistoryFaults, AnEditorsSaveHarmsNoImageAndKeepsWhatItReplaces) {
+  const auto session = SampleSession();
+  const LeagueData sample = session->League();
+  const Bytes old = SampleBytes();
+  session->ImagePath = image_;
+  std::unique_ptr<LeagueHistory> history;
+  FakeHost host;
+  const auto prepare = [&] {
+    history.reset();
+    PutBack();
+    WriteFile(image_, old);
+    host = FakeHost();
+    LeagueOf(*session) = sample;
+    history = std::make_unique<LeagueHistory>(*session, base_);
+    history->Loaded(old);
+    session->Change("Edit Team", [](LeagueData& league) { league.TeamData[3].City = "FAULTON"; });
+  };
+  const auto kept_old = [&] {
+    const auto list = versions_.List(image_);
+    return std::ranges::any_of(list, [&](const Version& version) {
+      return versions_.Read(image_, version.Number).Bytes == old;
+    });
+  };
+  Bytes saved;
+  auto outcome = SaveOutcome::Declined;
+  int untold = 0;
+  WalkFaults(
+      prepare, [&] { outcome = SaveImage(*session, host, *history); },
+      [&](bool done) {
+        const Bytes now = FileBytes(image_);
+        if (saved.empty()) saved = now;  // the first time nothing fails
+        EXPECT_TRUE(now == saved || (now == old && outcome != SaveOutcome::Saved) ||
+                    (now == old && !done));
+        const bool told = done && !host.messages.empty();
+        if (now == saved && !kept_old() && !told) ++untold;
+        for (const Version& version : versions_.List(image_)) {
+          EXPECT_NO_THROW(versions_.Read(image_, version.Number)) << "a torn version";
+        }
+        EXPECT_EQ(session->League().TeamData[3].City, "FAULTON");
+        EXPECT_FALSE(host.busy);
+        if (now == saved) return;
+        LeagueHistory again(*session, base_);
+        again.Loaded(now);
+        session->Change("Edit Team", [](LeagueData& league) { league.TeamData[3].City = "AGAIN"; });
+        EXPECT_EQ(SaveImage(*session, host, again), SaveOutcome::Saved);
+        EXPECT_NE(FileBytes(image_), now);
+      });
+  EXPECT_NE(saved, old);
+  EXPECT_EQ(untold, 0) << "saves went over a state that wasn't kept, without a word";
 }
 
 /// A power cut must find the version under its name and in its folders before an older one goes.

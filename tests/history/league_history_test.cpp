@@ -54,5 +54,27 @@ TEST(LeagueHistory, ChangesThatCanNotBeKeptAreNoSecret) {
   EXPECT_EQ(host.messages.size(), 1U) << "told once, after the save";
 }
 
+TEST(LeagueHistory, OldVersionsGoSoonAfterASave) {
+  const TempFolder folder;
+  LeagueSession session;
+  session.AppDir = BinFolder();
+  session.ImagePath = folder.Path("league.nes");
+  WriteFile(session.ImagePath, SampleBytes());
+  FakeHost host;
+  LeagueHistory history(session, folder.Path("kept"));
+  ASSERT_EQ(LoadImage(session, host, history), LoadOutcome::Loaded);
+  for (int year = 1; year <= 33; ++year) {
+    session.Change("a city", [year](LeagueData& league) {
+      league.TeamData[1].City = "YEAR " + std::to_string(year);
+    });
+    ASSERT_EQ(SaveImage(session, host, history), SaveOutcome::Saved);
+  }
+  history.KeepUnsaved();
+  const std::vector<Version> versions = history.Versions();
+  ASSERT_EQ(versions.size(), 31U) << "30 and the first state";
+  EXPECT_EQ(versions.front().Number, 33);
+  EXPECT_TRUE(versions.back().FirstState);
+}
+
 }  // namespace
 }  // namespace rostermill::test

@@ -30,7 +30,9 @@ class VersionStoreTest : public testing::Test {
   int Keep(const std::string& text, const std::string& image = "league.nes",
            const std::string& what = "before a save") const {
     WriteFile(Image(image), text);
-    return store_.Keep(Image(image), VersionStore::ReadForKeeping(Image(image)), what);
+    const int number = store_.Keep(Image(image), VersionStore::ReadForKeeping(Image(image)), what);
+    store_.DropOld(Image(image));
+    return number;
   }
   Numbers Listed(const std::string& image = "league.nes") const {
     Numbers numbers;
@@ -177,10 +179,10 @@ TEST_F(VersionStoreTest, DamagedAndForeignFilesArePassedOverAndStay) {
                                  "000009-000009_20260730T000000Z_0_" + hash + "_.nes",
                                  "000009-000009_20260730T000000Z_0_" + hash + ".nes"};
   for (const std::string& name : names) WriteFile(folder + name, "");
-  for (const FoundFile& file : FilesIn(folder)) {
-    if (file.Name.starts_with("000001-")) WriteFile(folder + file.Name, "first and more");
-    if (file.Name.starts_with("000002-")) WriteFile(folder + file.Name, "sEcond");
-    names.push_back(file.Name);
+  for (const std::string& file : FilesIn(folder)) {
+    if (file.starts_with("000001-")) WriteFile(folder + file, "first and more");
+    if (file.starts_with("000002-")) WriteFile(folder + file, "sEcond");
+    names.push_back(file);
   }
   fs::create_directory(folder + "000008-000008_20260730T000000Z_0_" + hash + "_a.nes");
   fs::create_symlink("/dev/zero", folder + "000008-000008_20260730T000000Z_0_" + hash + "_b.nes");

@@ -1,6 +1,5 @@
 #include <QLabel>
 #include <QMessageBox>
-#include <QPlainTextEdit>
 #include <QTreeWidget>
 
 #include "rules/display_text.h"
@@ -190,8 +189,10 @@ TEST_F(History, ASaveKeepsWhatItReplaces) {
   Pick("mToolVersions");
   EXPECT_EQ(VersionRows(), QStringList{"first state, before a save: 1"});
   Press("frmVersions", "btnCompare");
-  EXPECT_TRUE(
-      Find<QPlainTextEdit>(Form("frmVersions"), "txtChanges").toPlainText().contains("AUK -> "));
+  EXPECT_EQ(Find<QLabel>(Form("frmCompare"), "lblOther").text(),
+            "The league here, and that of version 1");
+  EXPECT_EQ(Find<QLabel>(Form("frmCompare"), "lblCount").text(), "1 difference");
+  Press("frmCompare", "btnOK");
   Press("frmVersions", "btnBring");
   EXPECT_TRUE(session_.League() == *loaded_);
   AnswerNextMessage("OK");

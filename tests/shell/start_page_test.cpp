@@ -39,7 +39,7 @@ TEST_F(StartPageTest, OffersRecentFilesThenScreensAndGivesWayToForms) {
   EXPECT_EQ(session_.ImageLoaded, 1);
   const std::string screens =
       "league.nes|28 teams|<Players>|Ctrl+1|<Teams>|Ctrl+2|<Schedule>|Ctrl+3|<Leaders>|Ctrl+4|"
-      "<Probowl Roster>|Ctrl+5|<Game Settings>|Ctrl+6";
+      "<Probowl Roster>|Ctrl+5|<Game Settings>|Ctrl+6|<All Players>|Ctrl+F";
   EXPECT_EQ(Texts(), screens);
   EXPECT_EQ(Page().geometry(), Area().viewport()->rect());
   AnswerNextMessage("OK");
@@ -54,12 +54,12 @@ TEST_F(StartPageTest, OffersRecentFilesThenScreensAndGivesWayToForms) {
   EXPECT_NE(first.grab().toImage(), with_focus);
   first.setFocus();
   QStringList reached;
-  for (int link = 0; link < 6; ++link) {
+  for (int link = 0; link < 7; ++link) {
     reached << QApplication::focusWidget()->objectName();
     QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
   }
   EXPECT_EQ(reached.join(' ').toStdString(),
-            "btnLink(0) btnLink(1) btnLink(2) btnLink(3) btnLink(4) btnLink(5)");
+            "btnLink(0) btnLink(1) btnLink(2) btnLink(3) btnLink(4) btnLink(5) btnLink(6)");
 
   PressLink(3);
   EXPECT_TRUE(IsOpen("ViewLeaders"));

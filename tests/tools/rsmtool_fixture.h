@@ -25,7 +25,7 @@ class RsmtoolTest : public testing::Test {
     std::istringstream in(input);
     std::ostringstream out;
     std::ostringstream err;
-    Console console{in, out, err, out_is_terminal_, err_is_terminal_};
+    Console console{in, out, err, out_is_terminal_, err_is_terminal_, BinFolder()};
     const int code = RunRsmtool(arguments, console);
     return {code, out.str(), err.str()};
   }

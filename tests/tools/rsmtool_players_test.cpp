@@ -59,17 +59,19 @@ TEST_F(RsmtoolPlayers, TheExportIsWrittenAsASpreadsheetReadsIt) {
   const std::string out = Out({"export-players", image});
   EXPECT_EQ(std::count(out.begin(), out.end(), '\n'), 841);
   const std::string head =
-      "Team,Slot,Position,First Name,Last Name,Number,Face,Rushing Power,Running Speed,"
+      "Team,Team Name,Slot,Position,First Name,Last Name,Number,Face,Rushing Power,Running Speed,"
       "Maximum Speed,Hitting Power,Passing Speed,Pass Control,Accuracy,Avoid Pass Block,"
       "Ball Control,Receptions,Pass Interception,Quickness,Kicking Ability,Avoid Kick Block,"
       "Kick Returner,Punt Returner\r\n"
-      "1,1,QB 1,s\xC3\xA9m,\"P,\"\"VER\",12,255,13,19,25,31,38,44,50,56,,,,,,,,\r\n";
+      "1,HARBORTON SPARROWS,1,QB "
+      "1,s\xC3\xA9m,\"P,\"\"VER\",12,255,13,19,25,31,38,44,50,56,,,,,,,,\r\n";
   EXPECT_EQ(out.substr(0, head.size()), head);
   for (const char* part :
-       {"\r\n1,3,RB 1,jon,ASHLAR,23,0,63,69,75,81,,,,,88,94,,,,,yes,no\r\n",
-        "\r\n1,13,C,toby,YARROW,59,16,6,6,6,100,,,,,,,,,,,,\r\n",
-        ",0,6,6,6,6,,,,,,,13,100,,,,\r\n1,19,NT,", ",0,6,6,6,6,,,,,,,,,19,94,,\r\n1,30,P,",
-        "\r\n8,4,WR 3,"}) {  // team 8 plays 1RB 4WR
+       {"\r\n1,HARBORTON SPARROWS,3,RB 1,jon,ASHLAR,23,0,63,69,75,81,,,,,88,94,,,,,yes,no\r\n",
+        "\r\n1,HARBORTON SPARROWS,13,C,toby,YARROW,59,16,6,6,6,100,,,,,,,,,,,,\r\n",
+        ",0,6,6,6,6,,,,,,,13,100,,,,\r\n1,HARBORTON SPARROWS,19,NT,",
+        ",0,6,6,6,6,,,,,,,,,19,94,,\r\n1,HARBORTON SPARROWS,30,P,",
+        ",4,WR 3,"}) {  // team 8 plays 1RB 4WR
     EXPECT_NE(out.find(part), std::string::npos) << part;
   }
   EXPECT_EQ(Out({"export-players", image, Path("out.csv")}), "");
@@ -190,62 +192,106 @@ TEST_F(RsmtoolPlayers, HabitsOfSpreadsheets) {
   EXPECT_EQ(Changes("Team,Slot,First Name\n1,1,S\xC3\xA9m\n"),
             "SPARROWS QB 1 sam PLOVER: Name sam PLOVER -> s\xC3\xA9m PLOVER\n")
       << "UTF-8 in, Latin-1 in the image";
+  const std::string number = "SPARROWS QB 1 sam PLOVER: Number 01 -> 02\n";
+  EXPECT_EQ(Changes("Team;Slot;Number\r\n1;1;2\r\n"), number);
+  EXPECT_EQ(Changes("Team\tSlot\tNumber\n1\t\"1\"\t2\n"), number);
+  const std::string utf16(
+      "\xFF\xFET\0e\0a\0m\0\t\0S\0l\0o\0t\0\t\0F\0i\0r\0s\0t\0N\0a\0m\0e\0\n\0"
+      "1\0\t\0001\0\t\0s\0\xE9\0m\0",
+      56);
+  const std::string named = "SPARROWS QB 1 sam PLOVER: Name sam PLOVER -> s\xC3\xA9m PLOVER\n";
+  EXPECT_EQ(Changes(utf16), named);
+  EXPECT_EQ(Changes("Team,Slot,First Name\n1,1,S\xE9m\n"), named) << "Latin-1";
+}
+
+TEST_F(RsmtoolPlayers, PlayersAreFoundByWhatPeopleCallThem) {
+  const std::string number = "SPARROWS QB 1 sam PLOVER: Number 01 -> 02\n";
+  for (const char* team : {"1", "harb", "Sparrows", "Harborton Sparrows"}) {
+    for (const char* slot : {"Slot,Number\n", "Position,Number\n"}) {
+      const std::string key = slot[0] == 'S' ? "1" : "qb 1";
+      EXPECT_EQ(Changes(std::string("Team,") + slot + team + "," + key + ",2\n"), number) << team;
+    }
+  }
+  EXPECT_EQ(Changes("Team Name,Position,Number\nSPARROWS,QB1,2\n"), number);
+  EXPECT_EQ(Errors("Team Name,Position,Number\nNOBODY,QB1,2\n,QB1,2\nSPARROWS,XX,3\n"),
+            "line 2, column 1 (Team Name): \"NOBODY\" names no team\n"
+            "line 3, column 1 (Team Name): \"\" names no team\n"
+            "line 4, column 2 (Position), SPARROWS: \"XX\" is neither a slot from 1 to 30 nor a "
+            "position of the team\n"
+            "rsmtool: 3 errors; nothing was written\n");
+}
+
+TEST_F(RsmtoolPlayers, OptionsForTablesThatAreNotQuiteRight) {
+  const auto dry = [this](const std::string& csv, const QString& option) {
+    const Result result = Import(csv, {"--dry-run", option});
+    EXPECT_EQ(result.Code, 0) << result.Err;
+    return result.Out.substr(0, result.Out.find("Also"));
+  };
+  EXPECT_EQ(dry("Team,Slot,My Notes,Number\n1,1,good,2\n", "--ignore-unknown"),
+            "SPARROWS QB 1 sam PLOVER: Number 01 -> 02\n");
+  EXPECT_EQ(dry("Team,Slot,Passing Speed,Accuracy,Hitting Power\n1,1,60,66,0\n", "--round"),
+            "SPARROWS QB 1 sam PLOVER: Passing Speed 44 -> 63\n");
+  // The rows of a receiver and a center were swapped.
+  EXPECT_EQ(dry("Team,Slot,Kick Returner\n1,9,no\n1,13,yes\n", "--returners=keep"),
+            "SPARROWS: Kick Returner WR 3 clem PETREL -> RB 1 jon ASHLAR\n");
+  ExpectMessage({"import-players", "--returners=no", "a", "b"}, 2,
+                "the only value of --returners is \"keep\"; see rsmtool import-players --help");
 }
 
 TEST_F(RsmtoolPlayers, EveryErrorIsReportedWithItsPlaceAndNothingIsWritten) {
-  EXPECT_EQ(Errors("Team,Slot,Position,First Name,Last Name,Number,Face,Accuracy,Receptions\n"
-                   "1,1,QB 2,,,,,,\n"
-                   "1,2,,,plover,100,256,51,\n"
-                   "1,3,,,,0x1,-1,50,7\n"
-                   "0,31,,,,,,,\n"
-                   "\n"
-                   "1,4,,\"a\nb\",\"x\",,,,,more\n"
-                   "1,5,,\xE9,9LIVES,,,,\n"
-                   "1,6,,franklin,LONGFELLOW,,,,\n"
-                   "1,2,,,,,,,\n"),
-            "line 2, column 3 (Position): slot 1 is QB 1, not QB 2\n"
-            "line 3, column 6 (Number): \"100\" is not a number from 0 to 99\n"
-            "line 3, column 7 (Face): \"256\" is not a face number from 0 to 255\n"
-            "line 3, column 8 (Accuracy): \"51\" is not a rating; the nearest are 50 and 56\n"
-            "line 4, column 6 (Number): \"0x1\" is not a number from 0 to 99\n"
-            "line 4, column 7 (Face): \"-1\" is not a face number from 0 to 255\n"
-            "line 4, column 8 (Accuracy): RB 1 has no Accuracy\n"
-            "line 4, column 9 (Receptions): \"7\" is not a rating; the nearest are 6 and 13\n"
-            "line 5, column 1 (Team): \"0\" is not a number from 1 to 28\n"
-            "line 5, column 2 (Slot): \"31\" is not a number from 1 to 30\n"
-            "line 7, column 5 (Last Name): \"a\\x0AbX\" holds a control character\n"
-            "line 8, column 10: there is a value, and no heading above it\n"
-            "line 9, column 4 (First Name): it holds a character outside Latin-1, or the file is "
-            "not saved as UTF-8\n"
-            "line 9, column 5 (Last Name): the last name \"9LIVES\" must begin with a letter from "
-            "A to Z\n"
-            "line 10, column 5 (Last Name): \"franklin LONGFELLOW\" has more than 15 letters\n"
-            "line 11: the same player is in line 3 already\n"
-            "rsmtool: 16 errors; nothing was written\n");
+  EXPECT_EQ(
+      Errors("Team,Slot,Position,First Name,Last Name,Number,Face,Accuracy,Receptions\n"
+             "1,1,QB 2,,,,,,\n"
+             "1,2,,,plover,100,256,51,\n"
+             "1,3,,,,0x1,-1,50,7\n"
+             "0,31,,,,,,,\n"
+             "\n"
+             "1,4,,\"a\nb\",\"x\",,,,,more\n"
+             "1,5,,\xE2\x82\xAC,9LIVES,,,,\n"
+             "1,6,,franklin,LONGFELLOW,,,,\n"
+             "1,2,,,,,,,\n"),
+      "line 2, column 3 (Position), SPARROWS: slot 1 is QB 1, not QB 2\n"
+      "line 3, column 6 (Number), SPARROWS: \"100\" is not a number from 0 to 99\n"
+      "line 3, column 7 (Face), SPARROWS: \"256\" is not a face number from 0 to 255\n"
+      "line 3, column 8 (Accuracy), SPARROWS: \"51\" is not a rating; the nearest are 50 and 56\n"
+      "line 4, column 6 (Number), SPARROWS: \"0x1\" is not a number from 0 to 99\n"
+      "line 4, column 7 (Face), SPARROWS: \"-1\" is not a face number from 0 to 255\n"
+      "line 4, column 8 (Accuracy), SPARROWS: RB 1 has no Accuracy\n"
+      "line 4, column 9 (Receptions), SPARROWS: \"7\" is not a rating; the nearest are 6 and 13\n"
+      "line 5, column 1 (Team): \"0\" names no team\n"
+      "line 5, column 2 (Slot): \"31\" is neither a slot from 1 to 30 nor a position of the team\n"
+      "line 8, column 5 (Last Name), SPARROWS: \"a\\x0AbX\" holds a control character\n"
+      "line 8, column 10: there is a value, and no heading above it\n"
+      "line 9, column 4 (First Name), SPARROWS: it holds a character outside Latin-1\n"
+      "line 9, column 5 (Last Name), SPARROWS: the last name \"9LIVES\" must begin with a letter "
+      "from "
+      "A to Z\n"
+      "line 10, column 5 (Last Name), SPARROWS: \"franklin LONGFELLOW\" has more than 15 letters\n"
+      "line 11, SPARROWS: the same player is in line 3 already\n"
+      "rsmtool: 16 errors; nothing was written\n");
 }
 
 TEST_F(RsmtoolPlayers, AFileWithOneErrorIsTurnedAway) {
-  const std::string save = "save the file with commas between them\n";
   const std::vector<std::pair<std::string, std::string>> files{
       {"", "line 1: the file is empty\n"},
-      {"Team;Slot;Face\r\n1;1;7\r\n", "line 1: the columns are separated by semicolons; " + save},
-      {"Team\tSlot\n", "line 1: the columns are separated by tabs; " + save},
       {"Team,Slot,Spe\x1B[m\n", "line 1, column 3: \"Spe\\x1B[m\" is not a known column\n"},
       {"Team,Slot,Speed\n1,1,6\n1,2,13\n", "line 1, column 3: \"Speed\" is not a known column\n"},
       {"Team,,Slot\n1,,1\n1,6,2\n1,13,3\n",
        "line 3, column 2: there is a value, and no heading above it\n"},
-      {"Team,Slot,Face,FACE\n", "line 1, column 4: the column \"FACE\" appears twice\n"},
-      {"Team,Face\n1,2\n", "line 1: the column \"Slot\" is missing\n"},
+      {"Team,Slot,Face,FACE\n", "line 1, column 4 (Face): the column \"FACE\" appears twice\n"},
+      {"Team,Face\n1,2\n", "line 1: the column \"Slot\" or \"Position\" is missing\n"},
       {"Team,Slot\n1,\"1\n", "line 2, column 2: a quote is opened and never closed\n"},
       {"Team,Slot\n1,\"1\"x\n", "line 2, column 2: there is text after a closing quote\n"},
       {"Team,Slot,Kick Returner\n1,9,yes\n1,8,1\n",
-       "line 3, column 3 (Kick Returner): line 2 names another of the same team\n"},
+       "line 3, column 3 (Kick Returner), SPARROWS: line 2 names another of the same team\n"},
       {"Team,Slot,Punt Returner\n1,6,no\n",
-       "line 2, column 3 (Punt Returner): this leaves the team without one; say yes for another\n"},
+       "line 2, column 3 (Punt Returner), SPARROWS: this leaves the team without one; say yes for "
+       "another of its "
+       "players, or use --returners=keep\n"},
       {"Team,Slot,Kick Returner\n1,13,yes\n",
-       "line 2, column 3 (Kick Returner): only slots 3 to 12 can be returners\n"},
+       "line 2, column 3 (Kick Returner), SPARROWS: only slots 3 to 12 can be returners\n"},
       {"Team,Slot,Punt Returner\n1,12,maybe\n",
-       "line 2, column 3 (Punt Returner): \"maybe\" is neither yes nor no\n"}};
+       "line 2, column 3 (Punt Returner), SPARROWS: \"maybe\" is neither yes nor no\n"}};
   for (const auto& [csv, line] : files) {
     EXPECT_EQ(Errors(csv), line + "rsmtool: 1 error; nothing was written\n");
   }

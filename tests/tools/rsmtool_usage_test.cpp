@@ -10,8 +10,10 @@ class RsmtoolUsage : public RsmtoolTest {};
 
 TEST_F(RsmtoolUsage, HelpIsOnStandardOutputAndNamesEveryCommand) {
   const std::string all = Out({"--help"});
-  for (const char* command : {"check", "dump", "diff", "resave", "export-players", "import-players",
-                              "versions", "restore"}) {
+  for (const char* command :
+       {"check", "find", "diff", "dump", "apply", "merge", "make-patch", "apply-patch",
+        "export-players", "import-players", "export-teams", "import-teams", "export-schedule",
+        "import-schedule", "resave", "versions", "restore"}) {
     EXPECT_NE(all.find(std::string("\n  ") + command + " "), std::string::npos) << command;
     const std::string one = Out({command, "--help"});
     EXPECT_TRUE(one.starts_with(std::string("Usage: rsmtool ") + command + " ")) << one;

@@ -31,6 +31,7 @@
 #include "shell/rsm_form.h"
 #include "tests/support/damage.h"
 #include "tests/support/round_trip.h"
+#include "tools/driver/driver.h"
 
 namespace rostermill::test {
 namespace {
@@ -149,6 +150,7 @@ class Walker : public QObject {
   void CheckAtRest() {
     CheckValues(session_);
     if (session_.ImageLoaded != 0 && step_ % 10 == 0) CheckSave(LeagueOf(session_));
+    CheckUndo();
     if (!window_.isEnabled()) throw std::runtime_error("the window stays disabled");
     if (QApplication::overrideCursor()) throw std::runtime_error("the pointer stays busy");
     const QList<QMdiSubWindow*> forms = OpenForms(window_);
@@ -156,6 +158,22 @@ class Walker : public QObject {
     for (const QMdiSubWindow* form : forms) {
       if (form->sizeHint().width() > 1200) throw std::runtime_error("a form grows with its texts");
     }
+  }
+
+  /// A load leaves nothing to undo, so undoing everything has to lead back to what it loaded.
+  void CheckUndo() {
+    QAction& undo = driver::Find<QAction>(window_, "mnuEditUndo");
+    QAction& redo = driver::Find<QAction>(window_, "mnuEditRedo");
+    if (!undo.isEnabled() && !redo.isEnabled()) loaded_ = session_.League();
+    if (step_ % 25 != 0) return;
+    const LeagueData now = session_.League();
+    int steps = 0;
+    for (; undo.isEnabled(); ++steps) undo.trigger();
+    if (steps < most_steps && session_.League() != loaded_) {
+      throw std::runtime_error("undoing everything doesn't give the loaded league");
+    }
+    for (; steps > 0; --steps) redo.trigger();
+    if (session_.League() != now) throw std::runtime_error("redoing doesn't give the league back");
   }
 
   void StepInWindow() {
@@ -308,8 +326,11 @@ class Walker : public QObject {
     if (notes_.size() > 25) notes_.removeFirst();
   }
 
+  static constexpr int most_steps = 200;  // that can be undone
+
   FRSMform& window_;
   LeagueSession& session_;
+  LeagueData loaded_;
   std::string folder_;
   std::mt19937 random_;
   QEventLoop loop_;

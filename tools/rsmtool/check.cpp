@@ -1,5 +1,7 @@
 #include <algorithm>
 
+#include "exchange/json_text.h"
+#include "exchange/utf8.h"
 #include "exchange/wording.h"
 #include "league/load_image.h"
 #include "league/oddities.h"
@@ -8,7 +10,6 @@
 #include "league/team_data.h"
 #include "tools/rsmtool/commands.h"
 #include "tools/rsmtool/files.h"
-#include "tools/rsmtool/json_writer.h"
 
 namespace rostermill {
 
@@ -108,38 +109,29 @@ void Print(const Report& report, std::ostream& out) {
   }
 }
 
-void WriteRoom(JsonWriter& json, std::string_view key, int used, int capacity) {
-  json.BeginObject(key);
-  json.Number("used", used);
-  json.Number("capacity", capacity);
-  json.Number("left", capacity - used);
-  json.EndObject();
+Json RoomAsJson(int used, int capacity) {
+  return {{"used", used}, {"capacity", capacity}, {"left", capacity - used}};
 }
 
-void Write(JsonWriter& json, const Report& report) {
-  json.BeginObject();
-  json.Utf8("file", report.Name);
-  json.Bool("usable", report.Unusable.empty());
+Json ReportAsJson(const Report& report) {
+  Json json{{"file", report.Name}, {"usable", report.Unusable.empty()}};
   if (!report.Unusable.empty()) {
-    json.Utf8("reason", report.Unusable);
-    json.EndObject();
-    return;
+    json["reason"] = report.Unusable;
+    return json;
   }
-  json.Utf8("state", report.State);
-  WriteRoom(json, "names", report.NameBytes, NameDataCapacity);
-  WriteRoom(json, "teamTexts", report.TeamTextBytes, TeamTextCapacity);
-  json.BeginArray("oddities");
+  json["state"] = report.State;
+  json["names"] = RoomAsJson(report.NameBytes, NameDataCapacity);
+  json["teamTexts"] = RoomAsJson(report.TeamTextBytes, TeamTextCapacity);
+  Json& oddities = json["oddities"] = Json::array();
   for (const auto& [found, subject] : report.Odd) {
-    json.BeginObject();
-    json.Latin1("section", found.Section);
-    if (found.Team != 0) json.Number("team", found.Team);
-    if (found.Slot != 0) json.Number("slot", found.Slot);
-    if (!subject.empty()) json.Utf8("subject", subject);
-    json.Latin1("text", found.Text);
-    json.EndObject();
+    Json& oddity = oddities.emplace_back(Json::object());
+    oddity["section"] = found.Section;
+    if (found.Team != 0) oddity["team"] = found.Team;
+    if (found.Slot != 0) oddity["slot"] = found.Slot;
+    if (!subject.empty()) oddity["subject"] = subject;
+    oddity["text"] = Utf8Of(found.Text);
   }
-  json.EndArray();
-  json.EndObject();
+  return json;
 }
 
 /// One line on a terminal that shows how far a long run is; nothing elsewhere.
@@ -172,21 +164,19 @@ class Progress {
 
 int RunCheck(const Arguments& arguments, Console& console) {
   Progress progress(arguments, console);
-  JsonWriter json;
-  json.BeginArray();
+  Json json = Json::array();
   int code = ExitOk;
   for (const QString& path : arguments.Paths) {
     const Report report = ReportOn(path, console);
     code = std::max(code, report.Code());
     if (arguments.Json) {
-      Write(json, report);
+      json.push_back(ReportAsJson(report));
     } else {
       Print(report, console.Out);
     }
     progress.Step();
   }
-  json.EndArray();
-  if (arguments.Json) console.Out << json.Text();
+  if (arguments.Json) console.Out << JsonText(json);
   return code;
 }
 

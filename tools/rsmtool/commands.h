@@ -13,6 +13,15 @@ int RunDiff(const Arguments& arguments, Console& console);
 int RunResave(const Arguments& arguments, Console& console);
 int RunExportPlayers(const Arguments& arguments, Console& console);
 int RunImportPlayers(const Arguments& arguments, Console& console);
+int RunExportTeams(const Arguments& arguments, Console& console);
+int RunImportTeams(const Arguments& arguments, Console& console);
+int RunExportSchedule(const Arguments& arguments, Console& console);
+int RunImportSchedule(const Arguments& arguments, Console& console);
+int RunFind(const Arguments& arguments, Console& console);
+int RunApply(const Arguments& arguments, Console& console);
+int RunMerge(const Arguments& arguments, Console& console);
+int RunMakePatch(const Arguments& arguments, Console& console);
+int RunApplyPatch(const Arguments& arguments, Console& console);
 int RunVersions(const Arguments& arguments, Console& console);
 int RunRestore(const Arguments& arguments, Console& console);
 

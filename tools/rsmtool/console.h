@@ -7,6 +7,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "exchange/table.h"
+
 namespace rostermill {
 
 /// The streams that a command reads and writes; those of the process, or a test's.
@@ -16,6 +18,7 @@ struct Console {
   std::ostream& Err;
   bool OutIsTerminal = false;
   bool ErrIsTerminal = false;
+  std::string AppDir = {};  ///< the program's folder with colors.txt, a separator at its end
 };
 
 /// What a command was called with.
@@ -24,7 +27,10 @@ struct Arguments {
   QStringList Paths;
   bool Json = false;
   bool DryRun = false;
-  bool NoVersion = false;  ///< what is replaced isn't kept
+  bool NoVersion = false;   ///< what is replaced isn't kept
+  bool PreferOurs = false;  ///< in a conflict
+  bool PreferTheirs = false;
+  TableOptions Table;
 };
 
 enum ExitCode {

@@ -1,27 +1,24 @@
 #include "exchange/changes.h"
+#include "exchange/json_text.h"
 #include "tools/rsmtool/commands.h"
 #include "tools/rsmtool/files.h"
-#include "tools/rsmtool/json_writer.h"
 
 namespace rostermill {
 
 namespace {
 
 std::string ChangesAsJson(const std::vector<Change>& changes) {
-  JsonWriter json;
-  json.BeginArray();
+  Json json = Json::array();
   for (const Change& change : changes) {
-    json.BeginObject();
-    if (change.Team != 0) json.Number("team", change.Team);
-    if (change.Slot != 0) json.Number("slot", change.Slot);
-    json.Utf8("subject", change.Subject);
-    json.Utf8("what", change.What);
-    json.Utf8("from", change.From);
-    json.Utf8("to", change.To);
-    json.EndObject();
+    Json& line = json.emplace_back(Json::object());
+    if (change.Team != 0) line["team"] = change.Team;
+    if (change.Slot != 0) line["slot"] = change.Slot;
+    line["subject"] = change.Subject;
+    line["what"] = change.What;
+    line["from"] = change.From;
+    line["to"] = change.To;
   }
-  json.EndArray();
-  return json.Text();
+  return JsonText(json);
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <QFileInfo>
 
+#include <filesystem>
+#include <fstream>
 #include <functional>
 #include <limits>
 #include <optional>
@@ -94,12 +96,20 @@ std::optional<std::string> KeepReplaced(const QString& path, const Arguments& ar
   const std::string file = path.toStdString();
   try {
     if (const auto replaced = ReadReplaced(file)) {
-      VersionStore(DataFolder()).Keep(file, *replaced, "before " + arguments.Command);
+      const VersionStore versions(DataFolder());
+      versions.Keep(file, *replaced, "before " + arguments.Command);
+      versions.DropOld(file);
     }
   } catch (const std::runtime_error& error) {
     return error.what();
   }
   return std::nullopt;
+}
+
+bool IsPipe(const QString& path) {
+  std::error_code error;
+  return path != standard_stream &&
+         std::filesystem::is_fifo(std::filesystem::status(path.toStdString(), error));
 }
 
 void CheckSize(const QString& path, const FileStart& file) {
@@ -131,10 +141,14 @@ FileStart ReadImageStart(const QString& path, Console& console) {
   return start;
 }
 
-int WriteTextFile(const QString& path, std::string_view text, Console& console) {
+int WriteOtherFile(const QString& path, std::span<const std::uint8_t> bytes, Console& console) {
   KeepOtherImage(path, {}, console);
+  return WriteOutput(path, bytes, Extent::Whole, console);
+}
+
+int WriteTextFile(const QString& path, std::string_view text, Console& console) {
   const auto* bytes = reinterpret_cast<const std::uint8_t*>(text.data());
-  return WriteOutput(path, std::span(bytes, text.size()), Extent::Whole, console);
+  return WriteOtherFile(path, std::span(bytes, text.size()), console);
 }
 
 int WriteImageFile(const QString& source, const QString& path, std::span<const std::uint8_t> bytes,
@@ -163,9 +177,17 @@ std::vector<std::uint8_t> ReadWholeFile(const QString& path, Console& console) {
   return std::move(file.Bytes);
 }
 
-std::string ReadTextFile(const QString& path, Console& console) {
-  const std::vector<std::uint8_t> bytes = ReadWholeFile(path, console);
-  return {bytes.begin(), bytes.end()};
+std::string ReadTextFile(const QString& path, std::size_t limit, Console& console) {
+  FileStart file;
+  if (IsPipe(path)) {
+    std::ifstream pipe(path.toStdString(), std::ios::binary);
+    if (!pipe) throw ToolError(path.toStdString() + ": could not be opened");
+    file = ReadStream(pipe, limit);
+  } else {
+    file = ReadInput(path, limit, console);
+  }
+  if (file.FileSize > limit) throw ToolError(InputName(path) + ": the file is too large");
+  return {file.Bytes.begin(), file.Bytes.end()};
 }
 
 std::string ImageFault(const FileStart& file) {

@@ -24,14 +24,20 @@ FileStart ReadInput(const QString& path, std::size_t limit, Console& console);
 /// image's, of standard input as well.
 FileStart ReadImageStart(const QString& path, Console& console);
 
-/// A whole file of text, its bytes as they are.
-std::string ReadTextFile(const QString& path, Console& console);
+/// A whole file of text, its bytes as they are, also from a pipe, which a shell makes of "<(...)".
+/// Throws for one longer than `limit` as well.
+std::string ReadTextFile(const QString& path, std::size_t limit, Console& console);
+
+/// More than any table of a league.
+inline constexpr std::size_t LargestTable = std::size_t{64} << 20;
 
 // What is written takes the place of the file, atomically, or goes to the console's output. A
 // cartridge image that the command wasn't given to change is never written over. These give ExitOk,
 // or ExitUnconfirmed and a message.
 
 int WriteTextFile(const QString& path, std::string_view text, Console& console);
+/// Bytes that aren't an image, such as a patch.
+int WriteOtherFile(const QString& path, std::span<const std::uint8_t> bytes, Console& console);
 
 // Before one of these two replaces a file, it keeps it as an earlier version, "before resave",
 // unless `arguments` has NoVersion. If it can't be kept, it is replaced all the same, and then a

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "exchange/json_text.h"
 #include "exchange/player_table.h"
 #include "history/data_folder.h"
 #include "history/version_store.h"
@@ -10,7 +11,6 @@
 #include "league/text.h"
 #include "tools/rsmtool/commands.h"
 #include "tools/rsmtool/files.h"
-#include "tools/rsmtool/json_writer.h"
 
 namespace rostermill {
 
@@ -36,20 +36,16 @@ std::string NoVersionsText(const QString& image) {
 }
 
 std::string VersionsAsJson(const std::vector<Version>& versions) {
-  JsonWriter json;
-  json.BeginArray();
+  Json json = Json::array();
   for (const Version& version : versions) {
-    json.BeginObject();
-    json.Number("number", version.Number);
-    json.Utf8("time", TimeOf(version).toUTC().toString(Qt::ISODate).toStdString());
-    json.Utf8("what", version.What);
-    json.Bool("firstState", version.FirstState);
-    json.Number("fileSize", static_cast<std::int64_t>(version.FileSize));
-    json.Bool("cut", version.Cut);
-    json.EndObject();
+    json.push_back({{"number", version.Number},
+                    {"time", TimeOf(version).toUTC().toString(Qt::ISODate).toStdString()},
+                    {"what", version.What},
+                    {"firstState", version.FirstState},
+                    {"fileSize", version.FileSize},
+                    {"cut", version.Cut}});
   }
-  json.EndArray();
-  return json.Text();
+  return JsonText(json);
 }
 
 /// "12  2026-07-30 21:40:12  before resave" and a line end, the number in a column of this width.

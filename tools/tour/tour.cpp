@@ -41,6 +41,7 @@ int Tour::Run() {
   VisitSettings(*this);
   SaveAndReload();
   VisitVersions(*this);
+  VisitTools(*this);
   ShowSeveralForms();
   return count_;
 }

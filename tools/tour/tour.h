@@ -71,5 +71,6 @@ void VisitLeaders(Tour& tour);
 void VisitProbowl(Tour& tour);
 void VisitSettings(Tour& tour);
 void VisitVersions(Tour& tour);
+void VisitTools(Tour& tour);
 
 }  // namespace rostermill

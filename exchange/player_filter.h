@@ -1,0 +1,45 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "exchange/lookup.h"
+#include "exchange/player_table.h"
+
+namespace rostermill {
+
+/// A column's heading where there is little room: "RS", "KR", "Pos".
+std::string_view ShortHeading(const Column& column);
+
+/// What people type to find players: words, all of which have to be in the player's name, team,
+/// position or number, and conditions on columns, "RS>=69", "KR=yes". Texts are Latin-1, and case
+/// doesn't count.
+class PlayerFilter {
+ public:
+  /// Reads what is typed. What isn't understood gives a filter that Problem() tells of.
+  explicit PlayerFilter(std::string_view text = {});
+
+  /// Why the text isn't understood, UTF-8; empty where it is.
+  const std::string& Problem() const { return problem_; }
+  bool Accepts(const LeagueData& league, PlayerPlace player) const;
+
+ private:
+  enum class Relation { Equal, Unequal, Below, AtMost, Above, AtLeast };
+  struct Condition {
+    const Column* Of = nullptr;
+    Relation Is = Relation::Equal;
+    std::string Text;
+    std::optional<int> Number;
+  };
+
+  void Read(const std::string& token);
+  bool Holds(const Condition& condition, const LeagueData& league, PlayerPlace player) const;
+
+  std::vector<std::string> words_;
+  std::vector<Condition> conditions_;
+  std::string problem_;
+};
+
+}  // namespace rostermill

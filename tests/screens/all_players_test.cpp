@@ -1,0 +1,287 @@
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QRadioButton>
+#include <QSpinBox>
+#include <QStatusBar>
+#include <QTableView>
+
+#include "exchange/player_import.h"
+#include "league/ratings.h"
+#include "league/save_image.h"
+#include "tests/support/main_window.h"
+
+namespace rostermill::test {
+namespace {
+
+class AllPlayers : public MainWindow {
+ protected:
+  AllPlayers() {
+    EXPECT_TRUE(window_.OpenImageFile(path_));
+    Activate(window_);
+    Pick("mToolPlayers");
+  }
+
+  QTableView& Grid() { return Find<QTableView>(Form("frmAllPlayers"), "grdPlayers"); }
+  QString Count() { return Find<QLabel>(Form("frmAllPlayers"), "lblCount").text(); }
+  QLineEdit& Box() { return Find<QLineEdit>(Form("frmAllPlayers"), "txtFind"); }
+  int Column(const QString& heading) {
+    const QAbstractItemModel& model = *Grid().model();
+    for (int column = 0; column < model.columnCount(); ++column) {
+      if (model.headerData(column, Qt::Horizontal).toString() == heading) return column;
+    }
+    ADD_FAILURE() << heading.toStdString();
+    return 0;
+  }
+  QModelIndex Cell(int row, const QString& heading) {
+    return Grid().model()->index(row, Column(heading));
+  }
+  QString Text(int row, const QString& heading) { return Cell(row, heading).data().toString(); }
+  void GoTo(const QModelIndex& cell) {
+    Grid().selectionModel()->setCurrentIndex(cell, QItemSelectionModel::ClearAndSelect);
+  }
+  /// Types into a cell as a user does.
+  void Edit(int row, const QString& heading, const QString& text) {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    GoTo(Cell(row, heading));
+    Grid().edit(Cell(row, heading));
+    auto* editor = Grid().viewport()->findChild<QLineEdit*>();
+    ASSERT_NE(editor, nullptr);
+    editor->selectAll();
+    QTest::keyClicks(editor, text);
+    QTest::keyClick(editor, Qt::Key_Return);
+    QCoreApplication::processEvents();
+  }
+  void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::keyClick(&Grid(), key, modifiers);
+  }
+  void Paste(const QString& text) {
+    QGuiApplication::clipboard()->setText(text);
+    Activate(window_);
+    Grid().setFocus();
+    Key(Qt::Key_V, Qt::ControlModifier);
+  }
+  void Head(const QString& heading, Qt::KeyboardModifiers modifiers = {}) {
+    QHeaderView& head = *Grid().horizontalHeader();
+    const int column = Column(heading);
+    const QPoint place(head.sectionViewportPosition(column) + 5, head.height() / 2);
+    Grid().scrollTo(Cell(0, heading));
+    QTest::mouseClick(head.viewport(), Qt::LeftButton, modifiers,
+                      QPoint(head.sectionViewportPosition(column) + 5, place.y()));
+  }
+};
+
+TEST_F(AllPlayers, WordsAndConditionsFindPlayers) {
+  EXPECT_EQ(QApplication::focusWidget(), &Box());
+  EXPECT_EQ(Count(), "840 of 840 players");
+  QStringList headings;
+  for (int column = 0; column < Grid().model()->columnCount(); ++column) {
+    headings << Grid().model()->headerData(column, Qt::Horizontal).toString();
+  }
+  EXPECT_EQ(headings.join(' '),
+            "Team Pos First Last No Photo RS RP MS HP PS PC PA APB BC R PI Q KA AKB KR PR");
+  const std::vector<std::pair<const char*, const char*>> texts{
+      {"plover sparrow", "1 of 840 players"}, {"qb1 #01 harb", "1 of 840 players"},
+      {"kr=yes", "28 of 840 players"},        {"KR=yes PR=yes", "1 of 840 players"},
+      {"pc>=0", "56 of 840 players"},         {"RS<=6 team!=x", "18 of 840 players"}};
+  for (const auto& [text, count] : texts) {
+    Box().setText(text);
+    EXPECT_EQ(Count(), count) << text;
+    EXPECT_EQ(Box().toolTip(), "");
+  }
+  const QString before = Count();
+  const QColor ground = Box().palette().color(QPalette::Base);
+  const std::vector<std::pair<const char*, const char*>> wrong{
+      {"XX>1", "\"XX>1\": there is no such column"},
+      {"RS>", "\"RS>\": a number has to follow"},
+      {"RS=>1", "\"RS=>1\": the signs are = != < <= > >="},
+      {"Last<5", "\"Last<5\": this column has no numbers"}};
+  for (const auto& [text, why] : wrong) {
+    Box().setText(text);
+    EXPECT_EQ(Box().toolTip(), why);
+    EXPECT_EQ(Count(), before) << "the list stays";
+    EXPECT_NE(Box().palette().color(QPalette::Base), ground);
+  }
+  Box().clear();
+  EXPECT_EQ(Count(), "840 of 840 players");
+  EXPECT_EQ(Box().palette().color(QPalette::Base), ground);
+}
+
+TEST_F(AllPlayers, HeadingsSortAndShiftSortsWithin) {
+  Head("RP");
+  const auto rating = [&](int row) { return Text(row, "RP").toInt(); };
+  for (int row = 1; row < 840; ++row) ASSERT_LE(rating(row - 1), rating(row)) << row;
+  Head("Last", Qt::ShiftModifier);
+  for (int row = 1; row < 840; ++row) {
+    ASSERT_LE(rating(row - 1), rating(row)) << row;
+    if (rating(row - 1) == rating(row)) {
+      ASSERT_LE(Text(row - 1, "Last"), Text(row, "Last")) << row;
+    }
+  }
+  Head("PC");
+  EXPECT_NE(Text(55, "PC"), "");
+  EXPECT_EQ(Text(56, "PC"), "") << "those without the rating come last";
+}
+
+TEST_F(AllPlayers, CellsAreEditedByTheRulesOfAnImport) {
+  Edit(0, "PS", "60");
+  EXPECT_EQ(session_.League().QBData[1][1].PassingSpeed, 9);
+  EXPECT_EQ(Text(0, "PS"), "63");
+  EXPECT_EQ(window_.statusBar()->currentMessage(), "There is no rating of 60; the nearest is 63");
+  EXPECT_EQ(Item("mnuEditUndo").text(), "&Undo Edit Passing Speed: Sam Plover");
+  Pick("mViePlayerData");
+  Pick("mToolPlayers");
+  Edit(0, "Last", "Heron");
+  EXPECT_EQ(session_.League().NameData[1][1].LastName, "HERON");
+  Edit(0, "Last", "9lives");
+  EXPECT_EQ(Text(0, "Last"), "HERON");
+  EXPECT_EQ(
+      window_.statusBar()->currentMessage(),
+      "SPARROWS QB 1 sam 9LIVES, Name: the last name \"9LIVES\" must begin with a letter from "
+      "A to Z");
+  EXPECT_FALSE(Cell(0, "BC").flags().testFlag(Qt::ItemIsEditable)) << "a QB has none";
+  EXPECT_FALSE(Cell(0, "Team").flags().testFlag(Qt::ItemIsEditable));
+  Edit(2, "KR", "yes");
+  EXPECT_EQ(session_.League().SkillData[1][1].KickReturner, 1);
+  EXPECT_EQ(Text(8, "KR"), "") << "who had it";
+  Edit(2, "KR", "no");
+  EXPECT_EQ(session_.League().SkillData[1][1].KickReturner, 1);
+  GoTo(Cell(0, "PS"));
+  Key(Qt::Key_Plus);
+  Key(Qt::Key_Plus);
+  Key(Qt::Key_Minus);
+  EXPECT_EQ(Text(0, "PS"), "69");
+  Key(Qt::Key_Delete);
+  EXPECT_EQ(Text(0, "PS"), "69");
+  Pick("mnuEditUndo");
+  EXPECT_EQ(Text(0, "PS"), "75") << "the table follows every change";
+}
+
+TEST_F(AllPlayers, ABlockIsPastedWholeOrNotAtAll) {
+  GoTo(Cell(0, "First"));
+  // As LibreOffice Calc and Excel put cells on the clipboard.
+  Paste("al\tHERON\r\n\"bo\"\tTERN\r\n");
+  EXPECT_EQ(Text(0, "First") + Text(0, "Last") + Text(1, "First") + Text(1, "Last"),
+            "alHERONboTERN");
+  EXPECT_EQ(Item("mnuEditUndo").text(), "&Undo Paste 4 Cells");
+  const LeagueData before = session_.League();
+  QString told;
+  OnNextDialog([&told](QDialog& dialog) {
+    told = dynamic_cast<QMessageBox&>(dialog).text();
+    dialog.accept();
+  });
+  Paste("zed\t9\n\"two\nlines\"\tX\n");
+  EXPECT_EQ(
+      told,
+      "Nothing was changed:\n\nSPARROWS QB 1 zed 9, Name: the last name \"9\" must begin with "
+      "a letter from A to Z\nSPARROWS QB 2 two\\x0Alines X, Name: \"two\\x0AlinesX\" holds a "
+      "control character");
+  EXPECT_TRUE(session_.League() == before);
+  GoTo(Cell(839, "PR"));
+  AnswerNextMessage("OK");
+  Paste("a\tb\n");
+  EXPECT_TRUE(session_.League() == before);
+
+  Grid().clearSelection();
+  Grid().selectionModel()->select(QItemSelection(Cell(2, "RS"), Cell(4, "RP")),
+                                  QItemSelectionModel::Select);
+  Paste("100");
+  EXPECT_EQ(Text(2, "RS") + Text(4, "RP") + Text(3, "RS"), "100100100");
+  EXPECT_NE(Text(5, "RS"), "100");
+}
+
+TEST_F(AllPlayers, WholeRowsAreCopiedWithHeadingsAndPastedBack) {
+  Grid().selectRow(0);
+  Grid().setFocus();
+  Key(Qt::Key_C, Qt::ControlModifier);
+  const QString copied = QGuiApplication::clipboard()->text();
+  EXPECT_EQ(
+      copied,
+      "Team\tPos\tFirst\tLast\tNo\tPhoto\tRS\tRP\tMS\tHP\tPS\tPC\tPA\tAPB\tBC\tR\tPI\tQ\tKA\t"
+      "AKB\tKR\tPR\nHARBORTON SPARROWS\tQB 1\tsam\tPLOVER\t01\t99\t38\t63\t13\t6\t44\t44\t69\t"
+      "44\t\t\t\t\t\t\t\t\n");
+  const LeagueData before = session_.League();
+  Paste(copied);
+  EXPECT_TRUE(session_.League() == before);
+  Paste(QString(copied).replace("\t01\t", "\t77\t"));
+  EXPECT_EQ(session_.League().NameData[1][1].JerseyNumber, "77");
+}
+
+TEST_F(AllPlayers, AHugePasteSavesTheBytesOfTheSameImport) {
+  QString block;
+  std::string csv = "Team,Slot,Number,Running Speed\n";
+  for (int row = 0; row < 200; ++row) {
+    const int number = (row * 7) % 100;
+    const int rating = row % 2 == 0 ? 50 : 94;
+    block += QString("%1\t%2\t%3\n").arg(number).arg(row % 256).arg(rating);
+    csv += std::to_string(row / 30 + 1) + "," + std::to_string(row % 30 + 1) + "," +
+           std::to_string(number) + "," + std::to_string(rating) + "\n";
+  }
+  GoTo(Cell(0, "No"));
+  Paste(block);
+  LeagueData imported = SampleSession()->League();
+  for (int row = 0; row < 200; ++row) SetFace(imported, row / 30 + 1, row % 30 + 1, row);
+  EXPECT_TRUE(ImportPlayers(csv, {}, imported).empty());
+  SaveLeague(session_.League(), path_, [] {});
+  WriteFile(folder_.Path("imported.nes"), SampleBytes());
+  SaveLeague(imported, folder_.Path("imported.nes"), [] {});
+  EXPECT_EQ(FileBytes(path_), FileBytes(folder_.Path("imported.nes")));
+  EXPECT_NE(FileBytes(path_), SampleBytes());
+}
+
+TEST_F(AllPlayers, RatingsAreSetForManyAtOnce) {
+  Box().setText("qb1 harborton");
+  Grid().selectAll();
+  Box().setText("qb");
+  Grid().selectAll();
+  EXPECT_EQ(Count(), "56 of 840 players, 56 selected");
+  const LeagueData before = session_.League();
+  QStringList effects;
+  OnNextDialog([&](QDialog& dialog) {
+    const auto effect = [&] { effects << Find<QLabel>(dialog, "lblEffect").text(); };
+    effect();
+    EXPECT_FALSE(Find<QPushButton>(dialog, "btnOK").isEnabled());
+    EXPECT_FALSE(Find<QCheckBox>(dialog, "chkRating(8)").isEnabled()) << "no QB has Ball Control";
+    Find<QCheckBox>(dialog, "chkRating(3)").click();
+    Find<QRadioButton>(dialog, "radPercent").click();
+    Find<QSpinBox>(dialog, "spnPercent").setValue(-100);
+    effect();
+    Find<QRadioButton>(dialog, "radValue").click();
+    Find<QComboBox>(dialog, "cmbValue").setCurrentText("100");
+    effect();
+    Find<QPushButton>(dialog, "btnOK").click();
+  });
+  Press("frmAllPlayers", "btnSet");
+  EXPECT_EQ(effects[0], "56 players, 0 ratings change");
+  EXPECT_TRUE(effects[1].endsWith(" at the bottom already")) << effects[1].toStdString();
+  EXPECT_EQ(effects[2], "56 players, 56 ratings change");
+  EXPECT_EQ(Item("mnuEditUndo").text(), "&Undo Set 56 Ratings");
+  for (int team = 1; team <= 28; ++team) {
+    EXPECT_EQ(session_.League().QBData[team][1].HittingPower, 15);
+    EXPECT_EQ(session_.League().QBData[team][2].HittingPower, 15);
+  }
+  Pick("mnuEditUndo");
+  EXPECT_TRUE(session_.League() == before);
+}
+
+TEST_F(AllPlayers, APlayerIsShownAndTheColumnsAreKept) {
+  GoTo(Cell(31, "RS"));
+  Press("frmAllPlayers", "btnShow");
+  EXPECT_EQ(session_.CurTeam, 2);
+  EXPECT_EQ(session_.CurSlot, 2);
+  EXPECT_TRUE(IsOpen("ViewPlayer"));
+  Grid().setColumnHidden(Column("Photo"), true);
+  Grid().horizontalHeader()->moveSection(0, 3);
+  Press("frmAllPlayers", "btnOK");
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  Pick("mToolPlayers");
+  EXPECT_TRUE(Grid().isColumnHidden(Column("Photo")));
+  EXPECT_EQ(Grid().horizontalHeader()->visualIndex(0), 3);
+}
+
+}  // namespace
+}  // namespace rostermill::test
