@@ -52,7 +52,7 @@ int main(int argc, char** argv) {
   AddMenus(window.menuBar());
   window.statusBar()->addWidget(new QLabel("No ROM Loaded"), 1);
   window.statusBar()->addPermanentWidget(new QLabel("Smallest 1.3"));
-  window.resize(1120, 800);
+  window.resize(1440, 860);
   window.show();
   return QApplication::exec();
 }

@@ -16,6 +16,8 @@ inline constexpr std::uint16_t NoColor = 65535;
 struct LeaderRow {
   std::string Name;
   IndexedArray<std::int16_t, 1, 8> Attr;
+  std::int16_t Team = 0;  ///< whose player it is, from 1
+  std::int16_t Slot = 0;  ///< the player's place on the team, from 1
   bool operator==(const LeaderRow&) const = default;
 };
 

@@ -120,6 +120,8 @@ int FillLeaderRows(const LeagueData& league, int group, LeaderTable& rows) {
       if (!BelongsTo(taken, league.TeamData[team].Formation, slot)) continue;
       LeaderRow& row = rows[++count];
       row.Name = DisplayName(league, team, slot);
+      row.Team = static_cast<std::int16_t>(team);
+      row.Slot = static_cast<std::int16_t>(slot);
       for (int column = 1; column <= columns; ++column) {
         row.Attr[column] = static_cast<std::int16_t>(PlaceCode(league, team, slot, places[column]));
       }

@@ -1,52 +1,15 @@
 #include "shell/readable_selection.h"
 
-#include <algorithm>
-#include <cmath>
+#include "toolkit/readable_color.h"
 
 namespace rostermill {
-
-namespace {
-
-/// Relative luminance of an sRGB color, 0 to 1, as defined by the accessibility guidelines (WCAG
-/// 2).
-double Luminance(const QColor& color) {
-  const auto linear = [](double part) {
-    return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-  };
-  return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-         0.0722 * linear(color.blueF());
-}
-
-bool StandsOut(const QColor& text, const QColor& ground) {
-  const auto [dark, light] = std::minmax({Luminance(text), Luminance(ground)});
-  return light + 0.05 >= 4.5 * (dark + 0.05);
-}
-
-QColor GroundFor(const QColor& text, const QColor& ground) {
-  constexpr double middle = 0.18;  // black and white have the same contrast to it
-  const bool light_text = Luminance(text) > middle;
-  constexpr int steps = 50;
-  for (int step = 0; step <= steps; ++step) {
-    const double part = static_cast<double>(step) / steps;
-    const double end = light_text ? 0 : 1;
-    const auto towards = [&](double from) {
-      return static_cast<float>(from + (end - from) * part);
-    };
-    const QColor changed =
-        QColor::fromRgbF(towards(ground.redF()), towards(ground.greenF()), towards(ground.blueF()));
-    if (StandsOut(text, changed)) return changed;
-  }
-  return ground;
-}
-
-}  // namespace
 
 QPalette ReadableSelection(QPalette palette) {
   for (const auto group : {QPalette::Active, QPalette::Inactive}) {
     const QColor text = palette.color(group, QPalette::HighlightedText);
     palette.setColor(group, QPalette::HighlightedText, text);
     palette.setColor(group, QPalette::Highlight,
-                     GroundFor(text, palette.color(group, QPalette::Highlight)));
+                     StandingOut(palette.color(group, QPalette::Highlight), text));
   }
   return palette;
 }

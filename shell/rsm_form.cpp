@@ -27,6 +27,7 @@
 #include "screens/versions/versions_form.h"
 #include "shell/open_save.h"
 #include "shell/readable_selection.h"
+#include "shell/start_page.h"
 #include "toolkit/elided_label.h"
 #include "toolkit/file_drops.h"
 #include "toolkit/form_parts.h"
@@ -38,7 +39,6 @@ namespace rostermill {
 namespace {
 
 constexpr const char* no_rom = "No ROM Loaded";
-constexpr QSize opening_size(1120, 800);
 
 /// A caption that shows "&" literally, not as an access key, and a tab not as a column.
 QString PlainCaption(const std::string& text) {
@@ -71,6 +71,11 @@ FRSMform::FRSMform(LeagueSession& session, QSettings* settings)
   MDIForm_Load();
 }
 
+FRSMform::~FRSMform() {
+  // The area reports once more when it is hidden.
+  disconnect(area_, nullptr, this, nullptr);
+}
+
 void FRSMform::BuildWindow() {
   QApplication::setPalette(ReadableSelection(QApplication::palette()));
   setObjectName("FRSMform");
@@ -79,6 +84,10 @@ void FRSMform::BuildWindow() {
   new FileDrops(this);
   menu_.Build(*menuBar(), MenuRows());
   menu_.Item("mnuFileRecentFiles")->menu()->setToolTipsVisible(true);
+  start_page_ = new StartPage(*area_);
+  connect(area_, &QMdiArea::subWindowActivated, this, &FRSMform::FollowForms);
+  connect(menu_.Item("mWindow")->menu(), &QMenu::aboutToShow, this, &FRSMform::ListForms);
+  FollowForms();
   statusBar()->setObjectName("StatusBar1");
   status_ = new ElidedLabel("StatusBar1.Panels(1)");
   statusBar()->addWidget(status_, 1);
@@ -92,11 +101,7 @@ void FRSMform::BuildWindow() {
 }
 
 void FRSMform::MDIForm_Load() {
-  const QRect room = screen()->availableGeometry();
-  resize(opening_size.boundedTo(room.size() * 0.95));
-  QRect place = geometry();
-  place.moveCenter(room.center());
-  move(place.topLeft());
+  PlaceWindow();
   UpdateCommandState();
   ShowStatus(no_rom);
 }
@@ -132,6 +137,7 @@ bool FRSMform::OpenImageFile(const std::string& path) {
     ShowStatus(path);
   } else {
     session_.ImagePath = path_in_use;
+    ShowStartPage();
   }
   if (outcome == LoadOutcome::EndProgram) EndProgram();
   return outcome == LoadOutcome::Loaded;
@@ -148,9 +154,11 @@ void FRSMform::dropEvent(QDropEvent* event) {
   event->acceptProposedAction();
   // The program that the file comes from waits for the end of this event; a message box must not
   // keep it waiting.
-  QTimer::singleShot(0, this, [this, path] {
-    if (isEnabled() && OpenImageFile(ToUtf8(path))) AddRecentFile(path);
-  });
+  QTimer::singleShot(0, this, [this, path] { OpenFromOutside(path); });
+}
+
+void FRSMform::OpenFromOutside(const QString& path) {
+  if (isEnabled() && OpenImageFile(ToUtf8(path))) AddRecentFile(path);
 }
 
 void FRSMform::AddRecentFile(const QString& path) {
@@ -177,6 +185,7 @@ void FRSMform::UpdateRecentList() {
     item->setEnabled(filled);
     if (filled) submenu->setEnabled(true);
   }
+  ShowStartPage();
 }
 
 void FRSMform::mnuFileRecent_Click(int Index) {

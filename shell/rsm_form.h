@@ -18,6 +18,7 @@
 namespace rostermill {
 
 class ElidedLabel;
+class StartPage;
 class ViewLeaders;
 class ViewPlayer;
 class ViewSchedule;
@@ -39,10 +40,14 @@ class FRSMform : public QMainWindow {
  public:
   /// `settings` holds the recent files and outlives the window; null means the user's own settings.
   explicit FRSMform(LeagueSession& session, QSettings* settings = nullptr);
+  ~FRSMform() override;
 
   /// Loads the image at the path, UTF-8. A file that is rejected leaves the path and the league in
   /// use unchanged. False if nothing was loaded.
   bool OpenImageFile(const std::string& path);
+
+  /// Loads the image at the path like one that is dropped on the window, unless the window is busy.
+  void OpenFromOutside(const QString& path);
 
   /// Enables the commands that need an image, and gives the team commands their captions.
   void UpdateCommandState();
@@ -58,6 +63,8 @@ class FRSMform : public QMainWindow {
   // A dropped image is loaded like one chosen by the command.
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
+  // The size of the window is kept for the next start.
+  void closeEvent(QCloseEvent* event) override;
 
  private:
   void BuildWindow();
@@ -81,6 +88,9 @@ class FRSMform : public QMainWindow {
   void mnuEditRedo_Click();
   void mToolVersions_Click();
   void mToolUnsaved_Click();
+  void mWinTile_Click();
+  void mWinCascade_Click();
+  void mWinCloseAll_Click();
   void mToolPlayers_Click();
   void mToolCheck_Click();
   void mToolCompare_Click();
@@ -106,6 +116,14 @@ class FRSMform : public QMainWindow {
   /// The open editors with values that a save leaves out, for its question; empty without one.
   std::string NotStoredText() const;
 
+  /// Gives the window the size that it had last, in the middle of the screen.
+  void PlaceWindow();
+  void ShowStartPage();
+  /// Enables what the Window menu can do with the open forms.
+  void FollowForms();
+  /// Lists the open forms in the Window menu, in the order of Ctrl+Tab.
+  void ListForms();
+
   void ShowStatus(const std::string& text);
   /// Ends the program, whatever is open.
   void EndProgram();
@@ -116,6 +134,8 @@ class FRSMform : public QMainWindow {
   RecentFiles recent_files_;
   MenuTree menu_;
   ChildArea* area_;
+  StartPage* start_page_ = nullptr;
+  QList<QAction*> form_items_;
   WindowHost host_;
   ElidedLabel* status_ = nullptr;
   QLabel* lblChanged = nullptr;

@@ -32,7 +32,7 @@ void WindowHost::ShowLoading() {
   focus_before_ = window_.focusWidget();
   loading_ = new Loading;
   area_.ShowForm(loading_);
-  area_.CentreForm(loading_);
+  area_.CenterForm(loading_);
 }
 
 void WindowHost::SetBusy(bool busy) {

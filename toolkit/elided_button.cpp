@@ -33,8 +33,10 @@ QSize ElidedButton::sizeHint() const {
   QStyleOptionButton option;
   QPushButton::initStyleOption(&option);
   QSize content = fontMetrics().size(Qt::TextSingleLine, widest_);
-  content.rwidth() += iconSize().width() + icon_gap;
-  content.setHeight(std::max(content.height(), iconSize().height()));
+  if (!icon().isNull()) {
+    content.rwidth() += iconSize().width() + icon_gap;
+    content.setHeight(std::max(content.height(), iconSize().height()));
+  }
   return style()->sizeFromContents(QStyle::CT_PushButton, &option, content, this);
 }
 

@@ -21,6 +21,7 @@ constexpr int default_width = 960;  // twips
 constexpr int row_padding = 6;
 constexpr int columns_at_first = 8;
 constexpr int widest_at_first = 10 * twips_per_inch;
+constexpr int fitting = 12;            // characters that have room in any font
 constexpr int longest_measured = 100;  // characters; a damaged text can have thousands
 
 void ShowBare(QTableView& view) {
@@ -91,7 +92,8 @@ void FlexGrid::WidenToText(int column) {
     const QString text = TextMatrix(row, column).left(longest_measured);
     widest = std::max(widest, fontMetrics().horizontalAdvance(text) + margin);
   }
-  SetPixelWidth(column, std::min(widest, 2 * width));
+  const int limit = std::max(2 * width, RoomFor(fontMetrics(), fitting) + margin);
+  SetPixelWidth(column, std::min(widest, limit));
 }
 
 void FlexGrid::SetTextMatrix(int row, int column, const QString& text, const QString& tool_tip) {

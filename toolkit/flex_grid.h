@@ -16,7 +16,8 @@ class FlexGrid : public QTableWidget {
 
   /// `twips`: 1440 are one inch.
   void SetColWidth(int column, int twips);
-  /// Widens a column to its widest text, at most to twice its width.
+  /// Widens a column to its widest text, at most to twice its width or to the room of 12
+  /// characters.
   void WidenToText(int column);
   void SetTextMatrix(int row, int column, const QString& text, const QString& tool_tip = {});
   QString TextMatrix(int row, int column) const;

@@ -2,13 +2,19 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QDialogButtonBox>
 #include <QKeyEvent>
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QPushButton>
+#include <QStyle>
 
 #include <algorithm>
+#include <climits>
+#include <numeric>
+#include <tuple>
 
+#include "toolkit/child_style.h"
 #include "toolkit/held_keys.h"
 
 namespace rostermill {
@@ -23,6 +29,13 @@ void LeaveKeysToMenu(QMdiSubWindow& window) {
       action->setShortcut(QKeySequence("Ctrl+F4"));
     }
   }
+}
+
+/// The width in which a window can show its whole title between its icon and its three buttons.
+int RoomForTitle(const QMdiSubWindow& window) {
+  const int bar = window.style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, &window);
+  constexpr int signs = 5;
+  return window.fontMetrics().horizontalAdvance(window.windowTitle()) + signs * bar;
 }
 
 /// The control that the Tab key reaches first; null for a form that takes the focus itself.
@@ -99,6 +112,17 @@ ChildArea::ChildArea() {
   // A small screen or a large font can leave a form outside; the area can then be scrolled to it.
   setHorizontalScrollBarPolicy(Qt::ScrollBarAsNeeded);
   setVerticalScrollBarPolicy(Qt::ScrollBarAsNeeded);
+  ShadeBackground();
+}
+
+void ChildArea::changeEvent(QEvent* event) {
+  QMdiArea::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) ShadeBackground();
+}
+
+void ChildArea::ShadeBackground() {
+  constexpr int shade = 112;  // percent
+  setBackground(palette().color(QPalette::Window).darker(shade));
 }
 
 void ChildArea::ShowForm(ChildForm* form) {
@@ -106,10 +130,13 @@ void ChildArea::ShowForm(ChildForm* form) {
   if (window == nullptr) {
     window = addSubWindow(form);
     window->setAttribute(Qt::WA_DeleteOnClose);
+    if (style_ == nullptr) style_ = new ChildStyle(this);
+    window->setStyle(style_);
     LeaveKeysToMenu(*window);
     const QSize room = viewport()->size();
-    window->resize(window->sizeHint().boundedTo(room).expandedTo(window->minimumSizeHint()));
-    MoveInside(*window, window->pos());
+    const QSize wanted = window->sizeHint().expandedTo({RoomForTitle(*window), 0});
+    window->resize(wanted.boundedTo(room).expandedTo(window->minimumSizeHint()));
+    MoveInside(*window, FreePlace(window->size()));
     window->show();
   }
   if (window->isMinimized()) window->showNormal();
@@ -119,9 +146,49 @@ void ChildArea::ShowForm(ChildForm* form) {
   (focused != nullptr ? focused : form)->setFocus();
 }
 
-void ChildArea::CentreForm(ChildForm* form) {
+void ChildArea::CenterForm(ChildForm* form) {
   QWidget* window = form->parentWidget();
   MoveInside(*window, viewport()->rect().center() - window->rect().center());
+}
+
+QPoint ChildArea::FreePlace(QSize size) const {
+  constexpr int offset = 30;  // leaves the title bar in view
+  QList<QRect> taken;
+  QList<QRect> buttons;
+  QList<int> lefts{0};
+  QList<int> tops{0};
+  for (const QMdiSubWindow* window : subWindowList()) {
+    if (!window->isVisible() || window->isMinimized()) continue;
+    const QRect place = window->geometry();
+    taken << place;
+    for (const auto* row : window->findChildren<QDialogButtonBox*>()) {
+      buttons << QRect(row->mapTo(viewport(), QPoint()), row->size());
+    }
+    lefts << place.right() + 1 << place.left() + offset << place.left();
+    tops << place.top() << place.bottom() + 1 << place.top() + offset;
+  }
+  const QRect room = viewport()->rect();
+  const auto hidden = [](const QList<QRect>& parts, const QRect& by) {
+    return std::accumulate(parts.begin(), parts.end(), 0, [&](int sum, const QRect& part) {
+      const QRect common = part & by;
+      return sum + common.width() * common.height();
+    });
+  };
+  // What is hidden of the buttons counts first, then what is hidden of the windows.
+  std::tuple<int, int> least{INT_MAX, INT_MAX};
+  QPoint best;
+  for (const int top : tops) {
+    for (const int left : lefts) {
+      const QRect place(QPoint(std::clamp(left, 0, std::max(0, room.width() - size.width())),
+                               std::clamp(top, 0, std::max(0, room.height() - size.height()))),
+                        size);
+      const std::tuple<int, int> cost{hidden(buttons, place), hidden(taken, place)};
+      if (cost >= least) continue;
+      least = cost;
+      best = place.topLeft();
+    }
+  }
+  return best;
 }
 
 void ChildArea::MoveInside(QWidget& window, QPoint place) {

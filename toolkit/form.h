@@ -9,6 +9,8 @@ class QPushButton;
 
 namespace rostermill {
 
+class ChildStyle;
+
 /// A modeless window inside the main window. It is created by showing it and closed by its
 /// buttons or its close box; Form_Unload runs once, whichever closes it. Enter presses the button
 /// that has the focus or otherwise the default button, Esc the cancel button, once per press.
@@ -51,13 +53,14 @@ class ChildArea : public QMdiArea {
   ChildArea();
 
   /// Brings the form to the front. One that is not shown yet gets a window of its own, as large as
-  /// its content asks for if the area has the room. The window opens inside the area, or at its
-  /// corner if its minimum size is too large; the area then scrolls.
+  /// its content asks for if the area has the room. The window opens inside the area, beside the
+  /// others while there is room, or at its corner if its minimum size is too large; the area then
+  /// scrolls.
   void ShowForm(ChildForm* form);
 
   /// Moves the window of a form that is shown to the middle of the area, or to its corner if it
   /// does not fit.
-  void CentreForm(ChildForm* form);
+  void CenterForm(ChildForm* form);
 
   /// Shows the form in `slot`; makes one first if none is open.
   template <typename Form, typename Make>
@@ -67,9 +70,18 @@ class ChildArea : public QMdiArea {
     return slot;
   }
 
+ protected:
+  void changeEvent(QEvent* event) override;
+
  private:
+  /// Makes the background a quiet shade of the windows' color.
+  void ShadeBackground();
+  /// The place for a new window of this size that hides the least of the others.
+  QPoint FreePlace(QSize size) const;
   /// Moves a window as close to `place` as possible while keeping it inside.
   void MoveInside(QWidget& window, QPoint place);
+
+  ChildStyle* style_ = nullptr;  ///< made with the first window
 };
 
 /// Closes the form in `slot` if one is open.

@@ -1,11 +1,14 @@
 #include "toolkit/form_parts.h"
 
+#include <QApplication>
 #include <QDialogButtonBox>
 #include <QFontDatabase>
 #include <QFontMetrics>
 #include <QGroupBox>
 #include <QLayout>
 #include <QSizePolicy>
+
+#include <algorithm>
 
 namespace rostermill {
 
@@ -26,7 +29,9 @@ QChar WidestCharacter(const QFontMetrics& metrics) {
 }  // namespace
 
 QFont FixedFont() {
-  return QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  QFont font = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  font.setPointSizeF(std::max(font.pointSizeF(), QApplication::font().pointSizeF()));
+  return font;
 }
 
 int RoomFor(const QFontMetrics& metrics, int characters) {

@@ -13,7 +13,8 @@ namespace rostermill {
 
 /// The small parts that all forms are built from, so that they look alike.
 
-/// The system's fixed-pitch font, for numbers and position labels.
+/// The system's fixed-pitch font, at least as large as the interface's, for numbers and position
+/// labels.
 QFont FixedFont();
 
 /// The width of this many characters, whatever they are, in pixels.

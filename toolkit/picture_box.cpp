@@ -20,10 +20,12 @@ void DrawRing(QPainter& painter, const QRect& outside, int width, const QBrush& 
 }  // namespace
 
 PictureBox::PictureBox(const QString& name, QSize picture_size, int magnification)
-    : picture_size_(picture_size), magnification_(magnification) {
+    : picture_size_(picture_size),
+      least_magnification_(magnification),
+      magnification_(magnification) {
   setObjectName(name);
   setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Maximum);
 }
 
 bool PictureBox::Load(const QString& path) {
@@ -45,9 +47,20 @@ void PictureBox::SetClickable(const QString& accessible_name) {
   setCursor(Qt::PointingHandCursor);
 }
 
-QSize PictureBox::sizeHint() const {
+void PictureBox::SetMagnification(int magnification) {
+  if (magnification == magnification_) return;
+  magnification_ = magnification;
+  updateGeometry();
+  update();
+}
+
+QSize PictureBox::SizeAt(int magnification) const {
   const int frame = 2 * frameWidth();
-  return picture_size_ * magnification_ + QSize(frame, frame);
+  return picture_size_ * magnification + QSize(frame, frame);
+}
+
+QSize PictureBox::sizeHint() const {
+  return SizeAt(magnification_);
 }
 
 void PictureBox::paintEvent(QPaintEvent* event) {

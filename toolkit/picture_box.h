@@ -25,7 +25,10 @@ class PictureBox : public QFrame {
   void SetClickable(const QString& accessible_name);
 
   QSize sizeHint() const override;
-  QSize minimumSizeHint() const override { return sizeHint(); }
+  QSize minimumSizeHint() const override { return SizeAt(least_magnification_); }
+
+  /// Shows the picture larger than at first; there is never less room than for the first factor.
+  void SetMagnification(int magnification);
 
  signals:
   /// The mouse buttons that are down; Qt::LeftButton from the keyboard.
@@ -39,7 +42,10 @@ class PictureBox : public QFrame {
   void keyPressEvent(QKeyEvent* event) override;
 
  private:
+  QSize SizeAt(int magnification) const;
+
   QSize picture_size_;
+  int least_magnification_;
   int magnification_;
   bool clickable_ = false;
   QImage picture_;

@@ -10,6 +10,7 @@
 
 #include "rules/leader_rows.h"
 #include "toolkit/form_parts.h"
+#include "toolkit/natural_layout.h"
 #include "toolkit/qt_strings.h"
 
 namespace rostermill {
@@ -42,7 +43,7 @@ void FormPrint::LayOut() {
   choices->addWidget(radPrinter);
   choices->addLayout(file);
 
-  auto* column = new QVBoxLayout(this);
+  auto* column = new NaturalColumn(this);
   column->addWidget(Frame1, 1);
   column->addWidget(ButtonRow(btnOK, btnCancel));
 }

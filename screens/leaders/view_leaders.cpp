@@ -10,9 +10,11 @@
 #include "league/file_access.h"
 #include "rules/display_text.h"
 #include "rules/leader_export.h"
+#include "rules/position_layout.h"
 #include "screens/leaders/form_print.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/messages.h"
+#include "toolkit/natural_layout.h"
 #include "toolkit/print_lines.h"
 #include "toolkit/printer_choice.h"
 #include "toolkit/qt_strings.h"
@@ -56,7 +58,9 @@ void ViewLeaders::BuildTable() {
     ClickLabel* head = lblHead.Add(new ClickLabel);
     head->setAlignment((column == 0 ? Qt::AlignLeft : Qt::AlignRight) | Qt::AlignVCenter);
     head->setMargin(cell_margin);
-    head->setMinimumWidth(head->fontMetrics().averageCharWidth() * (column == 0 ? 24 : 6));
+    QFont bold = head->font();
+    bold.setBold(true);
+    head->setMinimumWidth(QFontMetrics(bold).averageCharWidth() * (column == 0 ? 24 : 6));
     lblD.emplace_back("lblD" + QString::number(column));
   }
   for (int r = 0; r < rows_on_view; ++r) {
@@ -72,7 +76,7 @@ void ViewLeaders::BuildTable() {
 }
 
 void ViewLeaders::LayOut() {
-  auto* grid = new QGridLayout(this);
+  auto* grid = new NaturalGrid(this);
   grid->addWidget(NewCaption("Label1", "Position:", cmbPosition), 0, 0);
   grid->addWidget(cmbPosition, 0, 1);
   grid->addWidget(LayOutTable(), 1, 0, 1, 3);
@@ -95,6 +99,7 @@ QWidget* ViewLeaders::LayOutTable() {
     }
   }
   table->addWidget(scrBar, 1, LeaderColumnLimit + 2, rows_on_view, 1);
+  table->setColumnMinimumWidth(0, lblD[0][0]->minimumWidth() + cell_margin);
   table->setColumnStretch(1, 1);
   table->setRowStretch(rows_on_view + 1, 1);
   return Frame1;
@@ -154,6 +159,9 @@ void ViewLeaders::ShowSortFlags() {
     colors.setColor(head.foregroundRole(), SortFlags[column] ? Qt::white : Qt::black);
     colors.setColor(head.backgroundRole(), heading_ground);
     head.setPalette(colors);
+    QFont font = this->font();
+    font.setBold(SortFlags[column]);
+    head.setFont(font);
     head.setAutoFillBackground(head.isEnabled());
     head.setAccessibleDescription(SortFlags[column] ? "sorts" : "does not sort");
   }
@@ -169,11 +177,21 @@ void ViewLeaders::ShowLeaderRows(int top) {
     const bool in_use = k <= RowCount;
     lblName[r]->SetText(in_use ? FromLatin1(session_.LeaderRows[k].Name) : QString());
     lblD[0][r]->setText(in_use ? QString::number(k) : QString());
+    const QString whose = in_use ? WhoseText(session_.LeaderRows[k]) : QString();
+    lblName[r]->setToolTip(whose);
+    for (ControlArray<QLabel>& column : lblD) column[r]->setToolTip(whose);
     for (int column = 1; column <= LeaderColumnLimit; ++column) {
       lblD[static_cast<std::size_t>(column)][r]->setText(
           in_use ? FromLatin1(RatingText(session_.LeaderRows[k].Attr[column])) : QString());
     }
   }
+}
+
+QString ViewLeaders::WhoseText(const LeaderRow& row) const {
+  const LeagueData& league = session_.League();
+  return PlainToolTip(
+      FromLatin1(row.Name + ", " + TeamTitleText(league, row.Team) + ", " +
+                 std::string(SlotLabel(league.TeamData[row.Team].Formation, row.Slot))));
 }
 
 void ViewLeaders::lblHead_Click(int Index) {

@@ -54,6 +54,8 @@ class ViewLeaders : public ChildForm {
 
   /// Draws the rows from `top` on; rows past the last one are blank.
   void ShowLeaderRows(int top);
+  /// Name, team and position of the row's player.
+  QString WhoseText(const LeaderRow& row) const;
   void ShowHeadings();
   void ShowSortFlags();
   void PrintToPrinter();

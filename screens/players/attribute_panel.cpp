@@ -45,7 +45,9 @@ void AttributePanel::LayOut(ControlArray<QPushButton>* minus, ControlArray<QPush
   auto* grid = new QGridLayout(this);
   const int widest = WidestCaption(fontMetrics());
   for (int place = 0; place < PlaceCount; ++place) {
-    QLabel* value = Label3.Add(NewNumberLabel({}, "100"));
+    QLabel* value = Label3.Add(NewLabel({}));
+    value->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    value->setMinimumWidth(value->fontMetrics().horizontalAdvance("100"));
     QLabel* caption =
         Label2.Add(NewCaption({}, FromLatin1(PlaceCaption(PositionGroup::QB, place))));
     caption->setMinimumWidth(widest);

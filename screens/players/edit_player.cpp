@@ -14,6 +14,7 @@
 #include "screens/players/show_face.h"
 #include "toolkit/elided_label.h"
 #include "toolkit/form_parts.h"
+#include "toolkit/natural_layout.h"
 #include "toolkit/qt_strings.h"
 
 namespace rostermill {
@@ -76,7 +77,7 @@ void EditPlayer::LayOut() {
   checks->addWidget(chkKick);
   checks->addWidget(chkPunt);
 
-  auto* grid = new QGridLayout(this);
+  auto* grid = new NaturalGrid(this);
   grid->addWidget(NewCaption("Label1", "Team:"), 0, 0);
   grid->addWidget(lblTeam, 0, 1);
   grid->addWidget(NewCaption(MemberName("Label2", 0), "Player:", txtPlayer), 1, 0);
@@ -96,6 +97,7 @@ void EditPlayer::Connect() {
   }
   connect(btnSavePlayer, &QPushButton::clicked, this, &EditPlayer::btnSavePlayer_Click);
   connect(btnClose, &QPushButton::clicked, this, &EditPlayer::btnClose_Click);
+  AddSlotKeys(this, [this](int step) { emit SlotStepped(step); });
 }
 
 void EditPlayer::Form_Load() {

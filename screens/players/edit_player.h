@@ -31,6 +31,8 @@ class EditPlayer : public ChildForm {
  signals:
   /// The player has been stored; PendingTeamName and PendingPlayerName now identify him.
   void PlayerSaved();
+  /// Asks for the next (+1) or the previous (-1) slot of the team.
+  void SlotStepped(int step);
 
  private:
   void BuildControls();

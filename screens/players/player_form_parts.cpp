@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 #include "toolkit/form_parts.h"
@@ -29,6 +30,16 @@ QHBoxLayout* FaceBesideAttributes(QWidget* face, QWidget* number, QWidget* attri
   row->addLayout(column);
   row->addWidget(attributes, 1);
   return row;
+}
+
+void AddSlotKeys(QWidget* form, const std::function<void(int step)>& step) {
+  const auto add = [&](int key, int by) {
+    auto* shortcut = new QShortcut(QKeySequence(Qt::CTRL | static_cast<Qt::Key>(key)), form);
+    shortcut->setContext(Qt::WidgetWithChildrenShortcut);
+    QObject::connect(shortcut, &QShortcut::activated, form, [step, by] { step(by); });
+  };
+  add(Qt::Key_PageDown, +1);
+  add(Qt::Key_PageUp, -1);
 }
 
 }  // namespace rostermill

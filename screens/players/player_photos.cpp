@@ -7,6 +7,7 @@
 #include "screens/players/show_face.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/grid_walk.h"
+#include "toolkit/natural_layout.h"
 #include "toolkit/qt_strings.h"
 
 namespace rostermill {
@@ -71,7 +72,7 @@ void PlayerPhotos::LayOut() {
   side->addWidget(Frame4);
   side->addStretch();
   side->addWidget(Frame2, 0, Qt::AlignRight | Qt::AlignBottom);
-  auto* row = new QHBoxLayout(this);
+  auto* row = new NaturalRow(this);
   row->addWidget(Frame1);
   row->addLayout(side);
   row->setSizeConstraint(QLayout::SetFixedSize);

@@ -13,6 +13,7 @@
 #include "screens/players/show_face.h"
 #include "toolkit/control_array.h"
 #include "toolkit/form_parts.h"
+#include "toolkit/natural_layout.h"
 #include "toolkit/qt_strings.h"
 
 namespace rostermill {
@@ -43,7 +44,7 @@ void ViewPlayer::BuildControls() {
 }
 
 void ViewPlayer::LayOut() {
-  auto* grid = new QGridLayout(this);
+  auto* grid = new NaturalGrid(this);
   grid->addWidget(NewCaption("Label1", "Team:", cmbTeam), 0, 0);
   grid->addWidget(cmbTeam, 0, 1, 1, 2);
   grid->addWidget(NewCaption(MemberName("Label2", 0), "Player:", cmbPlayer), 1, 0);
@@ -61,6 +62,7 @@ void ViewPlayer::Connect() {
   connect(cmbPosition, &DropDownList::Click, this, &ViewPlayer::cmbPosition_Click);
   connect(btnEdit, &QPushButton::clicked, this, &ViewPlayer::btnEdit_Click);
   connect(btnOK, &QPushButton::clicked, this, &ViewPlayer::btnOK_Click);
+  AddSlotKeys(this, [this](int step) { StepSlot(step); });
 }
 
 void ViewPlayer::Form_Load() {
@@ -97,6 +99,10 @@ void ViewPlayer::cmbPosition_Click() {
   const QSignalBlocker silent(cmbPlayer);
   cmbPlayer->SetListIndex(entry);
   cmbPlayer_Click();
+}
+
+void ViewPlayer::StepSlot(int step) {
+  cmbPosition->SetListIndex(std::clamp(cmbPosition->ListIndex() + step, 0, SlotCount - 1));
 }
 
 void ViewPlayer::FillTeams() {
@@ -195,6 +201,7 @@ void ViewPlayer::btnEdit_Click() {
   Area()->OpenOrRaise(editor_, [this] {
     auto* editor = new EditPlayer(session_);
     connect(editor, &EditPlayer::PlayerSaved, this, &ViewPlayer::ReselectPlayer);
+    connect(editor, &EditPlayer::SlotStepped, this, &ViewPlayer::StepSlot);
     return editor;
   });
 }

@@ -42,6 +42,8 @@ class ViewPlayer : public ChildForm {
   void btnEdit_Click();
   void btnOK_Click();
 
+  /// Goes to the next (+1) or the previous (-1) slot of the team; there is none after the last.
+  void StepSlot(int step);
   /// Rebuilds the lists after the editor has stored a player, and shows the player who has the
   /// pending name; of namesakes the one with the lower slot.
   void ReselectPlayer();

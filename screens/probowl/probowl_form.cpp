@@ -6,6 +6,7 @@
 
 #include "screens/probowl/roster_form.h"
 #include "toolkit/form_parts.h"
+#include "toolkit/natural_layout.h"
 
 namespace rostermill {
 
@@ -33,7 +34,7 @@ void frmProbowl::LayOut() {
   rosters->addWidget(btnAFCroster);
   rosters->addWidget(btnNFCroster);
 
-  auto* whole = new QVBoxLayout(this);
+  auto* whole = new NaturalColumn(this);
   whole->addWidget(Frame1);
   whole->addStretch();
   whole->addWidget(Frame2);

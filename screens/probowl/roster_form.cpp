@@ -12,6 +12,8 @@
 #include "screens/probowl/choose_player_form.h"
 #include "screens/probowl/place_label.h"
 #include "toolkit/form_parts.h"
+#include "toolkit/grid_walk.h"
+#include "toolkit/natural_layout.h"
 #include "toolkit/qt_strings.h"
 
 namespace rostermill {
@@ -43,6 +45,7 @@ constexpr std::array<LabelGroup, 9> label_groups{{
 
 /// Three groups make ten places, so the columns are equally long.
 constexpr int groups_in_column = 3;
+constexpr int places_in_column = 10;
 
 QLabel* NewSlotCaption(const QString& text) {
   QLabel* caption = NewNumberLabel({}, "ROLB");
@@ -92,7 +95,21 @@ void frmRoster::LayOut() {
     }
     column->addWidget(Frame1[number]);
   }
-  auto* whole = new QVBoxLayout(this);
+  lblSide = NewLabel("lblSide");
+  QFont large = lblSide->font();
+  large.setBold(true);
+  large.setPointSizeF(large.pointSizeF() * 1.2);
+  lblSide->setFont(large);
+  // The columns are the columns of the walk.
+  std::vector<QWidget*> cells;
+  for (int row = 1; row <= places_in_column; ++row) {
+    for (int place = row; place <= SlotCount; place += places_in_column) {
+      cells.push_back(labels_[place]);
+    }
+  }
+  new GridWalk(cells, SlotCount / places_in_column, this);
+  auto* whole = new NaturalColumn(this);
+  whole->addWidget(lblSide);
   whole->addLayout(columns);
   whole->addStretch();
   whole->addWidget(Frame2);
@@ -103,12 +120,17 @@ void frmRoster::Form_Load() {
 }
 
 void frmRoster::RefreshRoster() {
+  lblSide->setText(QString::fromLatin1(Side()) + " Roster");
   for (int place = 1; place <= SlotCount; ++place) {
     const ProbowlRec& rec = session_.League().ProbowlData[session_.RosterConference][place];
     labels_[place]->ShowPlayer(
         NamesPlayer(rec) ? FromLatin1(PlayerFullText(session_.League(), rec.Team, rec.Slot))
                          : "(nobody)");
   }
+}
+
+const char* frmRoster::Side() const {
+  return session_.RosterConference == 1 ? "AFC" : "NFC";
 }
 
 void frmRoster::lbl_MouseDown(int place, int code, Qt::MouseButtons Button) {
@@ -120,10 +142,9 @@ void frmRoster::lbl_MouseDown(int place, int code, Qt::MouseButtons Button) {
   if (!chooser) return;
   delete chooser.data();
   if (session_.ChosenTeam > 0 && session_.ChosenSlot > 0) {
-    const std::string side = session_.RosterConference == 1 ? "AFC" : "NFC";
     const std::string player =
         PlayerEditText(session_.League(), session_.ChosenTeam, session_.ChosenSlot);
-    session_.Change(side + " Roster: " + player, [&](LeagueData& league) {
+    session_.Change(std::string(Side()) + " Roster: " + player, [&](LeagueData& league) {
       league.ProbowlData[session_.RosterConference][place] = {session_.ChosenTeam,
                                                               session_.ChosenSlot};
     });

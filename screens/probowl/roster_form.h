@@ -32,8 +32,12 @@ class frmRoster : public ChildForm {
   void lbl_MouseDown(int place, int code, Qt::MouseButtons Button);
   void btnOK_Click();
 
+  /// The side that RosterConference names.
+  const char* Side() const;
+
   LeagueSession& session_;
 
+  QLabel* lblSide = nullptr;  ///< which side is shown
   ControlArray<QGroupBox> Frame1{"Frame1"};
   BySlot<PlaceLabel*> labels_{};  ///< lblQB(0) to lblK(1), by the place that they show
   QPushButton* btnOK = nullptr;

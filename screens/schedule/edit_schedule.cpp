@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 
 #include "toolkit/form_parts.h"
+#include "toolkit/natural_layout.h"
 #include "toolkit/qt_strings.h"
 
 namespace rostermill {
@@ -118,7 +119,7 @@ QLayout* frmEditSchedule::LayOutFacts() {
 }
 
 void frmEditSchedule::LayOut() {
-  auto* whole = new QVBoxLayout(this);
+  auto* whole = new NaturalColumn(this);
   whole->addLayout(LayOutSteps());
   whole->addWidget(LayOutGames());
   whole->addLayout(LayOutFacts());

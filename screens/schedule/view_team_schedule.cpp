@@ -6,6 +6,7 @@
 #include "rules/display_text.h"
 #include "rules/season_facts.h"
 #include "toolkit/copy_text.h"
+#include "toolkit/natural_layout.h"
 #include "toolkit/qt_strings.h"
 
 namespace rostermill {
@@ -31,7 +32,7 @@ void ViewTeamSchedule::BuildControls() {
 }
 
 void ViewTeamSchedule::LayOut() {
-  auto* lines = new QVBoxLayout(this);
+  auto* lines = new NaturalColumn(this);
   lines->addWidget(lblTeamName);
   lines->addSpacing(lines->spacing());
   for (ElidedLabel* line : lblOpponent) lines->addWidget(line);

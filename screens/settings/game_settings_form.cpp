@@ -4,6 +4,7 @@
 #include <QGridLayout>
 
 #include "toolkit/form_parts.h"
+#include "toolkit/natural_layout.h"
 #include "toolkit/qt_strings.h"
 
 namespace rostermill {
@@ -42,7 +43,7 @@ void frmEditGameSettings::LayOut() {
   auto* Frame1 = ButtonRow(cmdOK, cmdCancel);
   Frame1->setObjectName("Frame1");
 
-  auto* grid = new QGridLayout(this);
+  auto* grid = new NaturalGrid(this);
   grid->addWidget(NewCaption("Label1", "Roster Year:", txtRosterYear), 0, 0);
   grid->addWidget(txtRosterYear, 0, 1);
   grid->addWidget(NewCaption("Label2", "League A:", txtLeague[0]), 1, 0);

@@ -18,6 +18,7 @@
 #include "screens/table/players_model.h"
 #include "toolkit/control_array.h"
 #include "toolkit/form_parts.h"
+#include "toolkit/natural_layout.h"
 #include "toolkit/qt_strings.h"
 
 namespace rostermill {
@@ -96,7 +97,7 @@ void frmSetRatings::LayOut() {
   grid->addWidget(radPercent, 2, 0);
   grid->addWidget(spnPercent, 2, 1);
   grid->setColumnStretch(0, 1);
-  auto* column = new QVBoxLayout(this);
+  auto* column = new NaturalColumn(this);
   column->addWidget(ratings);
   column->addWidget(change);
   column->addWidget(lblEffect);

@@ -10,6 +10,7 @@
 #include "toolkit/elided_label.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/grid_walk.h"
+#include "toolkit/natural_layout.h"
 
 namespace rostermill {
 
@@ -47,7 +48,7 @@ void ChooseColor::BuildControls() {
 }
 
 void ChooseColor::LayOut() {
-  auto* grid = new QGridLayout(this);
+  auto* grid = new NaturalGrid(this);
   auto* colors = new QGridLayout;
   colors->setSpacing(3);
   for (int index = 0; index < PaletteSize; ++index) {
@@ -74,7 +75,7 @@ void ChooseColor::Connect() {
 }
 
 void ChooseColor::Form_Load() {
-  CentreOnScreen();
+  CenterOnScreen();
   if (AsksForJersey()) CurrentColor = JerseyColor(session_, session_.ColorSlot);
   session_.ColorChoice = static_cast<std::uint16_t>(CurrentColor);
   ShowCurrentColor();
@@ -90,7 +91,7 @@ void ChooseColor::Form_Load() {
   }
 }
 
-void ChooseColor::CentreOnScreen() {
+void ChooseColor::CenterOnScreen() {
   adjustSize();
   move(screen()->availableGeometry().center() - rect().center());
 }

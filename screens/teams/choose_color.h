@@ -39,7 +39,7 @@ class ChooseColor : public DialogForm {
 
   bool AsksForJersey() const { return session_.ColorSlot != NoColor; }
   void ShowCurrentColor();
-  void CentreOnScreen();
+  void CenterOnScreen();
 
   LeagueSession& session_;
   int CurrentColor;

@@ -8,6 +8,7 @@
 #include "toolkit/elided_label.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/grid_walk.h"
+#include "toolkit/natural_layout.h"
 #include "toolkit/qt_strings.h"
 
 namespace rostermill {
@@ -49,7 +50,7 @@ void ChoosePlay::BuildControls() {
 }
 
 void ChoosePlay::LayOut() {
-  auto* grid = new QGridLayout(this);
+  auto* grid = new NaturalGrid(this);
   const int name_width = fontMetrics().horizontalAdvance("Run and Shoot Sweep Right");
   for (int column = 0; column < columns; ++column) {
     grid->setColumnMinimumWidth(column, name_width + 2 * name_margin);

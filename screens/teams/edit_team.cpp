@@ -14,6 +14,7 @@
 #include "screens/teams/choose_play.h"
 #include "screens/teams/team_form_parts.h"
 #include "toolkit/form_parts.h"
+#include "toolkit/natural_layout.h"
 #include "toolkit/qt_strings.h"
 
 namespace rostermill {
@@ -97,10 +98,10 @@ void EditTeam::LayOut() {
   right->addWidget(NewChampFrame(
       {"Frame6", "Conference Champ Colors", "Label4", "Label5", {1, 2, 3}, {0}}, picConfChamp));
   right->addStretch();
-  auto* grid = new QGridLayout(this);
+  auto* grid = new NaturalGrid(this);
   grid->addLayout(left, 0, 0);
   grid->addLayout(right, 0, 1);
-  grid->addLayout(LayOutBottom(), 1, 0, 1, 2);
+  grid->addWidget(ButtonRow(btnSave, btnCancel), 1, 0, 1, 2);
   grid->setColumnStretch(0, 1);
 }
 
@@ -113,6 +114,11 @@ QWidget* EditTeam::LayOutGeneral() {
   grid->addWidget(txtName, 1, 1);
   grid->addWidget(NewCaption(MemberName("lblData", 5), "Abbreviation:", txtAbbreviation), 2, 0);
   grid->addWidget(txtAbbreviation, 2, 1);
+  auto* room = new QHBoxLayout;
+  room->addStretch();
+  room->addWidget(imgTextsTooLong);
+  room->addWidget(lblTextRoom);
+  grid->addLayout(room, 3, 0, 1, 2);
   return Frame4;
 }
 
@@ -144,15 +150,6 @@ QWidget* EditTeam::LayOutPlayBook() {
   Line1->setFrameStyle(QFrame::VLine | QFrame::Sunken);
   grid->addWidget(Line1, 1, 1, plays_per_column, 1);
   return Frame2;
-}
-
-QLayout* EditTeam::LayOutBottom() {
-  auto* row = new QHBoxLayout;
-  row->addWidget(lblTextRoom);
-  row->addWidget(imgTextsTooLong);
-  row->addStretch();
-  row->addWidget(ButtonRow(btnSave, btnCancel));
-  return row;
 }
 
 void EditTeam::Connect() {

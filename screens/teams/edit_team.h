@@ -34,7 +34,6 @@ class EditTeam : public ChildForm {
   QWidget* LayOutGeneral();
   QWidget* LayOutColors();
   QWidget* LayOutPlayBook();
-  QLayout* LayOutBottom();
   void Connect();
 
   void Form_Load();

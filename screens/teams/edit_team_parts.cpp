@@ -11,11 +11,14 @@ namespace rostermill {
 namespace {
 
 constexpr QSize champ_box_size(30, 22);
+/// The form has to fit a small screen.
+constexpr int close_spacing = 4;
 
 QGroupBox* NewSkinFrame(int index, SkinOptions& options) {
   auto* frame =
       NewFrame(MemberName("frmSkin", index), QStringLiteral("Skin Color #%1").arg(index + 1));
   auto* column = new QVBoxLayout(frame);
+  column->setSpacing(close_spacing);
   column->addWidget(options.Option1.Add(new QRadioButton("Light")));
   column->addWidget(options.Option2.Add(new QRadioButton("Medium")));
   column->addWidget(options.Option3.Add(new QRadioButton("Dark")));
@@ -50,6 +53,8 @@ QGroupBox* NewChampFrame(const ChampFrame& frame, ControlArray<ColorBox>& boxes)
   for (std::size_t i = 0; i < count; ++i) boxes.Add(new ColorBox({}, champ_box_size));
   QGroupBox* group = NewFrame(frame.Name, frame.Title);
   auto* row = new QHBoxLayout(group);
+  constexpr int as_usual = -1;
+  row->setContentsMargins(as_usual, close_spacing, as_usual, close_spacing);
   const auto add_part = [&](const QString& label, const QString& text,
                             const std::vector<int>& indices) {
     row->addWidget(NewCaption(label, text, boxes[indices.front()]));

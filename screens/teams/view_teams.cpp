@@ -15,6 +15,7 @@
 #include "screens/teams/team_form_parts.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/messages.h"
+#include "toolkit/natural_layout.h"
 #include "toolkit/qt_strings.h"
 
 namespace rostermill {
@@ -59,7 +60,7 @@ void ViewTeams::BuildControls() {
 }
 
 void ViewTeams::LayOut() {
-  auto* grid = new QGridLayout(this);
+  auto* grid = new NaturalGrid(this);
   auto* team = new QHBoxLayout;
   team->addWidget(NewCaption(MemberName("lblData", 0), "Team:", cmbTeam));
   team->addWidget(cmbTeam, 1);
@@ -67,11 +68,15 @@ void ViewTeams::LayOut() {
   grid->addWidget(LayOutGeneral(), 1, 0, 2, 1);
   grid->addWidget(LayOutColors(), 1, 1);
   grid->addWidget(LayOutMiscellaneous(), 2, 1);
-  grid->addWidget(LayOutPlayBook(), 3, 0, 1, 2);
+  QWidget* play_book = LayOutPlayBook();
+  grid->addWidget(play_book, 3, 0, 1, 2);
   grid->addWidget(ButtonRow(btnOK, nullptr, {btnEdit}), 4, 0, 1, 2);
   grid->setColumnStretch(0, 1);
   grid->setColumnStretch(1, 1);
   grid->setRowStretch(4, 1);
+  const QMargins margins = grid->contentsMargins();
+  least_size_ = QSize(play_book->sizeHint().width() + margins.left() + margins.right(),
+                      grid->sizeHint().height());
 }
 
 QWidget* ViewTeams::LayOutGeneral() {
@@ -119,6 +124,18 @@ QWidget* ViewTeams::LayOutPlayBook() {
     grid->addWidget(picRun[i], i / play_columns, i % play_columns, Qt::AlignCenter);
   }
   return Frame1;
+}
+
+void ViewTeams::resizeEvent(QResizeEvent* event) {
+  ChildForm::resizeEvent(event);
+  const QSize room = size() - least_size_;
+  const QSize step(play_columns * PlayPictureSize.width(),
+                   play_slots / play_columns * PlayPictureSize.height());
+  const int steps = std::min(room.width() / step.width(), room.height() / step.height());
+  for (PictureBox* play : picRun) play->SetMagnification(1 + std::max(0, steps));
+  // The layout has used the sizes of before.
+  picRun[0]->parentWidget()->layout()->activate();
+  layout()->activate();
 }
 
 void ViewTeams::Connect() {

@@ -30,6 +30,10 @@ class ViewTeams : public ChildForm {
   /// The editor, if it has values that are not stored yet.
   QStringList NotStored() const;
 
+ protected:
+  /// Shows the plays at the largest whole factor that there is room for.
+  void resizeEvent(QResizeEvent* event) override;
+
  private:
   void BuildControls();
   void LayOut();
@@ -59,6 +63,7 @@ class ViewTeams : public ChildForm {
   void ShowPlays();
 
   LeagueSession& session_;
+  QSize least_size_;  ///< what the plays at factor 1 and the rest around them take
   QPointer<EditTeam> editor_;
 
   DropDownList* cmbTeam = nullptr;

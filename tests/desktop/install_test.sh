@@ -150,6 +150,16 @@ status=0
 inside timeout 1.5 "$seen/usr/bin/rostermill" 2>"$root/tmp/said" || status=$?
 [ "$status" -eq 124 ] || fail "the program exited with $status: $(cat "$root/tmp/said")"
 
+# These need no display.
+for said in "--version:0:rostermill " "--help:0:Usage: rostermill" "--what:2:rostermill: unknown"; do
+  IFS=: read -r option code start <<<"$said"
+  status=0
+  answer=$(inside env -u DISPLAY QT_QPA_PLATFORM=none "$seen/usr/bin/rostermill" "$option" 2>&1) ||
+    status=$?
+  [ "$status" = "$code" ] && [ "${answer#"$start"}" != "$answer" ] ||
+    fail "rostermill $option exits with $status: $answer"
+done
+
 cp "$build/bin/tour" "$root/tmp/tour"
 inside "$seen/tmp/tour" --program-folder "$seen/usr/lib/rostermill" "$seen/tmp/pictures" \
   >/dev/null 2>"$root/tmp/said" || fail "the tour failed: $(cat "$root/tmp/said")"

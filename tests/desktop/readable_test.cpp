@@ -7,44 +7,13 @@
 #include <QMenuBar>
 #include <QStyleOptionGroupBox>
 
-#include <cmath>
-#include <map>
-
 #include "tests/desktop/all_forms.h"
+#include "tests/desktop/contrast.h"
 #include "toolkit/click_label.h"
+#include "toolkit/flex_grid.h"
 
 namespace rostermill::test {
 namespace {
-
-double Luminance(QRgb color) {
-  const auto linear = [](int channel) {
-    const double part = channel / 255.0;
-    return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-  };
-  return 0.2126 * linear(qRed(color)) + 0.7152 * linear(qGreen(color)) +
-         0.0722 * linear(qBlue(color));
-}
-
-double Contrast(QRgb a, QRgb b) {
-  const auto [dark, light] = std::minmax({Luminance(a), Luminance(b)});
-  return (light + 0.05) / (dark + 0.05);
-}
-
-/// The highest contrast between a color in a part of a control and the part's most common color.
-double InkContrast(QWidget& control, const QRect& part) {
-  const QImage shown = control.grab().toImage().convertToFormat(QImage::Format_RGB32);
-  const QRect inside = part & shown.rect();
-  std::map<QRgb, int> counts;
-  for (int y = inside.top(); y <= inside.bottom(); ++y) {
-    for (int x = inside.left(); x <= inside.right(); ++x) ++counts[shown.pixel(x, y)];
-  }
-  const auto background = std::max_element(counts.begin(), counts.end(),
-                                           [](auto& a, auto& b) { return a.second < b.second; });
-  double best = 1;
-  for (const auto& [color, count] : counts)
-    best = std::max(best, Contrast(color, background->first));
-  return best;
-}
 
 /// The text that a control shows; empty if it shows none.
 QString TextOf(const QWidget* control) {
@@ -122,6 +91,8 @@ class InAScheme : public Scheme, public AllForms {
     for (QMenu* menu : window_.findChildren<QMenu*>()) EXPECT_EQ(GetParam(), IsDark(*menu));
   }
 
+  LeagueSession session_without_image_;
+
   static bool IsDark(const QWidget& widget) {
     return widget.palette().window().color().lightness() < 128;
   }
@@ -133,6 +104,11 @@ INSTANTIATE_TEST_SUITE_P(LightAndDark, InAScheme, testing::Bool(),
 TEST_P(InAScheme, EveryTextIsReadable) {
   ExpectReadable(window_);
   VisitAll([](QWidget& form) { ExpectReadable(form); });
+  FRSMform empty(session_without_image_, &settings_);
+  empty.AddRecentFile("/a.nes");
+  empty.show();
+  EXPECT_EQ(Find<QPushButton>(empty, "btnLink(0)").text(), "/a.nes");
+  ExpectReadable(empty);
   Pick("mViePlayerData");
   auto& list = Find<QComboBox>(Form("ViewPlayer"), "cmbTeam");
   list.showPopup();
@@ -191,6 +167,12 @@ TEST_P(WithAFont, FormsOpenAtTheSizeOfTheirContentInsideTheWindow) {
     }
     const QRect room = Area().viewport()->rect();
     const QRect place = frame->geometry();
+    for (const FlexGrid* grid : form.findChildren<FlexGrid*>()) {
+      for (const QTableWidgetItem* game : grid->findItems(" @ ", Qt::MatchContains)) {
+        EXPECT_LT(grid->fontMetrics().horizontalAdvance(game->text()),
+                  grid->columnWidth(game->column()));
+      }
+    }
     EXPECT_TRUE(room.contains(place))
         << place.x() << ',' << place.y() << ' ' << place.width() << 'x' << place.height() << " in "
         << room.width() << 'x' << room.height();

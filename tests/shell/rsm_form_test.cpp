@@ -46,10 +46,13 @@ TEST_F(MainForm, TheMenuOffersWhatCanBePickedAndNamesTheTeams) {
       "[mFilSaveROM=&Save ROM Ctrl+S], mFilB1, mnuFileRecentFiles=&Recent Files "
       "{mnuFileRecent(0)=&1 /a.nes}, "
       "mnuFileB2, mFilExit=&Exit Ctrl+Q}, "
-      "mView=&Edit {[mnuEditGameSettings=&Game Settings], mDatB1, [mViePlayerData=&Players], "
-      "[mVieTeamData=&Teams], mnuEditB2, [mSchEdit=&Schedule], [mDatProbowl=Pro&bowl Roster], "
+      "mView=&Edit {[mnuEditGameSettings=&Game Settings Ctrl+6], mDatB1, [mViePlayerData=&Players "
+      "Ctrl+1], "
+      "[mVieTeamData=&Teams Ctrl+2], mnuEditB2, [mSchEdit=&Schedule Ctrl+3], [mDatProbowl=Pro&bowl "
+      "Roster Ctrl+5], "
       "mnuEditB3, <mnuEditUndo=&Undo Ctrl+Z>, <mnuEditRedo=&Redo Ctrl+Shift+Z>}, "
-      "mView1=&View {[mVieLeaders=&Leaders], [mSchView=&Schedule {mSchVieAll=&League, mSchVieB1, "
+      "mView1=&View {[mVieLeaders=&Leaders Ctrl+4], [mSchView=&Schedule {mSchVieAll=&League, "
+      "mSchVieB1, "
       "mSchVieAFC=&AFC {"
       "mSchVieAFCEast=&East {mAFCe1=%1, mAFCe2=%2, mAFCe3=%3, mAFCe4=%4, mAFCe5=%5}, "
       "mSchVieAFCCentral=&Central {mAFCc1=%6, mAFCc2=%7, mAFCc3=%8, mAFCc4=%9}, "
@@ -63,6 +66,8 @@ TEST_F(MainForm, TheMenuOffersWhatCanBePickedAndNamesTheTeams) {
       "[mToolMerge=Mer&ge With...], [mToolPatch=Make Patc&h...], mnuToolB1, "
       "[mToolVersions=Earlier &Versions], "
       "<mToolUnsaved=Bring Back &Unsaved Changes>}, "
+      "mWindow=&Window {<mWinTile=&Tile>, <mWinCascade=&Cascade>, <mWinCloseAll=Close &All>, "
+      "mWinB1}, "
       "mHelp=&Help {mHelAbout=&About}";
   const auto expect_menu = [&](bool loaded) {
     QString expected = menu;
@@ -105,7 +110,7 @@ TEST_F(MainForm, EachTeamsItemShowsItsSchedule) {
 TEST_F(MainForm, OpensInTheMiddleOfTheScreenAndSaysWhatItIs) {
   const QRect screen = window_.screen()->availableGeometry();
   EXPECT_LT((window_.geometry().center() - screen.center()).manhattanLength(), 20);
-  EXPECT_EQ(window_.size(), QSize(1120, 800).boundedTo(screen.size() * 0.95));
+  EXPECT_EQ(window_.size(), QSize(1440, 860).boundedTo(screen.size() * 0.95));
   EXPECT_EQ(window_.windowTitle(), "Rostermill");
   EXPECT_EQ(window_.objectName(), "FRSMform");
   EXPECT_EQ(Status(), "No ROM Loaded");

@@ -283,7 +283,7 @@ TEST(ChildArea, OpensAFormInsideOrAtTheCornerAndScrollsToTheRest) {
             << when << least.width() << ": " << place.left();
         EXPECT_TRUE(place.top() == 0 || (place.top() > 0 && place.bottom() <= room.bottom()))
             << when << least.height() << ": " << place.top();
-        area.CentreForm(form);
+        area.CenterForm(form);
       }
     }
     EXPECT_EQ(area.horizontalScrollBar()->maximum() > 0, least.width() > 500);

@@ -25,7 +25,7 @@ Tour::Tour(const QString& program_folder, const QString& sample, const QString& 
   settings_ = std::make_unique<QSettings>(ini, QSettings::IniFormat);
   window_ = std::make_unique<FRSMform>(*session_, settings_.get());
   // A common size today, whatever screen the platform without a display has.
-  window_->resize(1120, 800);
+  window_->resize(1440, 860);
   window_->show();
 }
 
@@ -42,6 +42,7 @@ int Tour::Run() {
   SaveAndReload();
   VisitVersions(*this);
   VisitTools(*this);
+  ShowSeveralForms();
   return count_;
 }
 
@@ -73,6 +74,7 @@ void Tour::StartAndLoad() {
   driver::AnswerNextFileDialog(image_);
   Pick("mFilLoadROM");
   Require(session_->ImageLoaded == 1, "the sample loads");
+  Picture(*window_, "start-loaded");
 }
 
 void Tour::SaveAndReload() {
@@ -92,6 +94,17 @@ void Tour::SaveAndReload() {
   Pick("mFilLoadROM");
   Require(session_->League() == changed, "the saved file holds the changed league");
   Require(driver::DialogsStillExpected() == 0, "every expected dialog opened");
+}
+
+void Tour::ShowSeveralForms() {
+  Pick("mVieTeamData");
+  Choose(driver::Find<QComboBox>(Form("ViewTeams"), "cmbTeam"), "RIVERMOOR");
+  Click("ViewTeams", "btnEdit");
+  Pick("mViePlayerData");
+  QWidget& viewer = Form("ViewPlayer");
+  Choose(driver::Find<QComboBox>(viewer, "cmbTeam"), "RIVERMOOR");
+  Choose(driver::Find<QComboBox>(viewer, "cmbPosition"), "QB 1");
+  Picture(*window_, "several-forms");
 }
 
 QWidget& Tour::Form(const QString& name) {
@@ -122,10 +135,27 @@ void Tour::Choose(QComboBox& list, const QString& beginning) {
 
 void Tour::Picture(QWidget& what, const QString& name) {
   QCoreApplication::processEvents();
-  QWidget* frame = qobject_cast<QMdiSubWindow*>(what.parentWidget());
+  auto* frame = qobject_cast<QMdiSubWindow*>(what.parentWidget());
+  Write(frame != nullptr ? *frame : what, name);
+  if (all_sizes_ && frame != nullptr) PictureEnlarged(*frame, name);
+}
+
+void Tour::PictureEnlarged(QMdiSubWindow& frame, const QString& name) {
+  const QRect place = frame.geometry();
+  frame.resize(place.size() * 2);
+  QCoreApplication::processEvents();
+  Write(frame, name + "-twice");
+  frame.showMaximized();
+  QCoreApplication::processEvents();
+  Write(*window_, name + "-maximized");
+  frame.showNormal();
+  frame.setGeometry(place);
+  QCoreApplication::processEvents();
+}
+
+void Tour::Write(QWidget& what, const QString& name) {
   const QString file = QStringLiteral("%1-%2.png").arg(++count_, 2, 10, QChar('0')).arg(name);
-  Require((frame != nullptr ? frame : &what)->grab().save(pictures_.filePath(file)),
-          "picture " + file + " is written");
+  Require(what.grab().save(pictures_.filePath(file)), "picture " + file + " is written");
 }
 
 void Tour::Require(bool holds, const QString& what) {

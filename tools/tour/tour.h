@@ -11,6 +11,8 @@
 
 #include "league/league_session.h"
 
+class QMdiSubWindow;
+
 namespace rostermill {
 
 class FRSMform;
@@ -24,6 +26,8 @@ class Tour {
   Tour(const QString& program_folder, const QString& sample, const QString& pictures);
   ~Tour();
 
+  /// Has every form's picture be followed by one at twice its size and one of it maximized.
+  void TakeAllSizes() { all_sizes_ = true; }
   /// Makes all stops and returns the number of pictures taken.
   int Run();
 
@@ -46,10 +50,14 @@ class Tour {
  private:
   void StartAndLoad();
   void SaveAndReload();
+  void ShowSeveralForms();
+  void PictureEnlarged(QMdiSubWindow& frame, const QString& name);
+  void Write(QWidget& what, const QString& name);
 
   QDir pictures_;
   QString image_;
   int count_ = 0;
+  bool all_sizes_ = false;
   std::unique_ptr<QSettings> settings_;
   std::unique_ptr<LeagueSession> session_;
   std::unique_ptr<FRSMform> window_;

@@ -13,6 +13,7 @@
 #include <QWheelEvent>
 #include <gtest/gtest.h>
 
+#include "rules/display_text.h"
 #include "rules/leader_rows.h"
 #include "tests/support/dialogs.h"
 #include "tests/support/sample.h"
@@ -59,6 +60,7 @@ class ViewLeadersTest : public testing::Test {
       const QColor color = head.palette().color(head.foregroundRole());
       EXPECT_TRUE(color == Qt::white || color == Qt::black) << i;
       if (color == Qt::white) text += std::to_string(i);
+      EXPECT_EQ(head.font().bold(), color == Qt::white) << i;
     }
     return text;
   }
@@ -170,6 +172,12 @@ TEST_F(ViewLeadersTest, AHeadingSortsWithoutScrollingAndANewGroupStartsAfresh) {
   EXPECT_EQ(Row(4), "28 Filler, X 6 6 6 6 6 6");
   Bar().setValue(1);
   EXPECT_EQ(Row(0), "1 Toe, <b>& 100 100 94 100 100 100");
+  for (const char* part : {"lblD0", "lblName", "lblD6"}) {
+    EXPECT_TRUE(Label(part, 0).toolTip().endsWith(
+        FromLatin1("&lt;b&gt;&amp;, " + TeamTitleText(LeagueOf(*session), 3) + ", K</span>")))
+        << Label(part, 0).toolTip().toStdString();
+  }
+  EXPECT_LT(Label("lblD0", 0).geometry().right(), Label("lblName", 0).geometry().left());
   EXPECT_EQ(Row(1), "2 Boot, Ann 19 13 25 31 38 44");
   QTest::keyClick(&Label("lblHead", 0), Qt::Key_Space);
   EXPECT_EQ(WhiteHeadings(), "0");

@@ -122,7 +122,10 @@ TEST_F(PlayerForms, BothShowAllOfAPlayer) {
         }
         if (!in_use) continue;
         EXPECT_EQ(Find<QLabel>(*form, MemberName("Label2", place + 1)).text(), captions[place]);
-        EXPECT_EQ(Find<QLabel>(*form, MemberName("Label3", place)).text(), player.Values[place]);
+        const auto& value = Find<QLabel>(*form, MemberName("Label3", place));
+        EXPECT_EQ(value.text(), player.Values[place]);
+        EXPECT_EQ(value.font(), form->font());
+        EXPECT_TRUE(value.alignment() & Qt::AlignRight);
       }
       EXPECT_TRUE(Find<QLabel>(*form, "lblNumber").font().bold());
       EXPECT_EQ(Find<QLabel>(*form, "lblNumber").text(),

@@ -126,6 +126,24 @@ TEST_F(ProbowlTest, EveryLabelShowsItsPlaceAndFillsItFromItsGroup) {
   }
 }
 
+TEST_F(ProbowlTest, ArrowKeysWalkThePlacesOfAllGroups) {
+  EXPECT_EQ(Name("lblSide"), "AFC Roster");
+  Press(*form, "btnNFCroster");
+  EXPECT_EQ(Name("lblSide"), "NFC Roster");
+  QWidget* at = &Label("lblQB(1)");
+  at->setFocus();
+  for (const auto& [key, label] : {std::pair(Qt::Key_Down, "lblRB(0)"),
+                                   {Qt::Key_Right, "lblOL(0)"},
+                                   {Qt::Key_End, "lblLB(2)"},
+                                   {Qt::Key_Up, "lblLB(1)"},
+                                   {Qt::Key_Left, "lblTE(1)"},
+                                   {Qt::Key_Home, "lblQB(1)"}}) {
+    QTest::keyClick(at, key);
+    at = Roster().focusWidget();
+    EXPECT_EQ(at->objectName(), label);
+  }
+}
+
 TEST_F(ProbowlTest, OtherMouseButtonsOpenNothing) {
   for (const auto button : {Qt::RightButton, Qt::MiddleButton}) {
     OnNextDialog([](QDialog& chooser) { chooser.reject(); });
@@ -184,6 +202,7 @@ TEST_F(ProbowlTest, ASideButtonTurnsTheOpenRosterAtOnce) {
   Place(1, 1) = {1, 2};
   Press(*form, "btnAFCroster");
   EXPECT_EQ(Rosters().size(), 1);
+  EXPECT_EQ(Name("lblSide"), "AFC Roster");
   EXPECT_EQ(Name("lblQB(0)"), "south SIDE");
   EXPECT_EQ(area.activeSubWindow()->widget(), &Roster());
   OnNextDialog([&](QDialog& chooser) {

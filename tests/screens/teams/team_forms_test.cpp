@@ -242,6 +242,7 @@ TEST_F(TeamForms, TheRoomForTextsFollowsEachKeyAndIsMarkedWhenOverdrawn) {
   const QLabel& mark = Find<QLabel>(*editor_, "imgTextsTooLong");
   const QString before = room.text();
   EXPECT_TRUE(mark.isHidden());
+  EXPECT_EQ(room.parentWidget(), Box("txtCity").parentWidget()) << "it is near the boxes";
   const auto number = [](const QString& text) { return text.split(' ')[2].toInt(); };
   QTest::keyClick(&Box("txtCity"), Qt::Key_X);
   EXPECT_EQ(number(room.text()), number(before) - 1);
