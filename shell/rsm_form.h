@@ -96,6 +96,8 @@ class FRSMform : public QMainWindow {
   void mToolCompare_Click();
   void mToolMerge_Click();
   void mToolPatch_Click();
+  void mToolPlay_Click();
+  void mToolEmulator_Click();
   /// The 28 team commands.
   void ShowTeamSchedule(int team);
 
@@ -106,6 +108,9 @@ class FRSMform : public QMainWindow {
   void KeepUnsaved();
   /// Shows in the open forms what an undo, a redo or a state brought back has changed.
   void ShowTouched(const Touched& touched);
+  /// Writes the league as it is in memory to a copy of the image in the user's cache, and gives its
+  /// path. Throws std::exception.
+  QString WriteCopyToPlay() const;
   /// Opens the screen in which this part of the league can be seen and edited.
   void ShowUnit(const Unit& unit);
   void OpenCompare(OtherLeague other);

@@ -32,7 +32,7 @@ constexpr const char* columns_key = "AllPlayers/Columns";
 int WidthOf(const Column& column) {
   switch (column.Kind) {
     case ColumnKind::TeamName:
-      return 26;
+      return 28;
     case ColumnKind::FirstName:
     case ColumnKind::LastName:
       return 15;

@@ -64,6 +64,7 @@ TEST_F(MainForm, TheMenuOffersWhatCanBePickedAndNamesTheTeams) {
       "mTools=&Tools {[mToolPlayers=All &Players Ctrl+F], [mToolCheck=&Check League], "
       "[mToolCompare=Co&mpare With...], "
       "[mToolMerge=Mer&ge With...], [mToolPatch=Make Patc&h...], mnuToolB1, "
+      "[mToolPlay=Pla&y F5], mToolEmulator=Choose &Emulator..., mnuToolB2, "
       "[mToolVersions=Earlier &Versions], "
       "<mToolUnsaved=Bring Back &Unsaved Changes>}, "
       "mWindow=&Window {<mWinTile=&Tile>, <mWinCascade=&Cascade>, <mWinCloseAll=Close &All>, "
