@@ -78,7 +78,7 @@ struct TeamRec {
 };
 
 struct PaletteRec {
-  std::string Name;  ///< UTF-8
+  std::string Name;                           ///< UTF-8
   std::int16_t Red = 0, Green = 0, Blue = 0;  ///< 0 to 255
   bool operator==(const PaletteRec&) const = default;
 };

@@ -132,7 +132,7 @@ std::optional<std::vector<std::uint8_t>> FRSMform::AskForBase(const QString& tit
     versions.clear();  // the files can still be chosen
   }
   // The first state comes first: it is what others are likely to have.
-  std::ranges::rotate(versions, versions.empty() ? versions.end() : versions.end() - 1);
+  if (!versions.empty()) std::rotate(versions.begin(), versions.end() - 1, versions.end());
   for (const Version& version : versions) choices << VersionTitle(version);
   choices << "The file as it is on the disk"
           << "Another file...";

@@ -87,9 +87,9 @@ TEST_F(RsmtoolTables, WrongTeamsAreTurnedAway) {
       "line 2, column 6 (Run 1), SPARROWS: \"8\" is not a number from 0 to 7\n"
       "line 3, column 7 (Run 1 Name), OTTERS: \"No Such Play\" is not a name of any\n"
       "line 4, column 1 (Team): \"29\" names no team\n"
-            "line 5, SPARROWS: the same team is in line 2 already\n"
-            "line 6, column 7 (Run 1 Name), FOXES: it is not the name of number 5\n"
-            "rsmtool: 9 errors; nothing was written\n");
+      "line 5, SPARROWS: the same team is in line 2 already\n"
+      "line 6, column 7 (Run 1 Name), FOXES: it is not the name of number 5\n"
+      "rsmtool: 9 errors; nothing was written\n");
 }
 
 TEST_F(RsmtoolTables, AScheduleReplacesTheWeeksItNames) {
