@@ -21,7 +21,7 @@ constexpr int last_side = TeamCount + 1;  // counted from 0; the second all-star
 /// How a table calls a side, Latin-1.
 std::string CallOf(const LeagueData& league, int side) {
   if (side >= 0 && side < TeamCount) {
-    const std::string text(TrimmedText(SideAbbreviation(league, side)));
+    std::string text(TrimmedText(SideAbbreviation(league, side)));
     if (FindTeam(league, text).Number == side + 1) return text;
   }
   return std::to_string(side + 1);

@@ -48,6 +48,7 @@ class frmAllPlayers : public ChildForm {
   void LayOut();
   void Connect();
 
+  void AddColumnActions();
   void Form_Load();
   void Form_Unload() override;
   void txtFind_Change();
@@ -58,6 +59,8 @@ class frmAllPlayers : public ChildForm {
   void btnShow_Click();
   void btnOK_Click();
 
+  /// In the order that the heading shows; with `also`, within the columns before.
+  void SortBy(int column, bool also);
   void GoToCell(const QModelIndex& cell);
   void StepRatings(int steps);
   QString CopiedText() const;

@@ -122,6 +122,18 @@ TEST_F(AllPlayers, HeadingsSortAndShiftSortsWithin) {
       ASSERT_LE(Text(row - 1, "Last"), Text(row, "Last")) << row;
     }
   }
+  GoTo(Cell(0, "No"));
+  const auto act = [this](const QString& caption) {
+    for (QAction* action : Grid().actions()) {
+      if (action->text() == caption) action->trigger();
+    }
+  };
+  act("&Sort by This Column");
+  for (int row = 1; row < 840; ++row) ASSERT_LE(Text(row - 1, "No"), Text(row, "No")) << row;
+  act("&Sort by This Column");
+  for (int row = 1; row < 840; ++row) ASSERT_GE(Text(row - 1, "No"), Text(row, "No")) << row;
+  act("Move Column &Left");
+  EXPECT_EQ(Grid().horizontalHeader()->visualIndex(Column("No")), 3);
   Head("PC");
   EXPECT_NE(Text(55, "PC"), "");
   EXPECT_EQ(Text(56, "PC"), "") << "those without the rating come last";
