@@ -1,3 +1,4 @@
+#include <QAbstractScrollArea>
 #include <QApplication>
 #include <QDir>
 #include <QFile>
@@ -142,6 +143,8 @@ void CompareStep(const std::string& what, QWidget& form, Step step) {
       [&] {
         return Milliseconds([&] {
           form.update();
+          // Their grounds hide the form's, so it doesn't paint them.
+          for (auto* area : form.findChildren<QAbstractScrollArea*>()) area->viewport()->update();
           Settle();
         });
       });

@@ -89,9 +89,15 @@ std::vector<std::string> StoreCells(const std::vector<CellEdit>& cells, bool rou
       renamed.insert({cell.Player.Team, cell.Player.Slot});
     }
   };
+  std::set<std::pair<int, const Column*>> given;
   // A duty that moves within the cells: who gets it comes before who gives it.
   for (const CellEdit& cell : cells) {
-    if (!IsDuty(*cell.Of) || IsYes(cell)) store(cell);
+    const bool gets = IsDuty(*cell.Of) && IsYes(cell);
+    if (gets && !given.insert({cell.Player.Team, cell.Of}).second) {
+      fail(cell.Player, std::string(cell.Of->Heading), "another of the team is to have it as well");
+    } else if (gets || !IsDuty(*cell.Of)) {
+      store(cell);
+    }
   }
   for (const CellEdit& cell : cells) {
     if (IsDuty(*cell.Of) && !IsYes(cell)) store(cell);

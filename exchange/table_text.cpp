@@ -28,8 +28,9 @@ std::string Utf16AsUtf8(std::string_view bytes, QStringDecoder::Encoding encodin
 
 class Parser {
  public:
-  Parser(std::string_view text, char separator)
-      : text_(text), separator_(separator), ends_{separator_, '\r', '\n'} {}
+  enum class Quotes { Strict, Lenient };
+  Parser(std::string_view text, char separator, Quotes quotes)
+      : text_(text), separator_(separator), ends_{separator_, '\r', '\n'}, quotes_(quotes) {}
 
   bool AtEnd() const { return at_ == text_.size(); }
 
@@ -58,17 +59,28 @@ class Parser {
   }
 
   TableCell ReadCell(int column) {
-    TableCell cell{{}, line_};
-    if (!Take('"')) {
-      const std::size_t end = std::min(text_.find_first_of(ends_, at_), text_.size());
-      cell.Text = text_.substr(at_, end - at_);
-      at_ = end;
+    const std::size_t start = at_;
+    const int line = line_;
+    if (!Take('"')) return PlainCell();
+    try {
+      TableCell cell{{}, line_};
+      ReadQuoted(cell, column);
+      if (!AtEnd() && text_.substr(at_, 1).find_first_of(ends_) == std::string_view::npos) {
+        throw TableSyntaxError(line_, column, "there is text after a closing quote");
+      }
       return cell;
+    } catch (const TableSyntaxError&) {
+      if (quotes_ == Quotes::Strict) throw;
+      at_ = start;
+      line_ = line;
+      return PlainCell();
     }
-    ReadQuoted(cell, column);
-    if (!AtEnd() && text_.substr(at_, 1).find_first_of(ends_) == std::string_view::npos) {
-      throw TableSyntaxError(line_, column, "there is text after a closing quote");
-    }
+  }
+
+  TableCell PlainCell() {
+    const std::size_t end = std::min(text_.find_first_of(ends_, at_), text_.size());
+    TableCell cell{std::string(text_.substr(at_, end - at_)), line_};
+    at_ = end;
     return cell;
   }
 
@@ -90,6 +102,7 @@ class Parser {
   std::string_view text_;
   char separator_;
   std::string ends_;
+  Quotes quotes_;
   std::size_t at_ = 0;
   int line_ = 1;
 };
@@ -111,7 +124,7 @@ std::string TableText(std::string_view bytes) {
 
 std::vector<TableRow> ParseTable(std::string_view text) {
   std::vector<TableRow> rows;
-  Parser parser(text, SeparatorOf(text));
+  Parser parser(text, SeparatorOf(text), Parser::Quotes::Strict);
   while (!parser.AtEnd()) {
     TableRow row = parser.ReadRow();
     if (!IsBlank(row)) rows.push_back(std::move(row));
@@ -121,8 +134,9 @@ std::vector<TableRow> ParseTable(std::string_view text) {
 
 std::vector<TableRow> ParseCells(std::string_view text) {
   std::vector<TableRow> rows;
-  Parser parser(text, '\t');
+  Parser parser(text, '\t', Parser::Quotes::Lenient);
   while (!parser.AtEnd()) rows.push_back(parser.ReadRow());
+  while (rows.size() > 1 && rows.back().size() == 1 && rows.back()[0].Text.empty()) rows.pop_back();
   return rows;
 }
 

@@ -159,8 +159,10 @@ void ViewPlayer::ShowPlayer(int team, int slot) {
 }
 
 void ViewPlayer::GoToPlayer(int team, int slot) {
+  // The editor's pending values stay if it is the player on view.
+  const bool same = team == session_.CurTeam && slot == session_.CurSlot;
   FillListsFor(team);
-  ShowPlayer(team, slot);
+  same ? ShowPlayerHere(team, slot) : ShowPlayer(team, slot);
 }
 
 void ViewPlayer::FillListsFor(int team) {

@@ -79,6 +79,8 @@ void frmAllPlayers::BuildGrid() {
   grdPlayers->setModel(players_);
   grdPlayers->setItemDelegate(new PlayerDelegate(grdPlayers));
   grdPlayers->setTabKeyNavigation(false);
+  // A double click on a name shows the player instead.
+  grdPlayers->setEditTriggers(QAbstractItemView::AnyKeyPressed | QAbstractItemView::EditKeyPressed);
   grdPlayers->setWordWrap(false);
   grdPlayers->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
   grdPlayers->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
@@ -92,6 +94,8 @@ void frmAllPlayers::BuildGrid() {
   head->setSectionsClickable(true);
   head->setHighlightSections(false);
   head->setContextMenuPolicy(Qt::CustomContextMenu);
+  // A click on a heading sorts; it doesn't select the column too.
+  disconnect(head, SIGNAL(sectionPressed(int)), grdPlayers, SLOT(selectColumn(int)));
   const int letter = fontMetrics().averageCharWidth();
   for (int column = 0; column < players_->columnCount(); ++column) {
     const Column& kind = *PlayersModel::Columns()[static_cast<std::size_t>(column)];
@@ -224,8 +228,10 @@ void frmAllPlayers::grdPlayers_HeadClick(int column) {
 }
 
 void frmAllPlayers::SortBy(int column, bool also) {
+  const QModelIndex current = grdPlayers->currentIndex();
+  const PlayerPlace player = current.isValid() ? players_->PlayerAt(current.row()) : PlayerPlace();
   players_->SortBy(column, grdPlayers->horizontalHeader()->sortIndicatorOrder(), also);
-  GoToCell(players_->index(0, column));
+  GoToCell(players_->index(std::max(players_->RowOf(player), 0), column));
 }
 
 void frmAllPlayers::grdPlayers_HeadMenu(QPoint place) {
@@ -244,8 +250,13 @@ void frmAllPlayers::grdPlayers_HeadMenu(QPoint place) {
 }
 
 void frmAllPlayers::grdPlayers_DblClick(const QModelIndex& index) {
-  const Column& column = *PlayersModel::Columns()[static_cast<std::size_t>(index.column())];
-  if (column.Kind == ColumnKind::TeamName || column.Kind == ColumnKind::Position) btnShow_Click();
+  using enum ColumnKind;
+  const ColumnKind kind = PlayersModel::Columns()[static_cast<std::size_t>(index.column())]->Kind;
+  if (kind == TeamName || kind == Position || kind == FirstName || kind == LastName) {
+    btnShow_Click();
+  } else {
+    grdPlayers->edit(index);
+  }
 }
 
 QModelIndexList frmAllPlayers::SelectedCells() const {

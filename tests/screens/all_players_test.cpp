@@ -193,6 +193,20 @@ TEST_F(AllPlayers, ABlockIsPastedWholeOrNotAtAll) {
       "a letter from A to Z\nSPARROWS QB 2 two\\x0Alines X, Name: \"two\\x0AlinesX\" holds a "
       "control character");
   EXPECT_TRUE(session_.League() == before);
+  Paste("jon\r\n\r\n");
+  EXPECT_EQ(Text(0, "First"), "jon");
+  EXPECT_EQ(Text(1, "First"), "bo") << "an empty last line is no cell";
+  Paste("\"bo\" x\n");
+  EXPECT_EQ(Text(0, "First"), "\"bo\" x") << "as Excel writes it";
+  Pick("mnuEditUndo");
+  Pick("mnuEditUndo");
+  GoTo(Cell(2, "KR"));
+  OnNextDialog([&told](QDialog& dialog) {
+    told = dynamic_cast<QMessageBox&>(dialog).text();
+    dialog.accept();
+  });
+  Paste("yes\nyes\n");
+  EXPECT_TRUE(told.contains("another of the team is to have it as well")) << told.toStdString();
   GoTo(Cell(839, "PR"));
   AnswerNextMessage("OK");
   Paste("a\tb\n");
@@ -286,6 +300,12 @@ TEST_F(AllPlayers, APlayerIsShownAndTheColumnsAreKept) {
   EXPECT_EQ(session_.CurTeam, 2);
   EXPECT_EQ(session_.CurSlot, 2);
   EXPECT_TRUE(IsOpen("ViewPlayer"));
+  Grid().scrollToTop();
+  QTest::mouseClick(Grid().viewport(), Qt::LeftButton, {},
+                    Grid().visualRect(Cell(2, "Last")).center());
+  QTest::mouseDClick(Grid().viewport(), Qt::LeftButton, {},
+                     Grid().visualRect(Cell(2, "Last")).center());
+  EXPECT_EQ(session_.CurSlot, 3) << "a double click on a name shows the player";
   Grid().setColumnHidden(Column("Photo"), true);
   Grid().horizontalHeader()->moveSection(0, 3);
   Press("frmAllPlayers", "btnOK");
