@@ -46,7 +46,7 @@ build() {
   cmake --build "build/$preset" ${1:+--target "$@"}
 }
 
-build_packages=(g++ cmake ninja-build qt6-base-dev nlohmann-json3-dev zlib1g-dev libxxhash-dev)
+build_packages=(g++ cmake ninja-build qt6-base-dev nlohmann-json3-dev zlib1g-dev libxxhash-dev cc65)
 quick_packages=(libgtest-dev libgmock-dev python3)
 test_packages=("${quick_packages[@]}" clang clang-tidy cppcheck libclang-rt-14-dev poppler-utils
   dpkg-dev file debootstrap desktop-file-utils appstream lintian acl)

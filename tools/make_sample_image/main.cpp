@@ -1,10 +1,11 @@
-// Writes the sample league as a whole image that has never been saved. The bytes outside its
-// sections are noise, so that a stray write is noticed.
+// Writes the sample league as a whole image that has never been saved, with a program that shows
+// it. The bytes outside its sections and the program are noise, so that a stray write is noticed.
 
 #include <array>
 #include <cstdio>
 #include <exception>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "league/file_access.h"
@@ -43,13 +44,35 @@ void MakeStock(OpenImage& image, const std::vector<std::uint8_t>& noise) {
   image.WriteWordAt(formation_mark, stock_mark);
 }
 
-void MakeSampleImage(const std::string& path) {
+/// The pieces of the program, which the linker has named; tools/sample_cartridge/cartridge.cfg has
+/// their addresses.
+struct Piece {
+  std::string_view suffix;
+  int offset;
+};
+constexpr std::array<Piece, 7> pieces{{{"", 0x3E010},
+                                       {".vectors", 0x4000A},
+                                       {".tiles", 0x5E010},
+                                       {".exit_a", 0x21660},
+                                       {".exit_b0", 0x3100E},
+                                       {".exit_b1", 0x31014},
+                                       {".exit_b2", 0x3101A}}};
+
+void AddProgram(OpenImage& image, const std::string& cartridge) {
+  for (const auto& [suffix, offset] : pieces) {
+    const auto piece = ReadFileStart(cartridge + std::string(suffix), OpenImage::WholeSize);
+    image.WriteBytesAt(offset, piece.Bytes);
+  }
+}
+
+void MakeSampleImage(const std::string& path, const std::string& cartridge) {
   const LeagueData league = BuildSampleLeague();
   if (const auto overflow = TextOverflow(league)) throw std::length_error(*overflow);
   const std::vector<std::uint8_t> noise = Noise();
   OpenImage image(noise);
   WriteLeague(image, league, [] {});
   MakeStock(image, noise);
+  AddProgram(image, cartridge);
   ReplaceFile(path, image.Bytes());
 }
 
@@ -58,12 +81,12 @@ void MakeSampleImage(const std::string& path) {
 }  // namespace rostermill
 
 int main(int argc, char** argv) {
-  if (argc != 2) {
-    std::fputs("usage: make_sample_image FILE\n", stderr);
+  if (argc != 3) {
+    std::fputs("usage: make_sample_image FILE CARTRIDGE\n", stderr);
     return 2;
   }
   try {
-    rostermill::MakeSampleImage(argv[1]);
+    rostermill::MakeSampleImage(argv[1], argv[2]);
   } catch (const std::exception& error) {
     std::fprintf(stderr, "make_sample_image: %s: %s\n", argv[1], error.what());
     return 1;
