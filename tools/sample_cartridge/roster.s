@@ -9,7 +9,13 @@
 .importzp shown_team, roster_page
 
 PAGE_SIZE  = 10
-FIRST_ROW  = 5
+FIRST_ROW  = 6
+
+; Every other player is of another color, in the upper halves of these attributes.
+STRIPES       = ATTRIBUTES + 16
+STRIPES_SIZE  = 40
+STRIPE        = %00000101       ; palette 1
+STRIPE_COLOR  = $3C
 
 .segment "ZEROPAGE"
 row:      .res 1
@@ -54,8 +60,25 @@ next:
     lda slot
     cmp last
     bne next
+    jsr draw_stripes
     say 26, 2, "QB + PS PC AC AP   K  + KA AB"
     say 27, 2, "Backs + BC RC   Def + PI QU"
+    rts
+.endproc
+
+.proc draw_stripes
+    lda #>STRIPES
+    sta PPU_ADDRESS
+    lda #<STRIPES
+    sta PPU_ADDRESS
+    lda #STRIPE
+    ldx #STRIPES_SIZE
+next:
+    sta PPU_DATA
+    dex
+    bne next
+    lda #STRIPE_COLOR
+    sta colors+1*4+1
     rts
 .endproc
 

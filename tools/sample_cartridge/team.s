@@ -13,7 +13,7 @@
 FIGURE        = $10             ; the first tile of a player in uniform, of three in four rows
 FIGURE_ROW    = 16
 FIGURE_COLUMN = 4
-SECOND_COLUMN = 16
+SECOND_COLUMN = 20
 FIGURE_ATTRIBUTES = ATTRIBUTES + 8 * (FIGURE_ROW / 4)
 
 JERSEY_COLORS = 6
