@@ -30,7 +30,7 @@ stack:        .res 1
     lda LowOf(FORMATION_CODE_A)
     cmp #<CODE_MARK
     bne done
-    lda LowOf(FORMATION_CODE_A)+1
+    lda LowOf(FORMATION_CODE_A + 1)
     cmp #>CODE_MARK
     bne done
 

@@ -120,7 +120,7 @@ next:
 ; Prints number and name of the team's player at the slot: "#42 sam PLOVER".
 .proc print_player
     use_low NAME_POINTERS
-    lda #BankOf(NAME_POINTERS)+1
+    lda #BankOf(NAME_POINTERS + BANK_SIZE)
     jsr high_bank
     point LowOf(NAME_POINTERS)
     lda #2*SLOTS

@@ -45,7 +45,7 @@ valid:
     tax
     lda LowOf(WEEK_POINTERS),x
     sta games
-    lda LowOf(WEEK_POINTERS)+1,x
+    lda LowOf(WEEK_POINTERS + 1),x
     sta games+1
     lda #FIRST_ROW
     sta row
