@@ -48,5 +48,5 @@ build() {
 
 build_packages=(g++ cmake ninja-build qt6-base-dev nlohmann-json3-dev zlib1g-dev libxxhash-dev)
 quick_packages=(libgtest-dev libgmock-dev python3)
-test_packages=(git "${quick_packages[@]}" clang clang-tidy cppcheck libclang-rt-14-dev poppler-utils
-  dpkg-dev file debootstrap desktop-file-utils appstream lintian acl)
+test_packages=("${quick_packages[@]}" clang clang-tidy cppcheck libclang-rt-14-dev poppler-utils
+  dpkg-dev file debootstrap desktop-file-utils appstream lintian acl git)
