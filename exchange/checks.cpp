@@ -148,6 +148,7 @@ class Check {
     const WeekFacts facts = FactsOfWeek(games);
     const auto add = [&](const std::vector<int>& sides, const std::string& what) {
       std::vector<std::string> names;
+      names.reserve(sides.size());
       for (const int side : sides) names.push_back(ScheduleTeamName(league_, side));
       if (names.empty()) return;
       Add(FindingKind::Weeks, {UnitKind::Week, 0, 0, week},
@@ -192,15 +193,16 @@ class Check {
       for (int slot = 1; slot <= SlotCount; ++slot) {
         const Unit where{UnitKind::AllStar, 0, slot, conference};
         const std::string place = side + " " + std::string(SlotLabels[slot]);
+        const std::string text = place + ": " + ProbowlPlayer(league_, roster[slot]);
         if (!NamesPlayer(roster[slot])) {
-          Add(FindingKind::AllStars, where, place + ": " + ProbowlPlayer(league_, roster[slot]));
+          Add(FindingKind::AllStars, where, text);
           continue;
         }
         for (int other = 1; other < slot; ++other) {
           if (roster[other] != roster[slot]) continue;
-          Add(FindingKind::AllStars, where,
-              place + ": " + ProbowlPlayer(league_, roster[slot]) + " is " + side + " " +
-                  std::string(SlotLabels[other]) + " already");
+          std::string found = text;
+          found.append(" is ").append(side).append(" ").append(SlotLabels[other]);
+          Add(FindingKind::AllStars, where, found.append(" already"));
         }
       }
     }

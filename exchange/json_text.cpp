@@ -104,15 +104,14 @@ std::string JsonQuoted(std::string_view text) {
 }
 
 std::string JsonText(const Json& json, int indent) {
-  std::string text;
-  for (const char c : json.dump(indent, ' ', false, Json::error_handler_t::replace)) {
-    if (c == '\x7F') {
-      text += "\\u007f";
-    } else {
-      text += c;
-    }
+  std::string text = json.dump(indent, ' ', false, Json::error_handler_t::replace);
+  constexpr std::string_view escaped = "\\u007f";
+  for (std::size_t at = 0; (at = text.find('\x7F', at)) != std::string::npos;) {
+    text.replace(at, 1, escaped);
+    at += escaped.size();
   }
-  return text + "\n";
+  text += "\n";
+  return text;
 }
 
 std::string JsonPath(const std::string& parent, std::string_view key) {

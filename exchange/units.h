@@ -1,6 +1,6 @@
 #pragma once
 
-#include <compare>
+#include <tuple>
 
 #include "league/league_data.h"
 
@@ -33,7 +33,11 @@ struct Unit {
   int Team = 0;  ///< 1 to 28; 0 where it isn't about a team
   int Slot = 0;  ///< 1 to 30; 0 where it isn't about a player
   int Part = 0;  ///< see UnitKind; otherwise 0
-  auto operator<=>(const Unit&) const = default;
+  bool operator==(const Unit&) const = default;
+  bool operator<(const Unit& other) const {
+    return std::tie(Kind, Team, Slot, Part) <
+           std::tie(other.Kind, other.Team, other.Slot, other.Part);
+  }
 };
 
 /// Whether two leagues have the same value in a unit, byte by byte; in a week the games in use

@@ -1,6 +1,7 @@
 #include "history/unsaved_store.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <sstream>
 #include <tuple>
 #include <utility>
@@ -124,7 +125,7 @@ void RemoveLeftovers(const std::string& folder) {
     const int number = NumberIn(file);
     if (number == 0 || FileLock::IsHeld(LockPath(folder, number))) continue;
     if (file.starts_with('.') || file.ends_with(".lock")) {
-      RemoveFile(folder + "/" + file);
+      RemoveFile(std::filesystem::path(folder) / file);
     }
   }
 }

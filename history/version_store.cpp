@@ -103,7 +103,7 @@ Contents ContentsOf(const std::string& folder) {
     // A file that is being written has the start of its name with a dot before it.
     int ignored = 0;
     if (file[0] == '.' && std::sscanf(file.c_str(), ".%9d-%9d_", &ignored, &ignored) == 2) {
-      contents.Leftovers.push_back(folder + "/" + file);
+      contents.Leftovers.push_back(std::filesystem::path(folder) / file);
     }
     auto kept = ParseName(file);
     if (!kept) continue;

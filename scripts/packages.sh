@@ -49,4 +49,4 @@ build() {
 build_packages=(g++ cmake ninja-build qt6-base-dev nlohmann-json3-dev zlib1g-dev libxxhash-dev cc65)
 quick_packages=(libgtest-dev libgmock-dev python3)
 test_packages=("${quick_packages[@]}" clang clang-tidy cppcheck libclang-rt-14-dev poppler-utils
-  dpkg-dev file debootstrap desktop-file-utils appstream lintian acl)
+  dpkg-dev file debootstrap desktop-file-utils appstream lintian acl git)

@@ -23,7 +23,7 @@ constexpr const char* title = "Play";
 QString FRSMform::WriteCopyToPlay() const {
   const QString folder =
       QStandardPaths::writableLocation(QStandardPaths::GenericCacheLocation) + "/rostermill/play";
-  const QString path = folder + "/" + QFileInfo(FromUtf8(session_.ImagePath)).fileName();
+  QString path = folder + "/" + QFileInfo(FromUtf8(session_.ImagePath)).fileName();
   QDir().mkpath(folder);
   OpenImage image(ReadFileStart(session_.ImagePath, OpenImage::WholeSize).Bytes);
   WriteLeague(image, session_.League(), [] {});

@@ -46,7 +46,7 @@ void FRSMform::ShowStartPage() {
   if (session_.ImageLoaded == 0) {
     const RecentFiles::List files = GetRecentFiles();
     for (int index = 0; index < RecentFiles::Count; ++index) {
-      const QString path = files[static_cast<std::size_t>(index)];
+      const QString& path = files[static_cast<std::size_t>(index)];
       if (path.isEmpty() || path == "None") continue;
       QAction* item = menu_.Item(MemberName("mnuFileRecent", index));
       const int room = fontMetrics().averageCharWidth() * longest_link;

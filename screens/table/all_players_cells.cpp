@@ -91,6 +91,18 @@ std::optional<std::vector<CellEdit>> frmAllPlayers::PastedCells(
   return edits;
 }
 
+void frmAllPlayers::TellOfRounded(const std::vector<CellEdit>& edits) {
+  const auto rounded = std::ranges::count_if(edits, [this](const CellEdit& edit) {
+    const auto [team, slot] = edit.Player;
+    return edit.Of->Kind == ColumnKind::Rating && !edit.Text.empty() &&
+           PlayerCell(session_.League(), team, slot, *edit.Of) != edit.Text;
+  });
+  if (rounded == 0) return;
+  emit Told(FromUtf8(QuantityText(static_cast<std::uint64_t>(rounded), "rating")) +
+            (rounded == 1 ? " does not exist; the nearest was taken"
+                          : " do not exist; the nearest were taken"));
+}
+
 void frmAllPlayers::Paste(const QString& text) {
   const auto refuse = [this](const QString& why) {
     ShowMessageBox(this, QMessageBox::Warning, "Nothing was changed:\n\n" + why, "Paste");
@@ -101,7 +113,7 @@ void frmAllPlayers::Paste(const QString& text) {
     if (!edits) return refuse("The cells on the clipboard reach beyond the table.");
     QStringList problems =
         players_->Store(*edits, "Paste " + FromUtf8(QuantityText(edits->size(), "Cell")));
-    if (problems.isEmpty()) return;
+    if (problems.isEmpty()) return TellOfRounded(*edits);
     constexpr qsizetype most = 10;
     const qsizetype more = problems.size() - most;
     problems = problems.first(std::min(problems.size(), most));

@@ -65,6 +65,7 @@ class frmAllPlayers : public ChildForm {
   void StepRatings(int steps);
   QString CopiedText() const;
   void Paste(const QString& text);
+  void TellOfRounded(const std::vector<CellEdit>& edits);
   /// The headings of so many columns on view, from a place in the header on.
   QStringList Headings(int visual, std::size_t count) const;
   /// What the rows change from the first selected cell on, or all selected cells for a single one;

@@ -218,6 +218,9 @@ TEST_F(AllPlayers, ABlockIsPastedWholeOrNotAtAll) {
   Paste("100");
   EXPECT_EQ(Text(2, "RS") + Text(4, "RP") + Text(3, "RS"), "100100100");
   EXPECT_NE(Text(5, "RS"), "100");
+  Paste("99");
+  EXPECT_EQ(window_.statusBar()->currentMessage(),
+            "6 ratings do not exist; the nearest were taken");
 }
 
 TEST_F(AllPlayers, WholeRowsAreCopiedWithHeadingsAndPastedBack) {
