@@ -61,8 +61,8 @@ next:
     cmp last
     bne next
     jsr draw_stripes
-    say 26, 2, "QB + PS PC AC AP   K  + KA AB"
-    say 27, 2, "Backs + BC RC   Def + PI QU"
+    say 27, 2, "QB + PS PC AC AP   K  + KA AB"
+    say 28, 2, "Backs + BC RC   Def + PI QU"
     rts
 .endproc
 
