@@ -10,6 +10,7 @@
 #include "history/league_history.h"
 #include "league/league_session.h"
 #include "screens/compare/compare_form.h"
+#include "shell/emulator.h"
 #include "shell/menu_tree.h"
 #include "shell/recent_files.h"
 #include "shell/window_host.h"
@@ -45,6 +46,9 @@ class FRSMform : public QMainWindow {
   /// Loads the image at the path, UTF-8. A file that is rejected leaves the path and the league in
   /// use unchanged. False if nothing was loaded.
   bool OpenImageFile(const std::string& path);
+
+  /// How Play and its chooser look for the usual emulators.
+  FindProgram FindEmulator = InstalledProgram;
 
   /// Loads the image at the path like one that is dropped on the window, unless the window is busy.
   void OpenFromOutside(const QString& path);

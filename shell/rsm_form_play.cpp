@@ -6,7 +6,6 @@
 
 #include "league/file_access.h"
 #include "league/save_image.h"
-#include "shell/emulator.h"
 #include "shell/rsm_form.h"
 #include "toolkit/messages.h"
 #include "toolkit/qt_strings.h"
@@ -37,7 +36,7 @@ void FRSMform::mToolPlay_Click() {
                           FromUtf8(*overflow) + "\n\nThe game can't be played like this.", title);
   }
   QString command = settings_.value(program_key).toString();
-  if (command.isEmpty()) command = UsualEmulator(InstalledProgram, CoreFolders());
+  if (command.isEmpty()) command = UsualEmulator(FindEmulator, CoreFolders());
   const bool by_desktop = command.isEmpty() && DesktopPlaysImages();
   if (command.isEmpty() && !by_desktop) {
     mToolEmulator_Click();
@@ -47,7 +46,12 @@ void FRSMform::mToolPlay_Click() {
   try {
     const QString file = WriteCopyToPlay();
     if (by_desktop) {
-      QDesktopServices::openUrl(QUrl::fromLocalFile(file));
+      if (!QDesktopServices::openUrl(QUrl::fromLocalFile(file))) {
+        ShowMessageBox(this, QMessageBox::Warning,
+                       "The desktop's program could not be started.\n\n"
+                       "Tools > Choose Emulator sets another one.",
+                       title);
+      }
       return;
     }
     const auto call = CallOf(command, file);
@@ -67,8 +71,7 @@ void FRSMform::mToolEmulator_Click() {
   const QString chosen = settings_.value(program_key).toString();
   const QString command = AskForLine(
       this, "The program that plays a league. Arguments may follow, and %f stands for the file:",
-      "Choose Emulator",
-      chosen.isEmpty() ? UsualEmulator(InstalledProgram, CoreFolders()) : chosen);
+      "Choose Emulator", chosen.isEmpty() ? UsualEmulator(FindEmulator, CoreFolders()) : chosen);
   if (!command.trimmed().isEmpty()) settings_.setValue(program_key, command.trimmed());
 }
 
