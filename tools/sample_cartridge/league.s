@@ -142,37 +142,10 @@ next:
 name:
     ldx #1
     jsr print_blanks
-    jsr first_name              ; leaves the pointer at the last name
+    jsr print_first_name        ; leaves the pointer at the last name
     ldx #1
     jsr print_blanks
     jmp print_span
-.endproc
-
-; Prints up to the first capital letter.
-.proc first_name
-    ldy #0
-next:
-    lda room
-    beq done
-    lda pointer
-    cmp limit
-    lda pointer+1
-    sbc limit+1
-    bcs done
-    lda (pointer),y
-    cmp #'A'
-    bcc print
-    cmp #'Z'+1
-    bcc done
-print:
-    jsr print_character
-    dec room
-    inc pointer
-    bne next
-    inc pointer+1
-    jmp next
-done:
-    rts
 .endproc
 
 .segment "RODATA"

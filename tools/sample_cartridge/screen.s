@@ -9,6 +9,7 @@
 pointer: .res 2                 ; what is read next
 limit:   .res 2                 ; the first byte after a text
 room:    .res 1                 ; how many characters a text may still print
+before_capital: .res 1          ; whether a capital letter ends the text
 
 .segment "BSS"
 colors:  .res 32                ; four palettes of the background, four of the sprites
@@ -143,8 +144,21 @@ done:
     rts
 .endproc
 
-; Prints the bytes from the pointer up to the limit, as far as there is room.
+; Prints the bytes from the pointer up to the first capital letter or the limit, as far as there is
+; room.
+.proc print_first_name
+    lda #1
+    bne print_bytes
+.endproc
+
+; The same, with capital letters.
 .proc print_span
+    lda #0
+    ; continues
+.endproc
+
+.proc print_bytes
+    sta before_capital
     ldy #0
 next:
     lda room
@@ -155,6 +169,13 @@ next:
     sbc limit+1
     bcs done
     lda (pointer),y
+    ldx before_capital
+    beq print
+    cmp #'A'
+    bcc print
+    cmp #'Z'+1
+    bcc done
+print:
     jsr print_character
     dec room
     inc pointer
