@@ -34,8 +34,8 @@ class TableSyntaxError : public std::runtime_error {
 std::vector<TableRow> ParseTable(std::string_view text);
 
 /// The rows of a block of cells as a spreadsheet puts it on the clipboard: separated by tabs, blank
-/// rows kept but for those at the end. A cell that begins with a quote and isn't quoted as a whole is
-/// text as it stands.
+/// rows kept but for those at the end. A cell that begins with a quote and isn't quoted as a whole
+/// is text as it stands.
 std::vector<TableRow> ParseCells(std::string_view text);
 
 /// The cells as one line, quoted where they need it, ended by CR LF.
