@@ -18,10 +18,10 @@ std::string_view ShortHeading(const Column& column);
 /// doesn't count.
 class PlayerFilter {
  public:
-  /// Reads what is typed. What isn't understood gives a filter that Problem() tells of.
+  /// Reads what is typed. If some of it isn't understood, Problem() says why.
   explicit PlayerFilter(std::string_view text = {});
 
-  /// Why the text isn't understood, UTF-8; empty where it is.
+  /// Empty if the whole text is understood; UTF-8.
   const std::string& Problem() const { return problem_; }
   bool Accepts(const LeagueData& league, PlayerPlace player) const;
 

@@ -75,7 +75,7 @@ void frmCheckLeague::FillList() {
     if (at == 0 || findings_[at - 1].Kind != finding.Kind) {
       group = new QTreeWidgetItem(lstFindings);
       const auto count = std::ranges::count(findings_, finding.Kind, &Finding::Kind);
-      group->setText(0, FromUtf8(std::string(TitleOf(finding.Kind))) + QString(": %1").arg(count));
+      group->setText(0, FromUtf8(TitleOf(finding.Kind)) + QString(": %1").arg(count));
     }
     auto* item = new QTreeWidgetItem(group);
     item->setText(0, FromUtf8(finding.Text));

@@ -13,7 +13,6 @@
 #include "exchange/wording.h"
 #include "league/quantity_text.h"
 #include "league/save_image.h"
-#include "toolkit/elided_label.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/messages.h"
 #include "toolkit/qt_strings.h"
@@ -124,9 +123,8 @@ void frmCompare::FillList() {
     const bool conflict = conflicts.contains(change.Where);
     if (!other_.Base || conflict || shown.contains(change.Where)) AddChange(change, conflict);
   }
-  std::erase_if(ticked_, [this](const Unit& unit) {
-    return std::ranges::find(units_, unit) == units_.end();
-  });
+  const std::set<Unit> listed(units_.begin(), units_.end());
+  std::erase_if(ticked_, [&listed](const Unit& unit) { return !listed.contains(unit); });
   lstChanges->expandAll();
   txtFilter_Change();
   const auto lines = LinesOf(*lstChanges);

@@ -183,7 +183,8 @@ void ViewTeams::cmbTeam_Click() {
 
 void ViewTeams::GoToTeam(int team) {
   SelectInList(team);
-  ShowTeam(team);
+  // The editor's pending values stay if it is the team on view.
+  ShowTeam(team, team != session_.ViewTeam);
 }
 
 void ViewTeams::SelectInList(int team) {

@@ -10,6 +10,13 @@
 namespace rostermill::test {
 namespace {
 
+/// Gives the session a copy of the sample to load.
+void PrepareSample(LeagueSession& session, const TempFolder& folder) {
+  session.AppDir = BinFolder();
+  session.ImagePath = folder.Path("league.nes");
+  WriteFile(session.ImagePath, SampleBytes());
+}
+
 TEST(LeagueHistory, ALoadThatEndsTheProgramLosesNoUnsavedChanges) {
   const TempFolder folder;
   const std::string base = folder.Path("kept");
@@ -39,10 +46,8 @@ TEST(LeagueHistory, ChangesThatCanNotBeKeptAreNoSecret) {
   const TempFolder folder;
   WriteFile(folder.Path("kept"), std::string("no folder"));
   LeagueSession session;
-  session.AppDir = BinFolder();
-  session.ImagePath = folder.Path("league.nes");
-  WriteFile(session.ImagePath, SampleBytes());
   FakeHost host;
+  PrepareSample(session, folder);
   LeagueHistory history(session, folder.Path("kept"));
   ASSERT_EQ(LoadImage(session, host, history), LoadOutcome::Loaded);
   session.Change("a city", [](LeagueData& league) { league.TeamData[1].City = "CHANGED"; });
@@ -57,10 +62,8 @@ TEST(LeagueHistory, ChangesThatCanNotBeKeptAreNoSecret) {
 TEST(LeagueHistory, OldVersionsGoSoonAfterASave) {
   const TempFolder folder;
   LeagueSession session;
-  session.AppDir = BinFolder();
-  session.ImagePath = folder.Path("league.nes");
-  WriteFile(session.ImagePath, SampleBytes());
   FakeHost host;
+  PrepareSample(session, folder);
   LeagueHistory history(session, folder.Path("kept"));
   ASSERT_EQ(LoadImage(session, host, history), LoadOutcome::Loaded);
   for (int year = 1; year <= 33; ++year) {

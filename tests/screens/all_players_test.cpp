@@ -195,7 +195,7 @@ TEST_F(AllPlayers, ABlockIsPastedWholeOrNotAtAll) {
   EXPECT_TRUE(session_.League() == before);
   Paste("jon\r\n\r\n");
   EXPECT_EQ(Text(0, "First"), "jon");
-  EXPECT_EQ(Text(1, "First"), "bo") << "an empty last line is no cell";
+  EXPECT_EQ(Text(1, "First"), "bo") << "an empty last line is not a cell";
   Paste("\"bo\" x\n");
   EXPECT_EQ(Text(0, "First"), "\"bo\" x") << "as Excel writes it";
   Pick("mnuEditUndo");

@@ -122,6 +122,12 @@ All-star rosters: 2
   show("which is not a color");
   EXPECT_EQ(session_.ViewTeam, 5);
   EXPECT_TRUE(IsOpen("ViewTeams"));
+  Press("ViewTeams", "btnEdit");
+  auto& city = Find<QLineEdit>(Form("EditTeam"), "txtCity");
+  city.setText("PENDING");
+  show("which is not a color");
+  EXPECT_EQ(city.text(), "PENDING") << "the team is on view already";
+  Press("EditTeam", "btnCancel");
   show("Week 16 has no games");
   EXPECT_EQ(Text("frmEditSchedule", "lblWeek"), "Week: 16");
   show("NFC P: ");

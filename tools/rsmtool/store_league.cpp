@@ -1,8 +1,6 @@
 #include "tools/rsmtool/store_league.h"
 
 #include "exchange/changes.h"
-#include "exchange/player_table.h"
-#include "exchange/wording.h"
 #include "league/quantity_text.h"
 #include "league/save_image.h"
 #include "tools/rsmtool/files.h"
@@ -16,20 +14,6 @@ void PrintEffects(const std::vector<std::string>& effects, std::ostream& out) {
   for (const std::string& effect : effects) out << "Also: " << effect;
 }
 
-/// Names that the image would not give back. One that it has already is left alone.
-std::size_t PrintNameProblems(const std::vector<Change>& changes, const LeagueData& league,
-                              Console& console) {
-  std::size_t problems = 0;
-  for (const Change& change : changes) {
-    if (change.Where.Kind != UnitKind::Name) continue;
-    const auto problem = NameProblem(league.NameData[change.Team][change.Slot]);
-    if (!problem) continue;
-    console.Err << change.Subject << ": " << *problem << "\n";
-    ++problems;
-  }
-  return problems;
-}
-
 }  // namespace
 
 void StopAtErrors(std::size_t errors) {
@@ -40,7 +24,6 @@ int StoreLeague(const QString& source, const QString& out, OpenImage& image,
                 const LeagueData& before, const LeagueData& league, const Arguments& arguments,
                 Console& console) {
   const std::vector<Change> changes = FindChanges(before, league);
-  StopAtErrors(PrintNameProblems(changes, league, console));
   if (changes.empty() && (out == source || arguments.DryRun)) {
     console.Err << "rsmtool: nothing to change; " << out.toStdString() << " stays as it is\n";
     return ExitOk;

@@ -10,7 +10,7 @@ namespace rostermill {
 /// what changes with --dry-run; otherwise writes the league into the image and the image to `out`,
 /// and says how much changed. `before` is the image's own league. Where nothing changes the image
 /// is left as it is, and copied where `out` is another file. Throws ToolError, nothing written,
-/// where a changed name or the texts together don't fit the image.
+/// where the texts together don't fit the image.
 int StoreLeague(const QString& source, const QString& out, OpenImage& image,
                 const LeagueData& before, const LeagueData& league, const Arguments& arguments,
                 Console& console);
