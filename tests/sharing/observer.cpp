@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 #include "history/bytes_hash.h"
@@ -77,6 +79,8 @@ void Observer::ReadLogs() {
 }
 
 void Observer::ReadLine(const std::string& writer, const LogLine& line) {
+  static const bool print = std::getenv("ROSTERMILL_SHARING_LOG") != nullptr;
+  if (print) printf("%s %s %s\n", writer.c_str(), line.Kind.c_str(), line.Text.c_str());
   lines_.push_back({writer, line});
   ++counts_[line.Kind];
   const std::string stamp = line.Stamp();
@@ -172,7 +176,7 @@ std::string Observer::Around(const std::string& stamp) const {
     std::multimap<long long, std::string> said;
     for (const Line& line : lines_) {
       if (line.Writer != followed.Writer) continue;
-      if (!said.empty() && said.rbegin()->first > last) break;
+      if (line.Said.Time > last && (said.empty() || said.rbegin()->first > last)) break;
       if (line.Said.Time <= first) said.clear();
       said.emplace(line.Said.Time, line.Writer + " " + line.Said.Kind + " " + line.Said.Text);
     }

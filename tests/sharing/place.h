@@ -8,11 +8,11 @@ namespace rostermill::test {
 
 /// Where the writers and their observer meet: a folder, with one for the image in it.
 struct Place {
-  std::string Folder;
+  std::string Folder;  ///< with a separator at its end
 
-  std::string ImageFolder() const { return Folder + "/league"; }
+  std::string File(const std::string& name) const { return Folder + name; }
+  std::string ImageFolder() const { return File("league"); }
   std::string Image() const { return ImageFolder() + "/league.nes"; }
-  std::string File(const std::string& name) const { return Folder + "/" + name; }
   std::string Log(const std::string& writer) const { return File(writer + ".log"); }
 
   /// The writers end as soon as this file is there.

@@ -33,6 +33,7 @@ Process::Process(const std::vector<std::string>& command, Group group, const std
     : group_(group) {
   std::vector<std::string> words = command;
   std::vector<char*> arguments;
+  arguments.reserve(words.size() + 1);
   for (std::string& word : words) arguments.push_back(word.data());
   arguments.push_back(nullptr);
   const pid_t parent = ::getpid();

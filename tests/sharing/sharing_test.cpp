@@ -44,10 +44,12 @@ class WriterRow {
       ADD_FAILURE() << writer_.Name() << " has ended: " << Messages();
       return Start();
     }
-    if (observer_.Saves(writer_) < life_) return;
-    process_->Kill();
-    ++kills_;
-    Start();
+    const auto now = std::chrono::steady_clock::now();
+    if (observer_.Saves(writer_) < life_) {
+      end_ = now + delay_;
+    } else if (now >= end_) {
+      Kill();
+    }
   }
 
   void ExpectEnd() const {
@@ -57,9 +59,16 @@ class WriterRow {
   int Kills() const { return kills_; }
 
  private:
+  void Kill() {
+    process_->Kill();
+    ++kills_;
+    Start();
+  }
+
   void Start() {
     ++writer_.Start;
     life_ = 4 + chances_.Below(40);
+    delay_ = std::chrono::milliseconds(chances_.Below(50));
     observer_.Follow(writer_);
     process_ = std::make_unique<Process>(
         std::vector<std::string>{"/proc/self/exe", "--writer", place_.Folder,
@@ -78,7 +87,9 @@ class WriterRow {
   Place place_;
   Observer& observer_;
   Chances& chances_;
-  int life_ = 0;
+  int life_ = 0;                       ///< how many saves it may begin
+  std::chrono::milliseconds delay_{};  ///< from the beginning of the last of them to its kill
+  std::chrono::steady_clock::time_point end_;
   int kills_ = 0;
   std::unique_ptr<Process> process_;
 };

@@ -80,7 +80,7 @@ std::string Describe(const std::vector<std::uint8_t>& bytes) {
     ++stamps[league.NameData[team][StampedSlot(team)].LastName];
   }
   for (const auto& [stamp, count] : stamps) text += ", " + std::to_string(count) + " x " + stamp;
-  const auto& [stamp, count] = *stamps.begin();
+  const std::string& stamp = league.NameData[1][StampedSlot(1)].LastName;
   const auto others = DifferingOffsets(bytes, StampedImage(stamp));
   text += ", " + std::to_string(others.size()) + " bytes differ from " + stamp;
   if (!others.empty()) text += ", the first at " + std::to_string(others.front());
