@@ -67,7 +67,8 @@ class WriterRow {
 
   void Start() {
     ++writer_.Start;
-    life_ = 4 + chances_.Below(40);
+    // Even a short run has some kills.
+    life_ = 2 + chances_.Below(writer_.Start == 1 ? 6 : 40);
     delay_ = std::chrono::milliseconds(chances_.Below(50));
     observer_.Follow(writer_);
     process_ = std::make_unique<Process>(
@@ -129,7 +130,10 @@ TEST(Sharing, WritersOfOneImageNeverTearItAndLoseNothing) {
   }
   const std::chrono::seconds seconds(Number("ROSTERMILL_SHARING_SECONDS", 8));
   const auto end = std::chrono::steady_clock::now() + seconds;
-  while (std::chrono::steady_clock::now() < end) {
+  constexpr int fewest_saves = 10;
+  while (std::chrono::steady_clock::now() < end ||
+         (observer.Count(Saved) < fewest_saves &&
+          std::chrono::steady_clock::now() < end + std::chrono::minutes(2))) {
     observer.Look(std::chrono::milliseconds(2));
     for (const auto& row : rows) row->MayKill();
   }
@@ -142,8 +146,7 @@ TEST(Sharing, WritersOfOneImageNeverTearItAndLoseNothing) {
   observer.Look({});
   observer.ExpectNothingLost();
   ExpectNoLeftovers(place, versions);
-  EXPECT_GT(observer.Count(Saved), 0);
-  EXPECT_GT(observer.Count(Done), 0);
+  EXPECT_GE(observer.Count(Saved), fewest_saves);
   printf("%s, %d kills\n", observer.Summary().c_str(), kills);
 }
 
