@@ -20,6 +20,10 @@ namespace rostermill::test {
 
 namespace {
 
+/// What must never happen to an image, which is replaced in one step.
+constexpr unsigned not_replaced = IN_MODIFY | IN_DELETE | IN_MOVED_FROM;
+constexpr unsigned written = IN_CREATE | IN_MOVED_TO;
+
 /// The hash in a version's name: "000012-000015_20260730T214012Z_393232_HASH_before a save.nes".
 /// Empty for any other file.
 std::string HashInName(const std::string& name) {
@@ -37,9 +41,9 @@ std::string HashInName(const std::string& name) {
 Observer::Observer(const Place& place, std::string versions)
     : place_(place), versions_(std::move(versions)), notices_(::inotify_init1(IN_NONBLOCK)) {
   // Nothing that appears is missed, however late it is looked at: the notices wait in a row.
-  versions_watch_ = ::inotify_add_watch(notices_, versions_.c_str(), IN_MOVED_TO);
+  versions_watch_ = ::inotify_add_watch(notices_, versions_.c_str(), written);
   EXPECT_GE(versions_watch_, 0);
-  EXPECT_GE(::inotify_add_watch(notices_, place_.ImageFolder().c_str(), IN_MOVED_TO), 0);
+  EXPECT_GE(::inotify_add_watch(notices_, place_.ImageFolder().c_str(), written | not_replaced), 0);
   ReadLine({}, {0, About, FirstStamp});
 }
 
@@ -55,6 +59,7 @@ void Observer::Look(std::chrono::milliseconds patience) {
   pollfd ready{notices_, POLLIN, 0};
   ::poll(&ready, 1, static_cast<int>(patience.count()));
   ReadImage();
+  saw_writing_ = false;
   alignas(inotify_event) std::array<char, 16384> buffer;
   for (;;) {
     const ssize_t size = ::read(notices_, buffer.data(), buffer.size());
@@ -62,11 +67,23 @@ void Observer::Look(std::chrono::milliseconds patience) {
     inotify_event notice{};
     for (ssize_t at = 0; at < size; at += static_cast<ssize_t>(sizeof notice + notice.len)) {
       std::memcpy(&notice, buffer.data() + at, sizeof notice);
-      if ((notice.mask & IN_Q_OVERFLOW) != 0) ADD_FAILURE() << "too many notices";
-      if (notice.wd == versions_watch_) ReadVersion(buffer.data() + at + sizeof notice);
+      const char* name = notice.len > 0 ? buffer.data() + at + sizeof notice : "";
+      ReadNotice(notice.wd == versions_watch_, notice.mask, name);
     }
   }
   ReadLogs();
+}
+
+void Observer::ReadNotice(bool of_version, unsigned change, const std::string& name) {
+  if ((change & IN_Q_OVERFLOW) != 0) ADD_FAILURE() << "too many notices";
+  if ((change & IN_CREATE) != 0) {
+    saw_writing_ = true;
+  } else if (of_version) {
+    ReadVersion(name);
+  }
+  if (!of_version && (change & not_replaced) != 0 && name == "league.nes") {
+    ADD_FAILURE() << "the image was written in place or taken away";
+  }
 }
 
 void Observer::ReadLogs() {

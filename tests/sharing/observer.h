@@ -27,6 +27,8 @@ class Observer {
   /// Waits that long for a change; then everything that has appeared since is looked at.
   void Look(std::chrono::milliseconds patience);
 
+  /// Whether somebody has begun to write an image or a version, as the last look found.
+  bool SawWriting() const { return saw_writing_; }
   /// How many states the writer's log has named so far.
   int Saves(const Writer& writer) const;
   /// How many lines of this kind all logs have.
@@ -44,6 +46,7 @@ class Observer {
   void ReadLine(const std::string& writer, const LogLine& line);
   void ReadImage();
   void ReadVersion(const std::string& name);
+  void ReadNotice(bool of_version, unsigned change, const std::string& name);
   /// Fails unless it is the hash of a state that somebody was about to save.
   void ExpectKnown(const std::string& hash, const std::string& where, const Bytes& bytes);
   std::string Around(const std::string& stamp) const;
@@ -72,6 +75,7 @@ class Observer {
   std::string image_;                          ///< the hash of the image as last read
   int images_ = 0;
   int versions_read_ = 0;
+  bool saw_writing_ = false;
 };
 
 }  // namespace rostermill::test

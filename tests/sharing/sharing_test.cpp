@@ -47,7 +47,7 @@ class WriterRow {
     const auto now = std::chrono::steady_clock::now();
     if (observer_.Saves(writer_) < life_) {
       end_ = now + delay_;
-    } else if (now >= end_) {
+    } else if (now >= end_ && (!within_write_ || observer_.SawWriting())) {
       Kill();
     }
   }
@@ -68,8 +68,9 @@ class WriterRow {
   void Start() {
     ++writer_.Start;
     // Even a short run has some kills.
-    life_ = 2 + chances_.Below(writer_.Start == 1 ? 6 : 40);
-    delay_ = std::chrono::milliseconds(chances_.Below(50));
+    life_ = 2 + chances_.Below(writer_.Start == 1 ? 6 : 20);
+    delay_ = std::chrono::milliseconds(1 << chances_.Below(10));
+    within_write_ = chances_.Below(2) == 0;
     observer_.Follow(writer_);
     process_ = std::make_unique<Process>(
         std::vector<std::string>{"/proc/self/exe", "--writer", place_.Folder,
@@ -88,8 +89,10 @@ class WriterRow {
   Place place_;
   Observer& observer_;
   Chances& chances_;
-  int life_ = 0;                       ///< how many saves it may begin
-  std::chrono::milliseconds delay_{};  ///< from the beginning of the last of them to its kill
+  int life_ = 0;  ///< how many saves it may begin
+  std::chrono::milliseconds
+      delay_{};                ///< from the beginning of the last of them to its kill, at least
+  bool within_write_ = false;  ///< it is killed while somebody writes a file
   std::chrono::steady_clock::time_point end_;
   int kills_ = 0;
   std::unique_ptr<Process> process_;
