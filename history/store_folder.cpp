@@ -128,24 +128,9 @@ void TryToRemoveFile(const std::string& path) {
 
 FileLock::FileLock(const std::string& path, Kind kind, std::chrono::milliseconds patience)
     : file_(path, kind == Kind::Shared ? O_RDONLY : O_RDWR | O_CREAT, 0600) {
-  const auto end = std::chrono::steady_clock::now() + patience;
-  const int operation = (kind == Kind::Shared ? LOCK_SH : LOCK_EX) | LOCK_NB;
-  while (::flock(file_.Number(), operation) != 0) {
-    if (errno != EWOULDBLOCK && errno != EINTR) FailWith(errno);
-    if (std::chrono::steady_clock::now() >= end) {
-      throw HistoryError("Another program is using " + fs::path(path).parent_path().string() +
-                         " and has not finished.");
-    }
-    std::this_thread::sleep_for(std::chrono::milliseconds(5));
-  }
-}
-
-bool FileLock::IsAt(const std::string& path) const {
-  try {
-    const struct stat own = file_.Facts(), there = FactsOf(path);
-    return own.st_ino == there.st_ino && own.st_dev == there.st_dev;
-  } catch (const FileMissing&) {
-    return false;
+  if (!file_.Lock(kind == Kind::Shared ? LOCK_SH : LOCK_EX, patience)) {
+    throw HistoryError("Another program is using " + fs::path(path).parent_path().string() +
+                       " and has not finished.");
   }
 }
 

@@ -59,7 +59,7 @@ class FileLock {
 
   /// Whether the lock's file is still the one at this path: whoever moves or removes it lets others
   /// lock a new one. Throws FileError where that can't be found out.
-  bool IsAt(const std::string& path) const;
+  bool IsAt(const std::string& path) const { return file_.IsAt(path); }
 
   /// Whether anybody, this process included, holds the lock exclusively, or may hold it: true where
   /// that can't be found out.
