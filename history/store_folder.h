@@ -33,6 +33,9 @@ std::string ImageFolder(const std::string& base, const std::string& image);
 /// canonical path.
 void MakeImageFolder(const std::string& folder, const std::string& canonical_path);
 
+/// Makes the names in this folder survive a power cut.
+void SyncFolder(const std::string& folder);
+
 /// ReplaceFile, readable by the user alone; a file system without permissions does without them.
 void WriteKept(const std::string& path, std::span<const std::uint8_t> bytes);
 
