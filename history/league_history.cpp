@@ -201,10 +201,10 @@ FileStart LeagueHistory::ReadForSave(const std::string& path) {
   return VersionStore::ReadForKeeping(path);
 }
 
-bool LeagueHistory::MayReplace(const std::string& path, const FileStart& file, PipelineHost& host) {
-  if (!saved_ || told_of_change_ || !BytesDiffer(known_, file.Bytes)) return true;
-  return host.Confirm({"Do you want to save to " + path + " all the same?", "Save Confirmation",
-                       changed_by_another, true});
+std::string LeagueHistory::ReplaceWarning(const FileStart& file) {
+  if (!saved_ || told_of_change_ || !BytesDiffer(known_, file.Bytes)) return {};
+  told_of_change_ = true;
+  return changed_by_another;
 }
 
 void LeagueHistory::BeforeReplace(const std::string& path, const FileStart& file) {

@@ -83,7 +83,7 @@ class LeagueHistory : public ImageWatch {
   void Loaded(std::span<const std::uint8_t> bytes) override;
   std::string SaveWarning(const std::string& path) override;
   FileStart ReadForSave(const std::string& path) override;
-  bool MayReplace(const std::string& path, const FileStart& file, PipelineHost& host) override;
+  std::string ReplaceWarning(const FileStart& file) override;
   void BeforeReplace(const std::string& path, const FileStart& file) override;
   void Replaced(const std::string& path, std::span<const std::uint8_t> bytes,
                 bool confirmed) override;
@@ -111,7 +111,7 @@ class LeagueHistory : public ImageWatch {
   std::optional<FileStamp> stamp_;   ///< of the file that is being loaded
   FileState known_;                  ///< of the image's file
   bool old_versions_due_ = false;    ///< to be dropped, which no save should wait for
-  bool told_of_change_ = false;      ///< the question of this save says that the file has changed
+  bool told_of_change_ = false;      ///< a question of this save says that the file has changed
 
   std::optional<LeagueData> kept_;  ///< as last given to the keeper; empty if nothing is kept
   std::unique_ptr<UnsavedKeeper> keeper_;

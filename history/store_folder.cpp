@@ -24,16 +24,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Makes a new name in this folder survive a power cut.
-void SyncFolder(const std::string& folder) {
-  try {
-    FileHandle(folder, O_RDONLY | O_DIRECTORY).Sync();
-  } catch (const FileError& error) {
-    // Some file systems can't sync a folder and say so.
-    if (error.Number() != EINVAL) throw;
-  }
-}
-
 /// Makes a folder and those above it, as far as they are missing, for the user alone.
 void MakeFolder(const fs::path& folder) {
   std::error_code error;
@@ -41,9 +31,16 @@ void MakeFolder(const fs::path& folder) {
   const fs::path parent = folder.parent_path();
   if (parent != folder) MakeFolder(parent);
   // Another program may make it at the same time.
-  if (::mkdir(folder.c_str(), 0700) != 0 && errno != EEXIST) FailWith(errno);
+  const bool made = ::mkdir(folder.c_str(), 0700) == 0;
+  if (!made && errno != EEXIST) FailWith(errno);
   if (!fs::is_directory(folder, error)) FailWith(ENOTDIR);
-  SyncFolder(parent.string());
+  try {
+    SyncFolder(parent.string());
+  } catch (const FileError&) {
+    // Else the next call would take it for one that is safe on the disk.
+    if (made) ::rmdir(folder.c_str());
+    throw;
+  }
 }
 
 /// Calls `use` for every entry; does nothing where the folder isn't there.
@@ -82,6 +79,15 @@ void MakeImageFolder(const std::string& folder, const std::string& canonical_pat
   MakeFolder(folder);
   const std::string note = folder + "/image.txt";
   if (KindOf(note) != PathKind::RegularFile) WriteKept(note, AsBytes(canonical_path + "\n"));
+}
+
+void SyncFolder(const std::string& folder) {
+  try {
+    FileHandle(folder, O_RDONLY | O_DIRECTORY).Sync();
+  } catch (const FileError& error) {
+    // Some file systems can't sync a folder and say so.
+    if (error.Number() != EINVAL) throw;
+  }
 }
 
 void WriteKept(const std::string& path, std::span<const std::uint8_t> bytes) {
@@ -128,24 +134,9 @@ void TryToRemoveFile(const std::string& path) {
 
 FileLock::FileLock(const std::string& path, Kind kind, std::chrono::milliseconds patience)
     : file_(path, kind == Kind::Shared ? O_RDONLY : O_RDWR | O_CREAT, 0600) {
-  const auto end = std::chrono::steady_clock::now() + patience;
-  const int operation = (kind == Kind::Shared ? LOCK_SH : LOCK_EX) | LOCK_NB;
-  while (::flock(file_.Number(), operation) != 0) {
-    if (errno != EWOULDBLOCK && errno != EINTR) FailWith(errno);
-    if (std::chrono::steady_clock::now() >= end) {
-      throw HistoryError("Another program is using " + fs::path(path).parent_path().string() +
-                         " and has not finished.");
-    }
-    std::this_thread::sleep_for(std::chrono::milliseconds(5));
-  }
-}
-
-bool FileLock::IsAt(const std::string& path) const {
-  try {
-    const struct stat own = file_.Facts(), there = FactsOf(path);
-    return own.st_ino == there.st_ino && own.st_dev == there.st_dev;
-  } catch (const FileMissing&) {
-    return false;
+  if (!file_.Lock(kind == Kind::Shared ? LOCK_SH : LOCK_EX, patience)) {
+    throw HistoryError("Another program is using " + fs::path(path).parent_path().string() +
+                       " and has not finished.");
   }
 }
 

@@ -33,6 +33,9 @@ std::string ImageFolder(const std::string& base, const std::string& image);
 /// canonical path.
 void MakeImageFolder(const std::string& folder, const std::string& canonical_path);
 
+/// Makes the names in this folder survive a power cut.
+void SyncFolder(const std::string& folder);
+
 /// ReplaceFile, readable by the user alone; a file system without permissions does without them.
 void WriteKept(const std::string& path, std::span<const std::uint8_t> bytes);
 
@@ -59,7 +62,7 @@ class FileLock {
 
   /// Whether the lock's file is still the one at this path: whoever moves or removes it lets others
   /// lock a new one. Throws FileError where that can't be found out.
-  bool IsAt(const std::string& path) const;
+  bool IsAt(const std::string& path) const { return file_.IsAt(path); }
 
   /// Whether anybody, this process included, holds the lock exclusively, or may hold it: true where
   /// that can't be found out.

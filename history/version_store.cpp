@@ -178,6 +178,8 @@ void Store(const Contents& own, Kept& kept, std::span<const std::uint8_t> bytes)
     std::error_code error;
     std::filesystem::rename(same->Path(), kept.Path(), error);
     if (error) FailWith(error.value());
+    // Neither name is on the disk where whoever kept it was stopped before its sync.
+    SyncFolder(kept.Folder);
   }
 }
 

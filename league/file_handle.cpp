@@ -1,10 +1,12 @@
 #include "league/file_handle.h"
 
 #include <cerrno>
+#include <thread>
 #include <utility>
 
 #include "league/file_error.h"
 #include <fcntl.h>
+#include <sys/file.h>
 #include <unistd.h>
 
 namespace rostermill {
@@ -69,6 +71,22 @@ void FileHandle::Write(std::span<const std::uint8_t> bytes) const {
 
 void FileHandle::Sync() const {
   Checked([&] { return ::fsync(number_); });
+}
+
+bool FileHandle::Lock(int operation, std::chrono::milliseconds patience) const {
+  const auto end = std::chrono::steady_clock::now() + patience;
+  while (::flock(number_, operation | LOCK_NB) != 0) {
+    if (errno != EWOULDBLOCK && errno != EINTR) FailWith(errno);
+    if (std::chrono::steady_clock::now() >= end) return false;
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  }
+  return true;
+}
+
+bool FileHandle::IsAt(const std::string& path) const {
+  const struct stat own = Facts();
+  const auto there = FactsIfThere(path);
+  return there && own.st_ino == there->st_ino && own.st_dev == there->st_dev;
 }
 
 std::optional<struct stat> FactsIfThere(const std::string& path) {

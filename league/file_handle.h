@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -33,6 +34,13 @@ class FileHandle {
   void Write(std::span<const std::uint8_t> bytes) const;
   /// Waits until all that was written is on the disk.
   void Sync() const;
+
+  /// Locks the file; `operation` as for flock(2). Returns false if others hold a lock on it all the
+  /// while. Throws FileError where there can be no lock.
+  bool Lock(int operation, std::chrono::milliseconds patience) const;
+  /// Whether this file is still the one at the path. Throws FileError where that can't be found
+  /// out.
+  bool IsAt(const std::string& path) const;
 
  private:
   explicit FileHandle(int number) : number_(number) {}

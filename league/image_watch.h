@@ -6,7 +6,6 @@
 
 #include "league/file_access.h"
 #include "league/open_image.h"
-#include "league/pipeline_host.h"
 
 namespace rostermill {
 
@@ -28,11 +27,8 @@ class ImageWatch {
   virtual FileStart ReadForSave(const std::string& path) {
     return ReadFileStart(path, OpenImage::WholeSize);
   }
-  /// Whether a save may replace the file that it has read; the host can ask.
-  virtual bool MayReplace(const std::string& /*path*/, const FileStart& /*file*/,
-                          PipelineHost& /*host*/) {
-    return true;
-  }
+  /// What the user should know before a save replaces the file that it has read; empty if nothing.
+  virtual std::string ReplaceWarning(const FileStart& /*file*/) { return {}; }
   /// The save is about to replace the file.
   virtual void BeforeReplace(const std::string& /*path*/, const FileStart& /*file*/) {}
   /// The file now begins with these bytes; not `confirmed` while they may not be on the disk yet.

@@ -11,6 +11,7 @@
 #include "league/player_names.h"
 #include "league/probowl.h"
 #include "league/quantity_text.h"
+#include "league/save_lock.h"
 #include "league/schedule.h"
 #include "league/team_colors.h"
 #include "league/team_data.h"
@@ -85,6 +86,7 @@ void WriteLeague(OpenImage& image, const LeagueData& league, const Yield& yield)
 void SaveLeague(const LeagueData& league, const std::string& path, const Yield& yield) {
   CheckTexts(league);
   ImageWatch nobody;
+  const SaveLock lock(path);
   WriteOver(path, nobody.ReadForSave(path), league, yield, nobody);
 }
 
@@ -104,8 +106,19 @@ SaveOutcome SaveImage(const LeagueSession& session, PipelineHost& host, ImageWat
   }
   try {
     CheckTexts(session.League());
-    FileStart file = watch.ReadForSave(path);
-    if (!watch.MayReplace(path, file, host)) return SaveOutcome::Declined;
+    std::optional<SaveLock> lock;
+    FileStart file;
+    for (;;) {
+      lock.emplace(path);
+      file = watch.ReadForSave(path);
+      const std::string changed = watch.ReplaceWarning(file);
+      if (changed.empty()) break;
+      lock.reset();  // nobody should have to wait for the answer
+      if (!host.Confirm({"Do you want to save to " + path + " all the same?", "Save Confirmation",
+                         changed, true})) {
+        return SaveOutcome::Declined;
+      }
+    }
     const BusyScope busy(host);
     WriteOver(
         path, std::move(file), session.League(), [&host] { host.YieldToWindow(); }, watch);

@@ -17,12 +17,17 @@ struct Division {
 constexpr std::array<Division, 6> divisions{
     {{"mAFCe", 5}, {"mAFCc", 4}, {"mAFCw", 5}, {"mNFCe", 5}, {"mNFCc", 5}, {"mNFCw", 4}}};
 
-QStringList TeamItemNames(const QString& division = {}) {
+QStringList NamesOfAllTeamItems() {
   QStringList names;
-  for (const auto& [name, teams] : divisions) {
-    if (!division.isEmpty() && division != name) continue;
-    for (int place = 1; place <= teams; ++place) names << name + QString::number(place);
+  for (const auto& [division, teams] : divisions) {
+    for (int place = 1; place <= teams; ++place) names << division + QString::number(place);
   }
+  return names;
+}
+
+/// In the order of the teams.
+const QStringList& TeamItemNames() {
+  static const QStringList names = NamesOfAllTeamItems();
   return names;
 }
 
@@ -71,8 +76,8 @@ void MenuTree::AddRow(QMenuBar& bar, const MenuRow& row) {
       Add(MenuOf(row)->addSeparator(), row.Name);
       break;
     case MenuRow::Kind::TeamCommands:
-      for (const QString& name : TeamItemNames(row.Name)) {
-        AddCommand(*MenuOf(row), name, row, TeamOfItem(name));
+      for (const QString& name : TeamItemNames()) {
+        if (name.startsWith(row.Name)) AddCommand(*MenuOf(row), name, row, TeamOfItem(name));
       }
       break;
     case MenuRow::Kind::Command:

@@ -28,6 +28,7 @@
 #include "shell/open_save.h"
 #include "shell/readable_selection.h"
 #include "shell/start_page.h"
+#include "toolkit/caret_rest.h"
 #include "toolkit/elided_label.h"
 #include "toolkit/file_drops.h"
 #include "toolkit/form_parts.h"
@@ -82,6 +83,7 @@ void FRSMform::BuildWindow() {
   setWindowTitle("Rostermill");
   setCentralWidget(area_);
   new FileDrops(this);
+  LetCaretRest();
   menu_.Build(*menuBar(), MenuRows());
   menu_.Item("mnuFileRecentFiles")->menu()->setToolTipsVisible(true);
   start_page_ = new StartPage(*area_);

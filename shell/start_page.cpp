@@ -71,7 +71,7 @@ StartPage::StartPage(ChildArea& area) : QWidget(area.viewport()), area_(area) {
   setObjectName("StartPage");
   auto* middle = new QVBoxLayout(this);
   auto* icon = NewLabel("imgStart");
-  icon->setPixmap(WindowIcon().pixmap(icon_side));
+  icon->setPixmap(IconOfSizes({icon_side, 2 * icon_side}).pixmap(icon_side));
   heading_ = NewHeading();
   text_ = NewLabel("lblStartText");
   middle->addStretch(2);

@@ -2,12 +2,16 @@
 
 namespace rostermill {
 
-QIcon WindowIcon() {
+QIcon IconOfSizes(std::initializer_list<int> sizes) {
   QIcon icon;
-  for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+  for (const int size : sizes) {
     icon.addFile(QStringLiteral(":/icons/rostermill-%1.png").arg(size), QSize(size, size));
   }
   return icon;
+}
+
+QIcon WindowIcon() {
+  return IconOfSizes({16, 24, 32, 48, 64, 128});
 }
 
 }  // namespace rostermill

@@ -35,6 +35,7 @@ QFont FixedFont() {
 }
 
 int RoomFor(const QFontMetrics& metrics, int characters) {
+  if (characters == 0) return 0;
   // Layouts ask again and again for the same few.
   struct Known {
     QFontMetrics Metrics;

@@ -76,7 +76,6 @@ void frmAllPlayers::BuildGrid() {
   grdPlayers = new QTableView;
   grdPlayers->setObjectName("grdPlayers");
   grdPlayers->setAccessibleName("Players");
-  grdPlayers->setModel(players_);
   grdPlayers->setItemDelegate(new PlayerDelegate(grdPlayers));
   grdPlayers->setTabKeyNavigation(false);
   // A double click on a name shows the player instead.
@@ -88,6 +87,7 @@ void frmAllPlayers::BuildGrid() {
   grdPlayers->verticalHeader()->setDefaultSectionSize(
       std::max(26, fontMetrics().lineSpacing() + 6));
   QHeaderView* head = grdPlayers->horizontalHeader();
+  // The model comes last, since the headings are measured again with each setting.
   head->setSectionsMovable(true);
   head->setSortIndicatorShown(true);
   head->setSortIndicator(-1, Qt::AscendingOrder);
@@ -96,6 +96,7 @@ void frmAllPlayers::BuildGrid() {
   head->setContextMenuPolicy(Qt::CustomContextMenu);
   // A click on a heading sorts; it doesn't select the column too.
   disconnect(head, SIGNAL(sectionPressed(int)), grdPlayers, SLOT(selectColumn(int)));
+  grdPlayers->setModel(players_);
   const int letter = fontMetrics().averageCharWidth();
   for (int column = 0; column < players_->columnCount(); ++column) {
     const Column& kind = *PlayersModel::Columns()[static_cast<std::size_t>(column)];

@@ -1,6 +1,8 @@
 #include "screens/table/player_delegate.h"
 
+#include <QHash>
 #include <QPainter>
+#include <QStaticText>
 #include <QStyle>
 
 #include "screens/table/players_model.h"
@@ -11,7 +13,7 @@ namespace {
 
 constexpr int margin = 4;
 /// Whatever texts an image has, the cache stays small.
-constexpr qsizetype most_texts = 4000;
+constexpr qsizetype most_texts = 3000;
 
 QPalette::ColorGroup GroupOf(const QStyleOptionViewItem& option) {
   return option.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
@@ -28,6 +30,25 @@ void PaintGround(QPainter& painter, const QStyleOptionViewItem& option, const QV
     bar.setWidth(static_cast<int>(bar.width() * share.toDouble()));
     painter.fillRect(bar, color);
   }
+}
+
+/// Kept from one table to the next, until the font is another.
+const QStaticText& LaidOut(const QString& text, const QFont& font) {
+  struct Known {
+    QHash<QString, QStaticText> Texts;
+    QFont Font;
+  };
+  static Known& known = *new Known;  // never destroyed: the fonts may go before it
+  if (known.Font != font || known.Texts.size() > most_texts) known.Texts.clear();
+  known.Font = font;
+  auto found = known.Texts.find(text);
+  if (found == known.Texts.end()) {
+    QStaticText laid_out(text);
+    laid_out.setTextFormat(Qt::PlainText);
+    laid_out.prepare({}, font);
+    found = known.Texts.insert(text, laid_out);
+  }
+  return found.value();
 }
 
 }  // namespace
@@ -64,19 +85,6 @@ void PlayerDelegate::PaintText(QPainter& painter, const QStyleOptionViewItem& op
   const QSizeF size = shown->size();
   const double left = at_right ? room.right() + 1 - size.width() : room.left();
   painter.drawStaticText(QPointF(left, room.top() + (room.height() - size.height()) / 2), *shown);
-}
-
-const QStaticText& PlayerDelegate::LaidOut(const QString& text, const QFont& font) const {
-  if (font_ != font || laid_out_.size() > most_texts) laid_out_.clear();
-  font_ = font;
-  auto known = laid_out_.find(text);
-  if (known == laid_out_.end()) {
-    QStaticText laid_out(text);
-    laid_out.setTextFormat(Qt::PlainText);
-    laid_out.prepare({}, font);
-    known = laid_out_.insert(text, laid_out);
-  }
-  return known.value();
 }
 
 }  // namespace rostermill

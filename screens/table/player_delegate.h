@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QHash>
-#include <QStaticText>
 #include <QStyledItemDelegate>
 
 namespace rostermill {
@@ -20,10 +18,6 @@ class PlayerDelegate : public QStyledItemDelegate {
  private:
   void PaintText(QPainter& painter, const QStyleOptionViewItem& option, const QRect& room,
                  const QString& text, bool at_right) const;
-  const QStaticText& LaidOut(const QString& text, const QFont& font) const;
-
-  mutable QHash<QString, QStaticText> laid_out_;
-  mutable QFont font_;
 };
 
 }  // namespace rostermill

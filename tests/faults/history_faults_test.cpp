@@ -225,31 +225,6 @@ TEST_F(HistoryFaults, AnEditorsSaveHarmsNoImageAndKeepsWhatItReplaces) {
   EXPECT_EQ(untold, 0) << "saves went over a state that wasn't kept, without a word";
 }
 
-/// A power cut must find the version under its name and in its folders before an older one goes.
-TEST_F(HistoryFaults, AVersionIsOnTheDiskBeforeAnotherGoes) {
-  const auto trace_of = [this](const std::string& text) {
-    StartFaults({});
-    KeepVersion(text);
-    return StopFaults();
-  };
-  const auto trace = trace_of("4");
-  const auto dropped = std::ranges::find(trace, "unlink", &SystemCall::Name);
-  EXPECT_NE(dropped, trace.end());
-  EXPECT_GE(std::ranges::count(trace.begin(), dropped, "fsync", &SystemCall::Name), 2)
-      << "the file, the folder";
-
-  fs::remove_all(share_);
-  std::set<std::string> synced;
-  std::string opened;
-  for (const SystemCall& call : trace_of("new")) {
-    if (call.Name == "open") opened = call.Path;
-    if (call.Name == "fsync") synced.insert(opened);
-  }
-  for (const std::string& folder : {folder_.Path(), share_, base_, ImageFolder(base_, image_)}) {
-    EXPECT_TRUE(synced.contains(fs::path(folder + "/").parent_path().string())) << folder;
-  }
-}
-
 TEST_F(HistoryFaults, AFullDiskIsTheReasonThatIsGiven) {
   UnsavedStore editor(base_, image_);
   const auto no_room = testing::ThrowsMessage<FileError>("No space left on device");

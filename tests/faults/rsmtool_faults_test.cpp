@@ -94,5 +94,54 @@ TEST_F(RsmtoolFaults, EveryFailingCallLeavesTheImageAndItsVersionWhole) {
   }
 }
 
+/// Every way in which commands write, over a file that is there: it is the old one or the new one,
+/// and the exit status says which.
+TEST_F(RsmtoolFaults, EveryFailingCallOfAnyCommandLeavesTheOldFileOrTheNewOne) {
+  const QString base = Image("base.nes"), other = Image("other.nes", {{0x6DA, {0x44}}});
+  const QString image = Path("image.nes"), out = Path("out");
+  WriteFile(folder_.Path("players.csv"), std::string("Team,Slot,Number\n1,1,22\n"));
+  struct Writer {
+    QStringList Call;
+    QString Written;
+  };
+  const std::vector<Writer> writers{
+      {{"export-players", image, out}, out},
+      {{"make-patch", base, other, Path("out.bps")}, Path("out.bps")},
+      {{"import-players", "--no-version", image, Path("players.csv")}, image},
+      {{"restore", "--no-version", image, "1"}, image}};
+  Image("image.nes");
+  WriteFile(folder_.Path("number.csv"), std::string("Team,Slot,Number\n1,2,77\n"));
+  Out({"import-players", image, Path("number.csv")});
+  const Bytes old_image = BytesOf(image);
+  const Bytes old_out(50, 'o');
+
+  for (const auto& [call, written] : writers) {
+    SCOPED_TRACE(call.join(' ').toStdString());
+    const Bytes& old = written == image ? old_image : old_out;
+    const std::string path = written.toStdString();
+    WriteFile(image.toStdString(), old_image);
+    WriteFile(path, old);
+    StartFaults({});
+    const Result good = Run(call);
+    const auto trace = StopFaults();
+    ASSERT_EQ(good.Code, 0) << good.Err;
+    const Bytes done = FileBytes(path);
+    ASSERT_NE(done, old);
+    const auto failing = [&, &words = call](const Fault& fault) {
+      if (fault.Onward) return;
+      SCOPED_TRACE(TextOf(fault));
+      WriteFile(path, old);
+      StartFaults({fault});
+      const Result result = Run(words);
+      StopFaults();
+      EXPECT_TRUE(FaultStruck());
+      EXPECT_EQ(FileBytes(path), result.Code == 2 ? old : done) << result.Err;
+      EXPECT_EQ(result.Err == good.Err, result.Code == 0) << result.Err;
+    };
+    ForEachFault(trace, Effect::Error, EIO, failing);
+    ForEachFault(trace, Effect::Short, 0, failing);
+  }
+}
+
 }  // namespace
 }  // namespace rostermill::test

@@ -165,23 +165,40 @@ TEST_F(SaveFaults, AKillBeforeAnyCallLeavesTheOldImageOrTheNewOne) {
   EXPECT_EQ(leftovers, 1u) << "the walk has missed the time when the file is there unfinished";
 }
 
-TEST_F(SaveFaults, TwoSavesOfOneImageAtOnceLeaveEachOtherAlone) {
-  ForEachFault(TraceOfSave(), Effect::Hold, 0, [&](const Fault& fault) {
+/// A save that stands still holds the others off, once it has read what it will replace.
+TEST_F(SaveFaults, TwoSavesOfOneImageTakeTurns) {
+  struct Hold {
+    const char* Call;
+    int At;
+    bool HoldsOff;
+  };
+  for (const auto& [call, at, holds_off] :
+       {Hold{"flock", 1, false}, Hold{"pread", 1, true}, Hold{"rename", 1, true}}) {
+    const Fault fault{call, at, false, Effect::Hold};
     SCOPED_TRACE(TextOf(fault));
     PutBackOld();
     SaveOutcome other{};
     EXPECT_TRUE(HeldWhile(
-        [&] {
-          StartFaults({fault});
+        [&, &held = fault] {
+          StartFaults({held});
           return Save() == SaveOutcome::Saved;
         },
         [&] { other = Save(); }))
         << "the save that was held has failed";
-    EXPECT_EQ(other, SaveOutcome::Saved) << testing::PrintToString(host_.messages);
+    if (holds_off) {
+      EXPECT_EQ(other, SaveOutcome::Refused);
+      EXPECT_EQ(host_.messages.at(0),
+                "Error: " + link_ +
+                    " could not be saved: another program is saving it and has not "
+                    "finished.\n\nThe file is as it was, and your changes are still here. You can "
+                    "try again.");
+    } else {
+      EXPECT_EQ(other, SaveOutcome::Saved) << testing::PrintToString(host_.messages);
+    }
     ExpectWholeFile();
     EXPECT_EQ(FileBytes(file_), new_);
     EXPECT_EQ(Names(), std::set<std::string>{"league.nes"});
-  });
+  }
 }
 
 TEST_F(SaveFaults, ATemporaryFileThatIsGoneIsNotAMissingImage) {

@@ -22,6 +22,7 @@ bool struck = false;
 std::vector<Fault> current;
 std::vector<SystemCall> calls;
 std::map<std::string, int> counts;
+std::string written;  ///< by the call that is being made
 
 bool Strikes(const Fault& fault, const std::string& name, int count) {
   return name == fault.Call && (count == fault.At || (fault.Onward && count > fault.At));
@@ -65,6 +66,7 @@ auto Through(SystemCall call, Make make) {
     result = make(fault);
   }
   const int number = errno;
+  call.Bytes = std::exchange(written, {});
   if constexpr (std::is_integral_v<decltype(result)>) call.Result = static_cast<long>(result);
   if (call.Name == "open") call.Handle = static_cast<int>(call.Result);
   calls.push_back(std::move(call));
@@ -76,6 +78,18 @@ template <typename Result, typename... Given>
 Result Forward(SystemCall call, Given... given) {
   auto* next = Next<Result(Given...)>(call.Name);
   return Through(std::move(call), [&](const Fault*) { return next(given...); });
+}
+
+int Sync(const char* name, int handle) {
+  return Through({name, handle}, [&](const Fault* fault) {
+    if (fault != nullptr && fault->Kind == Effect::Lie) return 0;
+    return Next<int(int)>(name)(handle);
+  });
+}
+
+void NoteWritten(const void* bytes, ssize_t count) {
+  if (!recording || count < 0) return;
+  written.assign(static_cast<const char*>(bytes), static_cast<std::size_t>(count));
 }
 
 std::size_t Cut(std::size_t count, const Fault* fault) {
@@ -115,6 +129,8 @@ using rostermill::test::Effect;
 using rostermill::test::Fault;
 using rostermill::test::Forward;
 using rostermill::test::Next;
+using rostermill::test::NoteWritten;
+using rostermill::test::Sync;
 using rostermill::test::Through;
 
 extern "C" {
@@ -124,7 +140,7 @@ int open(const char* path, int flags, ...) {
   va_start(rest, flags);
   const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(rest, mode_t) : 0;
   va_end(rest);
-  return Through({"open", -1, path},
+  return Through({.Name = "open", .Path = path, .Flags = flags},
                  [&](auto) { return Next<int(const char*, int, ...)>("open")(path, flags, mode); });
 }
 
@@ -145,6 +161,7 @@ ssize_t write(int handle, const void* bytes, size_t count) {
   return Through({"write", handle}, [&](const Fault* fault) {
     const ssize_t done =
         Next<ssize_t(int, const void*, size_t)>("write")(handle, bytes, Cut(count, fault));
+    NoteWritten(bytes, done);
     const bool lie = fault != nullptr && fault->Kind == Effect::Lie && done >= 0;
     return lie ? static_cast<ssize_t>(count) : done;
   });
@@ -154,10 +171,10 @@ int close(int handle) {
   return Forward<int>({"close", handle}, handle);
 }
 int fsync(int handle) {
-  return Forward<int>({"fsync", handle}, handle);
+  return Sync("fsync", handle);
 }
 int syncfs(int handle) noexcept {
-  return Forward<int>({"syncfs", handle}, handle);
+  return Sync("syncfs", handle);
 }
 int flock(int handle, int operation) noexcept {
   return Forward<int>({"flock", handle}, handle, operation);
@@ -188,6 +205,12 @@ int rename(const char* from, const char* to) noexcept {
 }
 int unlink(const char* path) noexcept {
   return Forward<int>({"unlink", -1, path}, path);
+}
+int mkdir(const char* path, mode_t mode) noexcept {
+  return Forward<int>({"mkdir", -1, path}, path, mode);
+}
+int rmdir(const char* path) noexcept {
+  return Forward<int>({"rmdir", -1, path}, path);
 }
 int stat(const char* path, struct stat* facts) noexcept {
   return Forward<int>({"stat", -1, path}, path, facts);

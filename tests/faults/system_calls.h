@@ -12,7 +12,7 @@ namespace rostermill::test {
 enum class Effect {
   Error,  ///< the call isn't made and fails with Fault::Number
   Short,  ///< a read or a write does half of what it is asked; other calls aren't touched
-  Lie,    ///< a write does the same, and says that it has done all
+  Lie,    ///< a write does the same, and says that it has done all; a sync says so as well
   Hold,   ///< the process stops (SIGSTOP) before the call, and then makes it
   Kill,   ///< the process ends by SIGKILL before the call
 };
@@ -27,10 +27,12 @@ struct Fault {
 
 struct SystemCall {
   std::string Name;
-  int Handle = -1;        ///< the one it works on or gave
-  std::string Path = {};  ///< empty for a call on a handle
-  std::string To = {};    ///< of a rename
-  long Result = 0;        ///< as the caller saw it
+  int Handle = -1;         ///< the one it works on or gave
+  std::string Path = {};   ///< empty for a call on a handle
+  std::string To = {};     ///< of a rename
+  long Result = 0;         ///< as the caller saw it
+  int Flags = 0;           ///< of an open
+  std::string Bytes = {};  ///< that a write has put into the file
 };
 
 /// Counts and records from here on, with these faults; the first that fits a call strikes.

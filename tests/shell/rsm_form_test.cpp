@@ -116,7 +116,7 @@ TEST_F(MainForm, OpensInTheMiddleOfTheScreenAndSaysWhatItIs) {
   EXPECT_EQ(window_.objectName(), "FRSMform");
   EXPECT_EQ(Status(), "No ROM Loaded");
   EXPECT_EQ(Find<QLabel>(window_, "StatusBar1.Panels(2)").text(), "Rostermill " ROSTERMILL_VERSION);
-  for (const int size : {16, 24, 32, 48, 64, 128, 256}) {
+  for (const int size : {16, 24, 32, 48, 64, 128}) {
     const QString drawn = QString(":/icons/rostermill-%1.png").arg(size);
     EXPECT_EQ(WindowIcon().pixmap(size).toImage(), QPixmap(drawn).toImage()) << size;
   }

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <fstream>
 #include <random>
 
@@ -15,9 +16,13 @@ std::string BinFolder() {
 }
 
 std::vector<std::uint8_t> FileBytes(const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
+  std::ifstream file(path, std::ios::binary | std::ios::ate);
   EXPECT_TRUE(file.good()) << path;
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  const std::streamoff size = std::max<std::streamoff>(file.tellg(), 0);
+  std::vector<std::uint8_t> bytes(static_cast<std::size_t>(size));
+  file.seekg(0);
+  file.read(reinterpret_cast<char*>(bytes.data()), size);
+  return bytes;
 }
 
 std::vector<std::uint8_t> SampleBytes() {

@@ -13,6 +13,7 @@
 #include "league/load_image.h"
 #include "league/quantity_text.h"
 #include "league/save_image.h"
+#include "league/save_lock.h"
 
 namespace rostermill {
 
@@ -106,6 +107,16 @@ std::optional<std::string> KeepReplaced(const QString& path, const Arguments& ar
   return std::nullopt;
 }
 
+/// Locks the file that is about to be replaced, if one is.
+std::optional<SaveLock> LockOutput(const QString& path) {
+  if (path == standard_stream) return std::nullopt;
+  try {
+    return std::optional<SaveLock>(std::in_place, path.toStdString());
+  } catch (const FileError& error) {
+    throw ToolError(path.toStdString() + " could not be written: " + error.what());
+  }
+}
+
 bool IsPipe(const QString& path) {
   std::error_code error;
   return path != standard_stream &&
@@ -154,6 +165,7 @@ int WriteTextFile(const QString& path, std::string_view text, Console& console) 
 int WriteImageFile(const QString& source, const QString& path, std::span<const std::uint8_t> bytes,
                    Extent extent, const Arguments& arguments, Console& console) {
   KeepOtherImage(path, source, console);
+  const auto lock = LockOutput(path);
   const std::optional<std::string> why_not_kept = KeepReplaced(path, arguments);
   const int code = WriteOutput(path, bytes, extent, console);
   if (why_not_kept) {
