@@ -4,6 +4,8 @@
 
 #include <algorithm>
 
+#include "toolkit/keep_setting.h"
+
 namespace rostermill {
 
 namespace {
@@ -44,7 +46,7 @@ QString RecentFiles::Entry(int index) const {
 }
 
 void RecentFiles::SetEntry(int index, const QString& path) {
-  if (Entry(index) != path) settings_.setValue(KeyOf(index), path);
+  if (Entry(index) != path) KeepSetting(settings_, KeyOf(index), path);
 }
 
 void RecentFiles::Store(const List& files) {

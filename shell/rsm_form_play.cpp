@@ -7,6 +7,7 @@
 #include "league/file_access.h"
 #include "league/save_image.h"
 #include "shell/rsm_form.h"
+#include "toolkit/keep_setting.h"
 #include "toolkit/messages.h"
 #include "toolkit/qt_strings.h"
 
@@ -72,7 +73,7 @@ void FRSMform::mToolEmulator_Click() {
   const QString command = AskForLine(
       this, "The program that plays a league. Arguments may follow, and %f stands for the file:",
       "Choose Emulator", chosen.isEmpty() ? UsualEmulator(FindEmulator, CoreFolders()) : chosen);
-  if (!command.trimmed().isEmpty()) settings_.setValue(program_key, command.trimmed());
+  if (!command.trimmed().isEmpty()) KeepSetting(settings_, program_key, command.trimmed());
 }
 
 }  // namespace rostermill

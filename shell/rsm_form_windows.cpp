@@ -7,6 +7,7 @@
 #include "shell/start_page.h"
 #include "toolkit/control_array.h"
 #include "toolkit/form_parts.h"
+#include "toolkit/keep_setting.h"
 #include "toolkit/qt_strings.h"
 
 namespace rostermill {
@@ -37,7 +38,7 @@ void FRSMform::PlaceWindow() {
 }
 
 void FRSMform::closeEvent(QCloseEvent* event) {
-  settings_.setValue(size_key, isMaximized() ? normalGeometry().size() : size());
+  KeepSetting(settings_, size_key, isMaximized() ? normalGeometry().size() : size());
   QMainWindow::closeEvent(event);
 }
 

@@ -19,6 +19,7 @@
 #include "screens/table/set_ratings_form.h"
 #include "toolkit/copy_text.h"
 #include "toolkit/form_parts.h"
+#include "toolkit/keep_setting.h"
 #include "toolkit/qt_strings.h"
 
 namespace rostermill {
@@ -183,7 +184,7 @@ void frmAllPlayers::Form_Load() {
 }
 
 void frmAllPlayers::Form_Unload() {
-  settings_.setValue(columns_key, grdPlayers->horizontalHeader()->saveState());
+  KeepSetting(settings_, columns_key, grdPlayers->horizontalHeader()->saveState());
 }
 
 void frmAllPlayers::GoToFind() {

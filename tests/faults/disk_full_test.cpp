@@ -1,3 +1,4 @@
+#include <QSettings>
 #include <gtest/gtest.h>
 
 #include <cerrno>
@@ -8,6 +9,8 @@
 #include "league/save_image.h"
 #include "tests/support/damage.h"
 #include "tests/support/fake_host.h"
+#include "toolkit/keep_setting.h"
+#include "toolkit/qt_strings.h"
 #include <sched.h>
 #include <sys/mount.h>
 #include <sys/wait.h>
@@ -51,13 +54,30 @@ void SaveOnFullDisk(const std::string& folder) {
   EXPECT_EQ(SaveImage(*session, host), SaveOutcome::Saved) << "with room again";
 }
 
-TEST(DiskFull, ASaveIsRefusedAndSucceedsOnceThereIsRoom) {
+void KeepSettingOnFullDisk(const std::string& folder) {
+  const std::string path = folder + "/settings.ini";
+  const auto keep = [&](const char* value) {
+    QSettings settings(FromUtf8(path), QSettings::IniFormat);
+    KeepSetting(settings, "Recent Files/0", value);
+  };
+  keep("old.nes");
+  const auto before = FileBytes(path);
+  std::ofstream(folder + "/filler") << std::string(1 << 20, 'x');
+  keep("new.nes");
+  EXPECT_EQ(FileBytes(path), before);
+  fs::remove(folder + "/filler");
+  keep("new.nes");
+  EXPECT_NE(FileBytes(path), before) << "with room again";
+}
+
+/// Calls `act` in a process that has the small disk at `folder`.
+void OnSmallDisk(void (*act)(const std::string& folder)) {
   TempFolder folder;
   constexpr int cannot_mount = 77;
   const pid_t child = fork();
   if (child == 0) {
     if (!MountSmallDisk(folder.Path())) _exit(cannot_mount);
-    SaveOnFullDisk(folder.Path());
+    act(folder.Path());
     std::fflush(stdout);
     _exit(testing::Test::HasFailure() ? 1 : 0);
   }
@@ -67,6 +87,14 @@ TEST(DiskFull, ASaveIsRefusedAndSucceedsOnceThereIsRoom) {
     GTEST_SKIP() << "skipped: this machine lets the test mount no file system of its own";
   }
   EXPECT_EQ(status, 0);
+}
+
+TEST(DiskFull, ASaveIsRefusedAndSucceedsOnceThereIsRoom) {
+  OnSmallDisk(SaveOnFullDisk);
+}
+
+TEST(DiskFull, SettingsStayAsTheyWere) {
+  OnSmallDisk(KeepSettingOnFullDisk);
 }
 
 }  // namespace

@@ -144,6 +144,17 @@ int open(const char* path, int flags, ...) {
                  [&](auto) { return Next<int(const char*, int, ...)>("open")(path, flags, mode); });
 }
 
+// As Qt calls it. The same function where a file's offset has 64 bits anyway.
+int open64(const char* path, int flags, ...) {
+  va_list rest;
+  va_start(rest, flags);
+  const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(rest, mode_t) : 0;
+  va_end(rest);
+  return Through({.Name = "open64", .Path = path, .Flags = flags}, [&](auto) {
+    return Next<int(const char*, int, ...)>("open64")(path, flags, mode);
+  });
+}
+
 int openat(int folder, const char* path, int flags, ...) {
   return Through({"openat"}, [&](auto) {
     return Next<int(int, const char*, int, ...)>("openat")(folder, path, flags);
@@ -172,6 +183,9 @@ int close(int handle) {
 }
 int fsync(int handle) {
   return Sync("fsync", handle);
+}
+int fdatasync(int handle) {
+  return Sync("fdatasync", handle);
 }
 int syncfs(int handle) noexcept {
   return Sync("syncfs", handle);
@@ -202,6 +216,9 @@ int fremovexattr(int handle, const char* name) noexcept {
 }
 int rename(const char* from, const char* to) noexcept {
   return Forward<int>({"rename", -1, from, to}, from, to);
+}
+int linkat(int folder, const char* path, int to_folder, const char* to, int flags) noexcept {
+  return Forward<int>({"linkat", -1, path, to}, folder, path, to_folder, to, flags);
 }
 int unlink(const char* path) noexcept {
   return Forward<int>({"unlink", -1, path}, path);

@@ -1,0 +1,78 @@
+#include <QSettings>
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <set>
+
+#include "tests/faults/fault_walk.h"
+#include "tests/support/sample.h"
+#include "toolkit/qt_strings.h"
+
+namespace rostermill::test {
+namespace {
+
+/// The recent files and a form's columns, as the editor keeps them.
+void Store(const std::string& file, const QString& recent, char columns) {
+  QSettings settings(FromUtf8(file), QSettings::IniFormat);
+  settings.setValue("RecentFiles/File1", recent);
+  settings.setValue("AllPlayers/Columns", QByteArray(20'000, columns));
+  settings.sync();
+}
+
+/// Qt writes them. A fault leaves the old ones or the new ones, never half of them.
+TEST(SettingsFaults, SettingsAreTheOldOnesOrTheNewOnes) {
+  const TempFolder folder;
+  int number = 0;
+  std::set<std::string> kept_old;
+  // Qt remembers what it has read from a file, so each fault has a file of its own.
+  const auto walk = [&](const Fault& fault, const auto& store) {
+    SCOPED_TRACE(TextOf(fault));
+    const std::string file = folder.Path(std::to_string(++number) + ".ini");
+    Store(file, "old.nes", 'o');
+    store(file);
+    const std::string copy = folder.Path(std::to_string(number) + "-copy.ini");
+    std::filesystem::copy_file(file, copy);
+    const QSettings found(FromUtf8(copy), QSettings::IniFormat);
+    const QString recent = found.value("RecentFiles/File1").toString();
+    const bool old = recent == "old.nes";
+    EXPECT_EQ(recent, old ? "old.nes" : "new.nes");
+    EXPECT_EQ(found.value("AllPlayers/Columns").toByteArray(), QByteArray(20'000, old ? 'o' : 'n'));
+    EXPECT_EQ(found.allKeys().size(), 2);
+    if (old) kept_old.insert(fault.Call);
+  };
+  std::vector<SystemCall> trace;
+  walk({}, [&](const std::string& file) {
+    StartFaults({});
+    Store(file, "new.nes", 'n');
+    trace = StopFaults();
+  });
+  EXPECT_EQ(kept_old.size(), 0u);
+  const auto failing = [&](const Fault& fault) {
+    walk(fault, [&](const std::string& file) {
+      StartFaults({fault});
+      Store(file, "new.nes", 'n');
+      StopFaults();
+      EXPECT_TRUE(FaultStruck());
+    });
+  };
+  // That the last bytes don't reach the file, Qt doesn't notice; KeepSetting sees to the room.
+  const int last_write = CountsOf(trace)["write"];
+  ForEachFault(trace, Effect::Error, ENOSPC, [&](const Fault& fault) {
+    if (fault.Call != "write" || (fault.At < last_write && !fault.Onward)) failing(fault);
+  });
+  ForEachFault(trace, Effect::Short, 0, failing);
+  ForEachFault(trace, Effect::Kill, 0, [&](const Fault& fault) {
+    walk(fault, [&](const std::string& file) {
+      EXPECT_TRUE(KilledWhile([&] {
+        StartFaults({fault});
+        Store(file, "new.nes", 'n');
+      }));
+    });
+  });
+  for (const char* call : {"open64", "write", "rename"})
+    EXPECT_TRUE(kept_old.contains(call)) << call;
+}
+
+}  // namespace
+}  // namespace rostermill::test
