@@ -1,0 +1,111 @@
+#include "tests/sharing/tool_user.h"
+
+#include "exchange/league_json.h"
+#include "history/data_folder.h"
+#include "history/version_store.h"
+#include "tests/sharing/process.h"
+#include "tests/sharing/stamp.h"
+#include "tests/sharing/writer_log.h"
+#include "tests/support/sample.h"
+
+namespace rostermill::test {
+
+namespace {
+
+class ToolUser {
+ public:
+  ToolUser(Place place, const Writer& writer, unsigned seed)
+      : place_(std::move(place)),
+        writer_(writer),
+        chances_(seed, writer),
+        log_(place_.Log(writer.Name())) {
+    WriteFile(Own("first.nes"), StampedImage(FirstStamp));
+  }
+
+  void Run() {
+    while (!place_.Stopped()) Step();
+  }
+
+ private:
+  std::string Own(const std::string& name) const { return place_.File(writer_.Name() + name); }
+
+  /// The file, now with a stamped image.
+  const std::string& Stamped(const std::string& file, const std::string& stamp) const {
+    WriteFile(file, StampedImage(stamp));
+    return file;
+  }
+
+  void Step() {
+    const std::string image = place_.Image();
+    const int kind = chances_.Below(100);
+    if (kind < 15) return Call({"resave", image, image});
+    if (kind < 30) return Restore();
+    const std::string stamp = Stamp(writer_.Letter, writer_.Start, ++serial_);
+    if (kind < 55) {
+      WriteFile(Own("players.csv"), StampTable(stamp));
+      Call({"import-players", image, Own("players.csv")}, stamp);
+    } else if (kind < 75) {
+      WriteFile(Own("league.json"), WriteLeagueJson(StampedLeague(stamp), JsonLayout::Compact));
+      Call({"apply", image, Own("league.json")}, stamp);
+    } else if (kind < 90) {
+      // Without --theirs there are conflicts, except when the image is the first state.
+      std::vector<std::string> merge{"merge"};
+      if (chances_.Below(4) > 0) merge.push_back("--theirs");
+      merge.insert(merge.end(), {Own("first.nes"), image, Stamped(Own("theirs.nes"), stamp)});
+      Call(merge, stamp);
+    } else {
+      // The patch doesn't fit any more where somebody else has saved after it was made.
+      const std::string theirs = Stamped(Own("theirs.nes"), stamp);
+      Call({"make-patch", image, theirs, Own("patch.bps")});
+      Call({"apply-patch", image, Own("patch.bps")}, stamp);
+    }
+  }
+
+  /// What is listed may have been dropped when it is to be restored.
+  void Restore() {
+    const auto versions = VersionStore(DataFolder()).List(place_.Image());
+    if (versions.empty()) return;
+    const int which = chances_.Below(static_cast<int>(versions.size()));
+    const int number = versions[static_cast<std::size_t>(which)].Number;
+    Call({"restore", place_.Image(), std::to_string(number)});
+  }
+
+  /// The stamp is what the command is about to save, where that is known.
+  void Call(std::vector<std::string> words, const std::string& stamp = "-") {
+    const std::string command = words[0];
+    words.insert(words.begin(), BinFolder() + "rsmtool");
+    log_.Write(About, stamp + " by " + command);
+    Process tool(words, Process::Group::Parents, Own("messages"));
+    const int code = tool.ExitCode(std::chrono::seconds(120));
+    const auto bytes = FileBytes(Own("messages"));
+    const std::string message(bytes.begin(), bytes.end());
+    constexpr int written = 0, conflicts = 1, trouble = 2, unconfirmed = 3;
+    if (message.find("could not be kept") != std::string::npos) log_.Write(NotKept, message);
+    if (message.find("Sanitizer") != std::string::npos) {
+      log_.Write(Fault, command + ": " + message);
+    } else if (code == written) {
+      log_.Write(stamp == "-" ? Done : Saved, stamp + " by " + command);
+    } else if ((code == conflicts && command == "merge") || code == trouble ||
+               code == unconfirmed) {
+      if (message.empty()) log_.Write(Fault, command + " says nothing about its trouble");
+      log_.Write(Refused, stamp + " " + message);
+    } else {
+      log_.Write(Fault, command + " ends with " + std::to_string(code) + ": " + message);
+    }
+  }
+
+  Place place_;
+  Writer writer_;
+  Chances chances_;
+  WriterLog log_;
+  int serial_ = 0;
+};
+
+}  // namespace
+
+int RunToolUser(const Place& place, const Writer& writer, unsigned seed) {
+  ToolUser(place, writer, seed).Run();
+  return 0;
+}
+
+}  // namespace rostermill::test
