@@ -7,6 +7,8 @@
 
 #include "bench/pairs.h"
 #include "history/league_history.h"
+#include "history/undo_stack.h"
+#include "history/version_store.h"
 #include "league/file_access.h"
 #include "league/load_image.h"
 #include "league/player_names.h"
@@ -122,6 +124,12 @@ void CompareSaves(LeagueSession& session, const std::string& copy, const std::st
       [&] { return CostOfSave([&] { WriteBare(copy, bytes); }); });
 }
 
+void ChangeARating(LeagueSession& session, int turn) {
+  session.Change("turn", [turn](LeagueData& league) {
+    league.QBData[1 + turn / 16 % TeamCount][1].Accuracy = static_cast<std::int16_t>(turn % 16);
+  });
+}
+
 /// A save that keeps what it replaces, against two bare saves. Each save replaces another state.
 void CompareKeptSaves(LeagueSession& session, const std::string& copy) {
   const std::string folder = std::filesystem::path(copy).parent_path();
@@ -135,11 +143,7 @@ void CompareKeptSaves(LeagueSession& session, const std::string& copy) {
       {"save that keeps an earlier version", 1.25, save_pairs},
       [&] {
         history.KeepUnsaved();  // as the editor does a second after a save
-        ++turn;
-        session.Change("turn", [turn](LeagueData& league) {
-          league.QBData[1 + turn / 16 % TeamCount][1].Accuracy =
-              static_cast<std::int16_t>(turn % 16);
-        });
+        ChangeARating(session, ++turn);
         return CostOfSave([&] {
           if (SaveImage(session, host, history) != SaveOutcome::Saved) std::exit(1);
         });
@@ -150,6 +154,80 @@ void CompareKeptSaves(LeagueSession& session, const std::string& copy) {
           WriteBare(copy, bytes);
         });
       });
+}
+
+/// A step with as many before it as there can be, against the first one.
+void CompareLaterSteps(const std::string& bin, const std::string& work) {
+  struct Editor {
+    Editor(const std::string& app_dir, const std::string& versions) : History(Session, versions) {
+      SilentHost host;
+      Session.AppDir = app_dir;
+      Session.ImagePath = app_dir + "sample.nes";
+      if (LoadImage(Session, host, History) != LoadOutcome::Loaded) std::exit(1);
+    }
+    double CostOfStep() {
+      const double cost = Milliseconds([this] { ChangeARating(Session, ++Turn); });
+      History.Undo();
+      return cost;
+    }
+
+    LeagueSession Session;
+    LeagueHistory History;
+    int Turn = 0;
+  };
+  Editor full(bin + "/", work + "full"), fresh(bin + "/", work + "fresh");
+  for (std::size_t step = 0; step < UndoStack::Limit; ++step)
+    ChangeARating(full.Session, ++full.Turn);
+  Compare(
+      {"a step after 199 others, against the first", 1.25, 1000}, [&] { return full.CostOfStep(); },
+      [&] { return fresh.CostOfStep(); });
+}
+
+/// Keeps versions of an image, of which there are so many, in a store with so many other images.
+class Keeper {
+ public:
+  Keeper(const std::string& folder, std::vector<std::uint8_t> bytes, int versions, int others)
+      : bytes_(std::move(bytes)),
+        store_(folder + "/store", {versions, std::uint64_t{4} << 30}),
+        image_(folder + "/league.nes") {
+    std::filesystem::remove_all(folder);
+    std::filesystem::create_directories(folder);
+    for (int other = 0; other < others; ++other) {
+      const std::string text = std::to_string(other);
+      const std::vector<std::uint8_t> bytes_of_other(text.begin(), text.end());
+      store_.Keep(folder + "/" + text + ".nes", {bytes_of_other, bytes_of_other.size()}, "other");
+    }
+    for (int version = 0; version < versions; ++version) CostOfKeeping();
+  }
+
+  double CostOfKeeping() {
+    ++turn_;
+    bytes_[OpenImage::WholeSize - 1] = static_cast<std::uint8_t>(turn_);
+    bytes_[OpenImage::WholeSize - 2] = static_cast<std::uint8_t>(turn_ / 256);
+    const double cost = CostOfSave([this] {
+      store_.Keep(image_, {bytes_, bytes_.size()}, "before a save");
+    });
+    store_.DropOld(image_);
+    return cost;
+  }
+
+ private:
+  std::vector<std::uint8_t> bytes_;
+  VersionStore store_;
+  std::string image_;
+  int turn_ = 0;
+};
+
+void CompareKeepings(const std::string& image, const std::string& work) {
+  const auto bytes = ReadFileStart(image, OpenImage::WholeSize).Bytes;
+  Keeper few(work + "few", bytes, 1, 0), many(work + "many", bytes, 30, 0),
+      images(work + "images", bytes, 30, 200);
+  Compare(
+      {"a version kept beside 30 others, against one", 1.25, save_pairs},
+      [&] { return many.CostOfKeeping(); }, [&] { return few.CostOfKeeping(); });
+  Compare(
+      {"a version kept beside those of 200 other images", 1.5, save_pairs},
+      [&] { return images.CostOfKeeping(); }, [&] { return few.CostOfKeeping(); });
 }
 
 /// One load or one save for an instruction counter; the league to save is read first.
@@ -181,12 +259,14 @@ int main(int argc, char** argv) {
                              std::filesystem::copy_options::overwrite_existing);
   if (argc > 3) return RunOnce(session, argv[3]);
   const std::string bare = work + "bare.nes";
-  CompareLoads(session, " of a whole image", 3, true);
+  CompareLoads(session, " of a whole image", 1.5, true);
   CompareSaves(session, bare, " of a whole image");
   CompareKeptSaves(session, bare);
   session.Change("fill", FillToTheLimits);
   Save(session);
-  CompareLoads(session, ", texts and 238 games at their limits", 3, true);
+  CompareLoads(session, ", texts and 238 games at their limits", 1.5, true);
   CompareSaves(session, bare, ", texts and 238 games at their limits");
   CompareLoads(session, ", repeated in the same memory", 0, false);
+  CompareLaterSteps(argv[1], work);
+  CompareKeepings(session.ImagePath, work);
 }

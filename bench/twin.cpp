@@ -14,6 +14,7 @@
 #include <QScrollBar>
 #include <QTableWidget>
 #include <QToolButton>
+#include <QTreeWidget>
 
 #include "toolkit/form.h"
 #include "toolkit/picture_box.h"
@@ -82,6 +83,23 @@ QWidget* CopyButtonRow(const QDialogButtonBox& from) {
 }
 
 /// A copy of a standard Qt control; null for a widget that only contains others.
+QWidget* CopyTree(const QTreeWidget& from) {
+  auto* copy = new QTreeWidget;
+  copy->setHeaderItem(from.headerItem()->clone());
+  copy->setHeaderHidden(from.isHeaderHidden());
+  copy->setRootIsDecorated(from.rootIsDecorated());
+  copy->setUniformRowHeights(from.uniformRowHeights());
+  for (int row = 0; row < from.topLevelItemCount(); ++row) {
+    copy->addTopLevelItem(from.topLevelItem(row)->clone());
+    copy->topLevelItem(row)->setExpanded(from.topLevelItem(row)->isExpanded());
+  }
+  for (int column = 0; column < from.columnCount(); ++column) {
+    copy->setColumnWidth(column, from.columnWidth(column));
+  }
+  copy->setMinimumSize(from.minimumSize());
+  return copy;
+}
+
 QWidget* CopyControl(const QWidget& widget) {
   if (const auto* button = qobject_cast<const QPushButton*>(&widget)) {
     return CopyButton<QPushButton>(*button);
@@ -104,6 +122,7 @@ QWidget* CopyControl(const QWidget& widget) {
     return new QScrollBar(bar->orientation());
   }
   if (const auto* table = qobject_cast<const QTableWidget*>(&widget)) return CopyTable(*table);
+  if (const auto* tree = qobject_cast<const QTreeWidget*>(&widget)) return CopyTree(*tree);
   if (const auto* row = qobject_cast<const QDialogButtonBox*>(&widget)) return CopyButtonRow(*row);
   return nullptr;
 }

@@ -85,7 +85,9 @@ void SyncFolder(const std::string& folder) {
   try {
     FileHandle(folder, O_RDONLY | O_DIRECTORY).Sync();
   } catch (const FileError& error) {
-    // Some file systems can't sync a folder and say so.
+    // A folder that may not be read can't be opened; then everything is synced. EINVAL is from file
+    // systems that can't sync a folder.
+    if (error.Number() == EACCES) return ::sync();
     if (error.Number() != EINVAL) throw;
   }
 }

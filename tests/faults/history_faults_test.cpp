@@ -225,6 +225,18 @@ TEST_F(HistoryFaults, AnEditorsSaveHarmsNoImageAndKeepsWhatItReplaces) {
   EXPECT_EQ(untold, 0) << "saves went over a state that wasn't kept, without a word";
 }
 
+/// It can be entered and written, but not opened to be synced.
+TEST_F(HistoryFaults, AFolderAboveThatMayNotBeReadHindersNothing) {
+  from_nothing_ = true;
+  PutBack();
+  StartFaults({{"open", 1, false, Effect::Error, EACCES}});
+  KeepVersion("new");
+  const auto trace = StopFaults();
+  EXPECT_EQ(std::ranges::find(trace, "open", &SystemCall::Name)->Path,
+            fs::path(share_).parent_path().string());
+  EXPECT_EQ(Versions(), Texts{"1 new"});
+}
+
 TEST_F(HistoryFaults, AFullDiskIsTheReasonThatIsGiven) {
   UnsavedStore editor(base_, image_);
   const auto no_room = testing::ThrowsMessage<FileError>("No space left on device");
