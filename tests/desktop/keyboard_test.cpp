@@ -4,10 +4,12 @@
 #include <QLineEdit>
 #include <QMimeData>
 #include <QRadioButton>
+#include <QTreeWidget>
 #include <QWheelEvent>
 
 #include "tests/desktop/all_forms.h"
 #include "toolkit/text_box.h"
+#include "toolkit/up_down.h"
 
 namespace rostermill::test {
 namespace {
@@ -154,6 +156,38 @@ TEST_F(AllForms, ArrowKeysReachTheCellsOfATabStop) {
   });
 }
 
+/// Where a control looks different while it has the focus.
+QRect FocusMark(QWidget& control) {
+  control.setFocus(Qt::TabFocusReason);
+  const QImage focused = control.grab().toImage();
+  control.clearFocus();
+  const QImage plain = control.grab().toImage();
+  QRect mark;
+  for (int y = 0; y < plain.height(); ++y) {
+    for (int x = 0; x < plain.width(); ++x) {
+      if (focused.pixel(x, y) != plain.pixel(x, y)) mark |= QRect(x, y, 1, 1);
+    }
+  }
+  return mark;
+}
+
+TEST_F(AllForms, WhatThisProgramPaintsMarksItsFocusEvenlyAllAround) {
+  VisitAll([](QWidget& form) {
+    for (QWidget* control : Controls(form, [](auto policy) { return policy != Qt::NoFocus; })) {
+      const bool pressed = qobject_cast<QLabel*>(control) || qobject_cast<PictureBox*>(control);
+      if (!pressed && !qobject_cast<UpDown*>(control)) continue;
+      const QRect mark = FocusMark(*control);
+      EXPECT_FALSE(mark.isEmpty()) << NameOf(control);
+      EXPECT_EQ(mark.left() + mark.right(), control->rect().right()) << NameOf(control);
+      EXPECT_EQ(mark.top() + mark.bottom(), control->rect().bottom()) << NameOf(control);
+      EXPECT_EQ(control->cursor().shape() == Qt::PointingHandCursor, pressed) << NameOf(control);
+    }
+    for (const QTreeWidget* list : form.findChildren<QTreeWidget*>()) {
+      EXPECT_TRUE(list->columnCount() == 1 || list->allColumnsShowFocus()) << NameOf(list);
+    }
+  });
+}
+
 TEST_F(AllForms, EveryControlHasANameForAssistiveTechnology) {
   VisitAll([](QWidget& form) {
     QList<QWidget*> controls = Controls(form, [](auto policy) { return policy != Qt::NoFocus; });
@@ -172,8 +206,11 @@ TEST_F(AllForms, EveryFieldHasItsCaptionOrANameOfItsOwn) {
     QMap<QWidget*, QLabel*> captions;
     QStringList texts;
     for (QLabel* label : form.findChildren<QLabel*>()) {
+      EXPECT_FALSE(captions.contains(label->buddy())) << NameOf(label->buddy());
       if (label->buddy() != nullptr) captions.insert(label->buddy(), label);
-      if (label->text().endsWith(':') && label->isVisible()) texts << label->text().remove('&');
+      if (!label->text().endsWith(':') || !label->isVisible()) continue;
+      EXPECT_TRUE(label->alignment() & Qt::AlignRight) << label->text().toStdString();
+      texts << label->text().remove('&');
     }
     texts.sort();
     if (!texts.isEmpty()) shown += form.objectName() + ' ' + texts.join(' ') + '\n';
@@ -182,6 +219,12 @@ TEST_F(AllForms, EveryFieldHasItsCaptionOrANameOfItsOwn) {
       const QRect right(field->mapTo(&form, QPoint()), field->size());
       EXPECT_TRUE(caption->isVisibleTo(&form)) << NameOf(field);
       EXPECT_LT(left.right(), right.left()) << NameOf(field);
+      int room = 0;  // for the widest caption above or below
+      for (QLabel* other : captions) {
+        if (other->mapTo(&form, QPoint()).x() != left.left()) continue;
+        room = std::max({room, other->sizeHint().width(), other->minimumWidth()});
+      }
+      EXPECT_LE(left.width(), room) << NameOf(field);
       EXPECT_GE(left.center().y(), right.top()) << NameOf(field);
       EXPECT_LE(left.center().y(), right.bottom()) << NameOf(field);
     }

@@ -117,6 +117,9 @@ TEST_P(InAScheme, EveryTextIsReadable) {
     EXPECT_GE(InkContrast(*list.view()->viewport(), part), 4.5) << row;
   }
   list.hidePopup();
+  auto& find = Find<QLineEdit>(Form("frmAllPlayers"), "txtFind");
+  find.setText("no such condition>1");
+  EXPECT_GE(InkContrast(find, TextPart(&find)), 4.5);
   for (const char* name : {"lblHead(1)", "lblHead(3)"}) {
     auto& heading = Find<ClickLabel>(Form("ViewLeaders"), name);
     for (const char* order : {" down", " up"}) {
