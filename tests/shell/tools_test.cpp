@@ -158,9 +158,11 @@ TEST_F(Tools, WhatIsTickedIsTakenAsOneStep) {
   list.topLevelItem(0)->setCheckState(0, Qt::Checked);
   EXPECT_EQ(Text("frmCompare", "lblCount"), "4 differences, 3 shown, 3 ticked");
   list.topLevelItem(0)->child(3)->setCheckState(0, Qt::Unchecked);
-  Pick("mViePlayerData");
+  Select(list, "QB 1");
+  Press("frmCompare", "btnShow");
   const LeagueData before = session_.League();
   take.click();
+  EXPECT_EQ(Text("ViewPlayer", "lblNumber"), "#77") << "the open viewer shows what was taken";
   EXPECT_EQ(session_.League().NameData[1][1].JerseyNumber, "77");
   EXPECT_EQ(session_.League().QBData[1][1].PassingSpeed, 9);
   EXPECT_EQ(session_.League().QBData[1][1].PassControl, before.QBData[1][1].PassControl);
@@ -171,7 +173,7 @@ TEST_F(Tools, WhatIsTickedIsTakenAsOneStep) {
   EXPECT_EQ(Lines("frmCompare", "lstChanges"), (QStringList{lines[0], lines[1], lines[4]}));
   Select(list, "Pass Control");
   Press("frmCompare", "btnShow");
-  EXPECT_EQ(Text("ViewPlayer", "lblNumber"), "#77") << "the open viewer shows what was taken";
+  EXPECT_EQ(Find<DropDownList>(Form("ViewPlayer"), "cmbPosition").Text(), "QB 1");
   Pick("mnuEditUndo");
   EXPECT_TRUE(session_.League() == before);
   EXPECT_EQ(Lines("frmCompare", "lstChanges"), lines);
