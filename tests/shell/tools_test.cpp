@@ -209,20 +209,29 @@ TEST_F(Tools, OtherKindsOfFilesAreComparedAndBadOnesAreToldOf) {
     Press("frmCompare", "btnOK");
   }
   WriteFile(folder_.Path("bad.csv"), std::string("Team,Slot,Number\n1,1,777\n"));
-  QString told;
-  OnNextDialog([&](QDialog& dialog) {
-    dynamic_cast<QFileDialog&>(dialog).selectFile(QString::fromStdString(folder_.Path("bad.csv")));
-    OnNextDialog([&](QDialog& box) {
-      told = dynamic_cast<QMessageBox&>(box).text();
-      box.accept();
+  const auto told_of = [this](const std::string& file) {
+    std::string told;
+    OnNextDialog([&](QDialog& dialog) {
+      dynamic_cast<QFileDialog&>(dialog).selectFile(QString::fromStdString(folder_.Path(file)));
+      OnNextDialog([&](QDialog& box) {
+        told = dynamic_cast<QMessageBox&>(box).text().toStdString();
+        box.accept();
+      });
+      dialog.accept();
     });
-    dialog.accept();
-  });
-  Pick("mToolCompare");
-  EXPECT_EQ(told.toStdString(),
+    Pick("mToolCompare");
+    return told;
+  };
+  EXPECT_EQ(told_of("bad.csv"),
             folder_.Path("bad.csv") +
                 " gives no league:\n\nline 2, column 3 (Number), SPARROWS: \"777\" is not a "
                 "number from 0 to 99");
+  const std::string too_large =
+      folder_.Path("a.ips") + " gives no league:\n\nThe file is too large.";
+  std::filesystem::resize_file(folder_.Path("a.ips"), 67'108'864);
+  EXPECT_NE(told_of("a.ips"), too_large);
+  std::filesystem::resize_file(folder_.Path("a.ips"), 67'108'865);
+  EXPECT_EQ(told_of("a.ips"), too_large);
   EXPECT_FALSE(IsOpen("frmCompare"));
 }
 
