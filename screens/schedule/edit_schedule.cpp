@@ -147,7 +147,6 @@ void frmEditSchedule::Form_Load() {
     for (const TeamRec& team : session_.League().TeamData) {
       box->AddItem(FromLatin1(team.Abbreviation));
     }
-    box->SetText({});
   }
   WorkSchedule = session_.League().ScheduleData;
   filled_schedule_ = WorkSchedule;

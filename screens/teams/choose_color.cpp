@@ -41,7 +41,6 @@ void ChooseColor::BuildControls() {
   picCurrentColor = new ColorBox("picCurrentColor", current_size);
   picCurrentColor->setAccessibleName("Picked color");
   lblColor = new ElidedLabel("lblColor");
-  lblColor->setText("Color");
   btnOK = NewButton("btnOK", "OK");
   btnOK->setDefault(true);
   btnCancel = NewButton("btnCancel", "Cancel");

@@ -40,7 +40,6 @@ void ChoosePlay::BuildControls() {
     name->setMargin(name_margin);
   }
   lblChosen = new ElidedLabel("lblChosen");
-  lblChosen->setText("Choose");
   QFont font = lblChosen->font();
   font.setBold(true);
   lblChosen->setFont(font);

@@ -103,7 +103,7 @@ class Clone:
                 break
         self.tree, self.build_folder = self.home / "tree", self.home / "build"
         # Short, since some texts on the screen are cut to fit their width.
-        self._scratch = Path(tempfile.gettempdir()) / f"mutate-{os.getpid()}-{number}"
+        self._scratch = Path(tempfile.gettempdir()) / f"m{os.getpid()}-{number}"
         self._copy_tree()
 
     def close(self):

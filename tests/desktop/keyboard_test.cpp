@@ -4,10 +4,12 @@
 #include <QLineEdit>
 #include <QMimeData>
 #include <QRadioButton>
+#include <QTreeWidget>
 #include <QWheelEvent>
 
 #include "tests/desktop/all_forms.h"
 #include "toolkit/text_box.h"
+#include "toolkit/up_down.h"
 
 namespace rostermill::test {
 namespace {
@@ -154,6 +156,39 @@ TEST_F(AllForms, ArrowKeysReachTheCellsOfATabStop) {
   });
 }
 
+/// The middle row and the middle column of a control, with # where the focus changes a pixel.
+std::pair<std::string, std::string> FocusMarks(QWidget& control) {
+  control.setFocus(Qt::TabFocusReason);
+  const QImage focused = control.grab().toImage();
+  control.clearFocus();
+  const QImage plain = control.grab().toImage();
+  const auto sign_at = [&](int x, int y) {
+    return focused.pixel(x, y) == plain.pixel(x, y) ? ' ' : '#';
+  };
+  std::string across, down;
+  for (int x = 0; x < plain.width(); ++x) across += sign_at(x, plain.height() / 2);
+  for (int y = 0; y < plain.height(); ++y) down += sign_at(plain.width() / 2, y);
+  return {across, down};
+}
+
+TEST_F(AllForms, WhatThisProgramPaintsMarksItsFocusEvenlyAllAround) {
+  VisitAll([](QWidget& form) {
+    for (QWidget* control : Controls(form, [](auto policy) { return policy != Qt::NoFocus; })) {
+      const bool pressed = qobject_cast<QLabel*>(control) || qobject_cast<PictureBox*>(control);
+      if (!pressed && !qobject_cast<UpDown*>(control)) continue;
+      const auto [across, down] = FocusMarks(*control);
+      for (const std::string& marks : {across, down}) {
+        EXPECT_NE(marks.find('#'), std::string::npos) << NameOf(control);
+        EXPECT_EQ(marks, std::string(marks.rbegin(), marks.rend())) << NameOf(control);
+      }
+      EXPECT_EQ(control->cursor().shape() == Qt::PointingHandCursor, pressed) << NameOf(control);
+    }
+    for (const QTreeWidget* list : form.findChildren<QTreeWidget*>()) {
+      EXPECT_TRUE(list->columnCount() == 1 || list->allColumnsShowFocus()) << NameOf(list);
+    }
+  });
+}
+
 TEST_F(AllForms, EveryControlHasANameForAssistiveTechnology) {
   VisitAll([](QWidget& form) {
     QList<QWidget*> controls = Controls(form, [](auto policy) { return policy != Qt::NoFocus; });
@@ -172,8 +207,11 @@ TEST_F(AllForms, EveryFieldHasItsCaptionOrANameOfItsOwn) {
     QMap<QWidget*, QLabel*> captions;
     QStringList texts;
     for (QLabel* label : form.findChildren<QLabel*>()) {
+      EXPECT_FALSE(captions.contains(label->buddy())) << NameOf(label->buddy());
       if (label->buddy() != nullptr) captions.insert(label->buddy(), label);
-      if (label->text().endsWith(':') && label->isVisible()) texts << label->text().remove('&');
+      if (!label->text().endsWith(':') || !label->isVisible()) continue;
+      EXPECT_TRUE(label->alignment() & Qt::AlignRight) << label->text().toStdString();
+      texts << label->text().remove('&');
     }
     texts.sort();
     if (!texts.isEmpty()) shown += form.objectName() + ' ' + texts.join(' ') + '\n';
@@ -182,6 +220,12 @@ TEST_F(AllForms, EveryFieldHasItsCaptionOrANameOfItsOwn) {
       const QRect right(field->mapTo(&form, QPoint()), field->size());
       EXPECT_TRUE(caption->isVisibleTo(&form)) << NameOf(field);
       EXPECT_LT(left.right(), right.left()) << NameOf(field);
+      int room = 0;  // for the widest caption above or below
+      for (QLabel* other : captions) {
+        if (other->mapTo(&form, QPoint()).x() != left.left()) continue;
+        room = std::max({room, other->sizeHint().width(), other->minimumWidth()});
+      }
+      EXPECT_LE(left.width(), room) << NameOf(field);
       EXPECT_GE(left.center().y(), right.top()) << NameOf(field);
       EXPECT_LE(left.center().y(), right.bottom()) << NameOf(field);
     }

@@ -11,6 +11,7 @@
 #include "tests/desktop/contrast.h"
 #include "toolkit/click_label.h"
 #include "toolkit/flex_grid.h"
+#include "toolkit/readable_color.h"
 
 namespace rostermill::test {
 namespace {
@@ -72,6 +73,11 @@ int ExpectReadableItems(QMenu& menu) {
   return looked;
 }
 
+TEST(StandingOut, ChangesAColorOnlyWhereItDoesNotStandOut) {
+  EXPECT_EQ(StandingOut(QColor(0x20, 0x40, 0x60), Qt::white).name(), "#204060");
+  EXPECT_GE(Contrast(StandingOut(QColor(0xA0, 0xC0, 0xE0), Qt::white).rgb(), 0xFFFFFF), 4.5);
+}
+
 /// Sets the palette before there is a window, as a desktop does.
 class Scheme : public testing::WithParamInterface<bool> {
  protected:
@@ -117,6 +123,10 @@ TEST_P(InAScheme, EveryTextIsReadable) {
     EXPECT_GE(InkContrast(*list.view()->viewport(), part), 4.5) << row;
   }
   list.hidePopup();
+  auto& find = Find<QLineEdit>(Form("frmAllPlayers"), "txtFind");
+  find.setText("no such condition>1");
+  const QPalette& wrong = find.palette();
+  EXPECT_GE(Contrast(wrong.base().color().rgb(), wrong.text().color().rgb()), 4.5);
   for (const char* name : {"lblHead(1)", "lblHead(3)"}) {
     auto& heading = Find<ClickLabel>(Form("ViewLeaders"), name);
     for (const char* order : {" down", " up"}) {

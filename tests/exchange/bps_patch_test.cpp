@@ -118,6 +118,8 @@ TEST(BpsPatch, TheBytesOfASmallPatchAreAsPublished) {
   EXPECT_EQ(MakeBpsPatch(BytesOf("ABCD"), BytesOf("ABCD")),
             (Bytes{'B',  'P',  'S',  '1',  0x84, 0x84, 0x80, 0x8C, 0xA5, 0x20,
                    0x17, 0xDB, 0xA5, 0x20, 0x17, 0xDB, 0xC8, 0xC2, 0x78, 0x13}));
+  // The target is the source's end: one copy, of two bytes, between 7 and 12 bytes of frame.
+  EXPECT_EQ(MakeBpsPatch(BytesOf("ABCDwxyz"), BytesOf("wxyz")).size(), 21u);
   EXPECT_EQ(MakeBpsPatch({}, {}), (Bytes{'B', 'P', 'S', '1', 0x80, 0x80, 0x80, 0, 0, 0, 0, 0, 0, 0,
                                          0, 0x93, 0x1F, 0xD8, 0x5E}));
 }

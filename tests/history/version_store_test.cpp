@@ -176,6 +176,8 @@ TEST_F(VersionStoreTest, DamagedAndForeignFilesArePassedOverAndStay) {
                                  "000009-000009_20261399T000000Z_0_" + hash + "_a.nes",
                                  "9-9_20260730T000000Z_0_" + hash + "_a.nes",
                                  "000009-99999999999999_20260730T000000Z_0_" + hash + "_a.nes",
+                                 "000000-000009_20260730T000000Z_0_" + hash + "_a.nes",
+                                 "000009-000000_20260730T000000Z_0_" + hash + "_a.nes",
                                  "000009-000009_20260730T000000Z_0_" + hash + "_.nes",
                                  "000009-000009_20260730T000000Z_0_" + hash + ".nes"};
   for (const std::string& name : names) WriteFile(folder + name, "");

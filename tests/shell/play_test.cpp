@@ -79,6 +79,10 @@ TEST_F(Play, WhatCanNotBePlayedIsTold) {
   listen();
   EXPECT_TRUE(told.startsWith("/no/such/emulator could not be started: ")) << told.toStdString();
   EXPECT_TRUE(told.endsWith(".\n\nTools > Choose Emulator sets another program."));
+  std::filesystem::remove_all(folder_.Path("cache"));
+  WriteFile(folder_.Path("cache"), std::string("no folder"));
+  listen();
+  EXPECT_EQ(told.toStdString(), "The copy to play could not be written: Not a directory.");
   session_.Change("a long city",
                   [](LeagueData& league) { league.TeamData[1].City = std::string(999, 'A'); });
   listen();

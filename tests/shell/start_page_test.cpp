@@ -86,7 +86,9 @@ TEST_F(StartPageTest, TheWindowMenuListsTheFormsInCtrlTabsOrderAndClosesThem) {
     emit menu.aboutToShow();
     QStringList texts;
     for (const QAction* item : menu.actions()) {
-      if (item->isCheckable()) texts << (item->isChecked() ? "*" : "") + item->text();
+      if (!item->isCheckable()) continue;
+      EXPECT_EQ(item->objectName(), QString("mWinForm(%1)").arg(texts.size()));
+      texts << (item->isChecked() ? "*" : "") + item->text();
     }
     return texts.join(", ").toStdString();
   };

@@ -158,9 +158,11 @@ TEST_F(Tools, WhatIsTickedIsTakenAsOneStep) {
   list.topLevelItem(0)->setCheckState(0, Qt::Checked);
   EXPECT_EQ(Text("frmCompare", "lblCount"), "4 differences, 3 shown, 3 ticked");
   list.topLevelItem(0)->child(3)->setCheckState(0, Qt::Unchecked);
-  Pick("mViePlayerData");
+  Select(list, "QB 1");
+  Press("frmCompare", "btnShow");
   const LeagueData before = session_.League();
   take.click();
+  EXPECT_EQ(Text("ViewPlayer", "lblNumber"), "#77") << "the open viewer shows what was taken";
   EXPECT_EQ(session_.League().NameData[1][1].JerseyNumber, "77");
   EXPECT_EQ(session_.League().QBData[1][1].PassingSpeed, 9);
   EXPECT_EQ(session_.League().QBData[1][1].PassControl, before.QBData[1][1].PassControl);
@@ -171,7 +173,7 @@ TEST_F(Tools, WhatIsTickedIsTakenAsOneStep) {
   EXPECT_EQ(Lines("frmCompare", "lstChanges"), (QStringList{lines[0], lines[1], lines[4]}));
   Select(list, "Pass Control");
   Press("frmCompare", "btnShow");
-  EXPECT_EQ(Text("ViewPlayer", "lblNumber"), "#77") << "the open viewer shows what was taken";
+  EXPECT_EQ(Find<DropDownList>(Form("ViewPlayer"), "cmbPosition").Text(), "QB 1");
   Pick("mnuEditUndo");
   EXPECT_TRUE(session_.League() == before);
   EXPECT_EQ(Lines("frmCompare", "lstChanges"), lines);
@@ -207,20 +209,29 @@ TEST_F(Tools, OtherKindsOfFilesAreComparedAndBadOnesAreToldOf) {
     Press("frmCompare", "btnOK");
   }
   WriteFile(folder_.Path("bad.csv"), std::string("Team,Slot,Number\n1,1,777\n"));
-  QString told;
-  OnNextDialog([&](QDialog& dialog) {
-    dynamic_cast<QFileDialog&>(dialog).selectFile(QString::fromStdString(folder_.Path("bad.csv")));
-    OnNextDialog([&](QDialog& box) {
-      told = dynamic_cast<QMessageBox&>(box).text();
-      box.accept();
+  const auto told_of = [this](const std::string& file) {
+    std::string told;
+    OnNextDialog([&](QDialog& dialog) {
+      dynamic_cast<QFileDialog&>(dialog).selectFile(QString::fromStdString(folder_.Path(file)));
+      OnNextDialog([&](QDialog& box) {
+        told = dynamic_cast<QMessageBox&>(box).text().toStdString();
+        box.accept();
+      });
+      dialog.accept();
     });
-    dialog.accept();
-  });
-  Pick("mToolCompare");
-  EXPECT_EQ(told.toStdString(),
+    Pick("mToolCompare");
+    return told;
+  };
+  EXPECT_EQ(told_of("bad.csv"),
             folder_.Path("bad.csv") +
                 " gives no league:\n\nline 2, column 3 (Number), SPARROWS: \"777\" is not a "
                 "number from 0 to 99");
+  const std::string too_large =
+      folder_.Path("a.ips") + " gives no league:\n\nThe file is too large.";
+  std::filesystem::resize_file(folder_.Path("a.ips"), 67'108'864);
+  EXPECT_NE(told_of("a.ips"), too_large);
+  std::filesystem::resize_file(folder_.Path("a.ips"), 67'108'865);
+  EXPECT_EQ(told_of("a.ips"), too_large);
   EXPECT_FALSE(IsOpen("frmCompare"));
 }
 

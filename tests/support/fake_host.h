@@ -48,7 +48,8 @@ class FakeHost : public PipelineHost {
   }
   std::string AskForText(const std::string& prompt, const std::string& title,
                          const std::string& preset) override {
-    prompts.push_back(title + ": " + prompt + " [" + preset + "]");
+    prompts.push_back((loading_open ? "while it loads, " : "") + title + ": " + prompt + " [" +
+                      preset + "]");
     if (folder_answers.empty()) return {};
     std::string answer = folder_answers.front();
     folder_answers.pop_front();

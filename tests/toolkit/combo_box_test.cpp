@@ -117,6 +117,7 @@ TEST_F(ComboBoxTest, StepButtonsAndArrowKeysStepAndTakeTheFocus) {
   auto* up = steps->findChild<QWidget*>("Up");
   auto* down = steps->findChild<QWidget*>("Down");
   EXPECT_LT(up->geometry().bottom(), down->geometry().top());
+  EXPECT_GT(up->width(), up->height());
   QTest::mouseClick(up, Qt::LeftButton);
   EXPECT_TRUE(steps->hasFocus());
   QTest::mouseClick(down, Qt::LeftButton);

@@ -85,7 +85,7 @@ const std::vector<Command>& Commands() {
       {"make-patch", RunMakePatch, 3, 3, "two images and the patch's name", {2, nothing}},
       {"apply-patch", RunApplyPatch, 2, 3, two_files, {2, 0}, {dry_run, no_version}},
       {"versions", RunVersions, 1, 1, a_file, {}, {json}},
-      {"restore", RunRestore, 2, 3, "a file and a version's number", {2, nothing}, {no_version}},
+      {"restore", RunRestore, 2, 3, "a file and a version's number", {}, {no_version}},
   };
   return commands;
 }

@@ -178,6 +178,12 @@ TEST_F(ViewLeadersTest, AHeadingSortsWithoutScrollingAndANewGroupStartsAfresh) {
         << Label(part, 0).toolTip().toStdString();
   }
   EXPECT_LT(Label("lblD0", 0).geometry().right(), Label("lblName", 0).geometry().left());
+  const auto left = [](const QLabel& label) { return label.geometry().left() + label.margin(); };
+  const auto right = [](const QLabel& label) { return label.geometry().right() - label.margin(); };
+  EXPECT_EQ(left(Label("lblName", 0)), left(Label("lblHead", 0)));
+  for (int column = 1; column <= 6; ++column) {
+    EXPECT_EQ(right(Label("lblD" + QString::number(column), 4)), right(Label("lblHead", column)));
+  }
   EXPECT_EQ(Row(1), "2 Boot, Ann 19 13 25 31 38 44");
   QTest::keyClick(&Label("lblHead", 0), Qt::Key_Space);
   EXPECT_EQ(WhiteHeadings(), "0");

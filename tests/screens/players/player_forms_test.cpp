@@ -128,6 +128,7 @@ TEST_F(PlayerForms, BothShowAllOfAPlayer) {
         EXPECT_TRUE(value.alignment() & Qt::AlignRight);
       }
       EXPECT_TRUE(Find<QLabel>(*form, "lblNumber").font().bold());
+      EXPECT_TRUE(Find<QLabel>(*form, "lblNumber").alignment() & Qt::AlignHCenter);
       EXPECT_EQ(Find<QLabel>(*form, "lblNumber").text(),
                 FromLatin1("#" + Name(8, player.Slot).JerseyNumber));
       EXPECT_EQ(Find<PictureBox>(*form, "imgFace").Picture().convertToFormat(face.format()), face);

@@ -37,6 +37,8 @@ TEST_F(TeamForms, AJerseyColorIsPendingUntilOK) {
   QString first;
   OnNextDialog([&](QDialog& dialog) {
     first = Find<QLabel>(dialog, "lblColor").text();
+    const QPoint middle = dialog.screen()->availableGeometry().center();
+    EXPECT_LT((dialog.geometry().center() - middle).manhattanLength(), 10);
     Find<QPushButton>(dialog, "btnOK").click();
   });
   Press("btnChange(1)");

@@ -1,0 +1,33 @@
+#include "exchange/player_cells.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "league/league_tables.h"
+#include "league/ratings.h"
+#include "tests/support/damage.h"
+
+namespace rostermill::test {
+namespace {
+
+TEST(ShiftRatings, APercentageLeadsToTheNearestRating) {
+  const auto power = std::ranges::find(PlayerColumns, "Hitting Power", &Column::Heading);
+  for (const auto& [rating, percent, after] : {std::tuple(19, -50, 13),
+                                               {69, -50, 38},
+                                               {38, 25, 50},
+                                               {19, 50, 31},
+                                               {25, -10, 25},
+                                               {94, 10, 100},
+                                               {100, 10, 100},
+                                               {6, -100, 6}}) {
+    LeagueData league = SampleLeague();
+    std::int16_t& code = league.QBData[1][1].HittingPower;
+    code = static_cast<std::int16_t>(NearestRatingCode(rating));
+    ShiftRatings({{1, 1}}, {&*power}, {RatingShift::Way::ByPercent, percent}, league);
+    EXPECT_EQ(RatingValues[code], after) << rating << " by " << percent;
+  }
+}
+
+}  // namespace
+}  // namespace rostermill::test
