@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cerrno>
 #include <filesystem>
 
@@ -152,6 +153,26 @@ TEST_F(SharedFolder, TheOwnerOfAListedImageKeepsTheirRights) {
             "user::rw-\nuser:41001:rw-\nuser:41002:rw-\nuser:41005:---\nuser:41006:rw-\n"
             "group::r--\nmask::rw-\nother::r--\n\n");
   EXPECT_TRUE(As(ann, anns_group, {}, [&] { return Opens(O_RDWR); }));
+}
+
+TEST(AccessList, AUserGetsAnEntryAndNobodyElseARight) {
+  const auto list = [](const std::vector<std::array<std::uint8_t, 3>>& entries) {
+    std::vector<std::uint8_t> bytes{2, 0, 0, 0};
+    for (const auto& [tag, rights, id] : entries) {
+      bytes.insert(bytes.end(), {tag, 0, rights, 0, id, 0, 0, 0});
+    }
+    return bytes;
+  };
+  // The owner, two users, the group, another group, the mask and the others.
+  AccessList rights(
+      list({{1, 7, 9}, {2, 4, 51}, {2, 7, 52}, {4, 6, 9}, {8, 3, 60}, {16, 4, 9}, {32, 3, 9}}));
+  rights.AddUser(51, 6);
+  EXPECT_EQ(
+      rights.Bytes(),
+      list({{1, 7, 9}, {2, 6, 51}, {2, 4, 52}, {4, 4, 9}, {8, 0, 60}, {16, 6, 9}, {32, 3, 9}}));
+  EXPECT_EQ(rights.Mask(), 6U);
+  EXPECT_EQ(rights.Group(), 4U);
+  EXPECT_EQ(rights.CommonOfGroups(), 0U);
 }
 
 /// Members of the saver's group may be in the listed group as well, which is kept out.
