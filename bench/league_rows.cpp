@@ -194,8 +194,9 @@ class Keeper {
     std::filesystem::create_directories(folder);
     for (int other = 0; other < others; ++other) {
       const std::string text = std::to_string(other);
+      const auto path = std::filesystem::path(folder) / text;
       const std::vector<std::uint8_t> bytes_of_other(text.begin(), text.end());
-      store_.Keep(folder + "/" + text + ".nes", {bytes_of_other, bytes_of_other.size()}, "other");
+      store_.Keep(path, {bytes_of_other, bytes_of_other.size()}, "other");
     }
     for (int version = 0; version < versions; ++version) CostOfKeeping();
   }
