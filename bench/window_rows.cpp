@@ -156,7 +156,7 @@ void CompareLists(ChildArea& area, const std::string& bin, const std::string& wo
   CompareForm(area, "frmVersions, 30 versions", [&] { return new frmVersions(history); });
   OtherLeague other{"other", session.League(), {}};
   for (int team = 1; team <= TeamCount; ++team) {
-    for (NameRec& name : other.League.NameData[team]) name.Number = "98";
+    for (NameRec& name : other.League.NameData[team]) name.JerseyNumber = "98";
   }
   CompareForm(area, "frmCompare, 840 differences", [&] { return new frmCompare(session, other); });
 }
