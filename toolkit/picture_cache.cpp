@@ -18,7 +18,7 @@ namespace {
 
 /// Pictures larger than the program's own are not worth the memory.
 constexpr qsizetype largest_kept = 1 << 20;
-/// A longer file is no picture of a face.
+/// A longer file can't be a picture of a face.
 constexpr qint64 largest_file = 64 << 20;
 
 /// What distinguishes a changed file from a known one.

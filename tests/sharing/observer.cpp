@@ -116,7 +116,8 @@ void Observer::ReadLine(const std::string& writer, const LogLine& line) {
 void Observer::ExpectKnown(const std::string& hash, const std::string& where, const Bytes& bytes) {
   if (!stamps_.contains(hash)) ReadLogs();
   if (!stamps_.contains(hash)) {
-    ADD_FAILURE() << where << " is no state that anybody was about to save: " << Describe(bytes);
+    ADD_FAILURE() << where
+                  << " isn't a state that any writer was about to save: " << Describe(bytes);
   }
 }
 
