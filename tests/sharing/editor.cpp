@@ -1,5 +1,3 @@
-#include "tests/sharing/editor.h"
-
 #include <QAction>
 #include <QApplication>
 #include <QLabel>
@@ -13,6 +11,7 @@
 #include "shell/rsm_form.h"
 #include "tests/sharing/stamp.h"
 #include "tests/sharing/writer_log.h"
+#include "tests/sharing/writers.h"
 #include "tests/support/sample.h"
 #include "toolkit/qt_strings.h"
 #include "tools/driver/driver.h"
@@ -52,7 +51,6 @@ class Editor : public QObject {
     std::string Note;  ///< of a save that was made all the same
   };
 
-  bool OneIn(int chances) { return chances_.Below(chances) == 0; }
   void Pick(const QString& item) { driver::Find<QAction>(window_, item).trigger(); }
   bool CanPick(const QString& item) { return driver::Find<QAction>(window_, item).isEnabled(); }
 
@@ -86,7 +84,7 @@ class Editor : public QObject {
         league = std::move(stamped);
       });
     }
-    if (session_.ImageLoaded != 0 && !OneIn(8)) Save();
+    if (session_.ImageLoaded != 0 && !chances_.OneIn(8)) Save();
   }
 
   void LoadByDialog() {
@@ -136,7 +134,7 @@ class Editor : public QObject {
       log_.Write(Refused, *stamp + " " + talk_.Error);
     } else if (talk_.AnsweredNo) {
       log_.Write(Declined, *stamp);
-      if (OneIn(2)) Load();
+      if (chances_.OneIn(2)) Load();
     } else if (talk_.Questions == 0 || state.startsWith("Changed")) {
       log_.Write(Fault, "a save did nothing and didn't say so");
     } else {
@@ -151,7 +149,7 @@ class Editor : public QObject {
     const bool warned = !box->informativeText().isEmpty();
     if (title == "Save Confirmation") {
       ++talk_.Questions;
-      talk_.AnsweredNo = OneIn(warned ? 4 : 12);
+      talk_.AnsweredNo = chances_.OneIn(warned ? 4 : 12);
       return driver::ClickButton(*box, talk_.AnsweredNo ? "No" : "Yes");
     }
     (title == "Saved" ? talk_.Note : talk_.Error) = ToUtf8(box->text());
@@ -173,9 +171,8 @@ class Editor : public QObject {
 
 }  // namespace
 
-int RunEditor(const Place& place, const Writer& writer, unsigned seed) {
+void RunEditor(const Place& place, const Writer& writer, unsigned seed) {
   Editor(place, writer, seed).Run();
-  return 0;
 }
 
 }  // namespace rostermill::test

@@ -1,14 +1,13 @@
 #pragma once
 
 #include <chrono>
-#include <cstdint>
 #include <map>
 #include <set>
 #include <string>
 #include <vector>
 
-#include "tests/sharing/place.h"
 #include "tests/sharing/writer_log.h"
+#include "tests/sharing/writers.h"
 
 namespace rostermill::test {
 
@@ -40,25 +39,18 @@ class Observer {
   void ExpectNothingLost() const;
 
  private:
-  using Bytes = std::vector<std::uint8_t>;
-
   void ReadLogs();
   void ReadLine(const std::string& writer, const LogLine& line);
   void ReadImage();
   void ReadVersion(const std::string& name);
   void ReadNotice(bool of_version, unsigned change, const std::string& name);
   /// Fails unless it is the hash of a state that somebody was about to save.
-  void ExpectKnown(const std::string& hash, const std::string& where, const Bytes& bytes);
-  std::string Around(const std::string& stamp) const;
+  void ExpectKnown(const std::string& hash, const std::string& where);
 
   struct Followed {
     std::string Writer;
     LogReader Log;
     int States = 0;
-  };
-  struct Line {
-    std::string Writer;
-    LogLine Said;
   };
 
   Place place_;
@@ -66,10 +58,9 @@ class Observer {
   int notices_;
   int versions_watch_;
   std::vector<Followed> followed_;
-  std::vector<Line> lines_;
   std::map<std::string, int> counts_;
-  std::map<std::string, std::string> stamps_;  ///< of all states about to be saved, by their hash
-  std::map<std::string, std::string> hashes_;  ///< the other way round
+  std::map<std::string, std::string> hashes_;  ///< of all states about to be saved, by stamp
+  std::set<std::string> known_;                ///< all those hashes
   std::set<std::string> told_;                 ///< the stamps that somebody was told to be saved
   std::set<std::string> kept_;                 ///< the hashes of all versions that have appeared
   std::string image_;                          ///< the hash of the image as last read

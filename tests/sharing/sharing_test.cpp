@@ -1,20 +1,23 @@
 #include <QApplication>
+#include <QFile>
+#include <QProcess>
 #include <gtest/gtest.h>
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <fstream>
 #include <memory>
 
 #include "history/data_folder.h"
 #include "history/store_folder.h"
 #include "history/unsaved_store.h"
-#include "tests/sharing/editor.h"
 #include "tests/sharing/observer.h"
-#include "tests/sharing/process.h"
 #include "tests/sharing/stamp.h"
-#include "tests/sharing/tool_user.h"
+#include "tests/sharing/writers.h"
 #include "tests/support/own_home.h"
+#include "toolkit/qt_strings.h"
+#include <sys/prctl.h>
+#include <unistd.h>
 
 namespace rostermill::test {
 namespace {
@@ -31,6 +34,8 @@ unsigned Seed() {
   return static_cast<unsigned>(Number("ROSTERMILL_SHARING_SEED", 1));
 }
 
+constexpr int end_patience = 60'000;  // milliseconds
+
 /// A letter's processes, one after another. Each is killed after some saves.
 class WriterRow {
  public:
@@ -40,7 +45,8 @@ class WriterRow {
   }
 
   void MayKill() {
-    if (process_->Ended()) {
+    process_->waitForFinished(0);
+    if (process_->state() == QProcess::NotRunning) {
       ADD_FAILURE() << writer_.Name() << " has ended: " << Messages();
       return Start();
     }
@@ -52,15 +58,18 @@ class WriterRow {
     }
   }
 
-  void ExpectEnd() const {
-    EXPECT_EQ(process_->ExitCode(std::chrono::seconds(60)), 0)
-        << writer_.Name() << ": " << Messages();
+  void ExpectEnd() {
+    process_->waitForFinished(end_patience);
+    EXPECT_EQ(process_->state(), QProcess::NotRunning) << writer_.Name();
+    EXPECT_EQ(process_->exitStatus(), QProcess::NormalExit) << writer_.Name();
+    EXPECT_EQ(process_->exitCode(), 0) << writer_.Name() << ": " << Messages();
   }
   int Kills() const { return kills_; }
 
  private:
   void Kill() {
-    process_->Kill();
+    ::kill(-static_cast<pid_t>(process_->processId()), SIGKILL);  // and the rsmtool it has called
+    process_->waitForFinished();
     ++kills_;
     Start();
   }
@@ -72,17 +81,23 @@ class WriterRow {
     delay_ = std::chrono::milliseconds(1 << chances_.Below(10));
     within_write_ = chances_.Below(2) == 0;
     observer_.Follow(writer_);
-    process_ = std::make_unique<Process>(
-        std::vector<std::string>{"/proc/self/exe", "--writer", place_.Folder,
-                                 std::string(1, writer_.Letter), std::to_string(writer_.Start)},
-        Process::Group::Own, MessagesFile());
+    process_ = std::make_unique<QProcess>();
+    process_->setStandardErrorFile(MessagesFile());
+    process_->setChildProcessModifier([] {
+      ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+      ::setpgid(0, 0);
+    });
+    process_->start("/proc/self/exe",
+                    {"--writer", FromUtf8(place_.Folder), QString(QChar(writer_.Letter)),
+                     QString::number(writer_.Start)});
+    EXPECT_TRUE(process_->waitForStarted());
   }
 
-  std::string MessagesFile() const { return place_.File(writer_.Name() + ".messages"); }
+  QString MessagesFile() const { return FromUtf8(place_.File(writer_.Name() + ".messages")); }
   /// What the process has printed.
   std::string Messages() const {
-    const auto bytes = FileBytes(MessagesFile());
-    return {bytes.begin(), bytes.end()};
+    QFile file(MessagesFile());
+    return file.open(QFile::ReadOnly) ? file.readAll().toStdString() : "";
   }
 
   Writer writer_;
@@ -95,7 +110,7 @@ class WriterRow {
   bool within_write_ = false;  ///< it is killed while somebody writes a file
   std::chrono::steady_clock::time_point end_;
   int kills_ = 0;
-  std::unique_ptr<Process> process_;
+  std::unique_ptr<QProcess> process_;
 };
 
 std::vector<std::string> HiddenFiles(const std::string& folder) {
@@ -108,9 +123,8 @@ std::vector<std::string> HiddenFiles(const std::string& folder) {
 
 /// What killed writers have left goes with later saves, and later unsaved changes.
 void ExpectNoLeftovers(const Place& place, const std::string& versions) {
-  const std::string rsmtool = BinFolder() + "rsmtool";
-  Process save({rsmtool, "resave", place.Image(), place.Image()}, Process::Group::Parents);
-  EXPECT_EQ(save.ExitCode(std::chrono::seconds(60)), 0);
+  const QString image = FromUtf8(place.Image());
+  EXPECT_EQ(QProcess::execute(FromUtf8(BinFolder() + "rsmtool"), {"resave", image, image}), 0);
   UnsavedStore(DataFolder(), place.Image()).Keep("{}");
   EXPECT_EQ(HiddenFiles(place.ImageFolder()), std::vector<std::string>());
   EXPECT_EQ(HiddenFiles(versions), std::vector<std::string>());
@@ -153,26 +167,21 @@ TEST(Sharing, WritersOfOneImageNeverTearItAndLoseNothing) {
   printf("%s, %d kills\n", observer.Summary().c_str(), kills);
 }
 
-/// "--writer FOLDER LETTER START": what the test starts itself as.
-int RunWriter(int argc, char** argv) {
-  const Place place{argv[2]};
-  const Writer writer{argv[3][0], std::atoi(argv[4])};
-  if (writer.Letter == tool_user) return RunToolUser(place, writer, Seed());
-  const QApplication app(argc, argv);
-  QApplication::setApplicationName("RostermillTest");
-  QApplication::setOrganizationName("RostermillTest");
-  return RunEditor(place, writer, Seed());
-}
-
 }  // namespace
 }  // namespace rostermill::test
 
+/// With "--writer FOLDER LETTER START" it is a writer, which the test starts itself.
 int main(int argc, char** argv) {
+  using namespace rostermill::test;
   qputenv("QT_QPA_PLATFORM", "offscreen");
-  if (argc == 5 && std::string(argv[1]) == "--writer") {
-    return rostermill::test::RunWriter(argc, argv);
-  }
-  testing::InitGoogleTest(&argc, argv);
-  const rostermill::test::OwnHome home;
-  return RUN_ALL_TESTS();
+  const bool is_writer = argc == 5 && std::string(argv[1]) == "--writer";
+  if (!is_writer) testing::InitGoogleTest(&argc, argv);
+  const auto home = is_writer ? nullptr : std::make_unique<OwnHome>();
+  const QApplication app(argc, argv);
+  if (!is_writer) return RUN_ALL_TESTS();
+  QApplication::setApplicationName("RostermillTest");
+  QApplication::setOrganizationName("RostermillTest");
+  const Writer writer{argv[3][0], std::atoi(argv[4])};
+  const auto run = writer.Letter == tool_user ? RunToolUser : RunEditor;
+  run({argv[2]}, writer, Seed());
 }

@@ -1,13 +1,12 @@
 #include "tests/sharing/stamp.h"
 
 #include <cstdio>
-#include <map>
 
 #include "history/undo_stack.h"
-#include "league/load_image.h"
 #include "league/ratings.h"
 #include "league/save_image.h"
 #include "tests/support/damage.h"
+#include "tests/support/sample.h"
 
 namespace rostermill::test {
 
@@ -68,23 +67,6 @@ std::string StampTable(const std::string& stamp) {
              std::to_string(StampedFace(stamp, team)) + "\n";
   }
   return table;
-}
-
-std::string Describe(const std::vector<std::uint8_t>& bytes) {
-  std::string text = std::to_string(bytes.size()) + " bytes";
-  if (bytes.size() != OpenImage::WholeSize || !IsImageHeader(bytes)) return text + ", no image";
-  OpenImage image(bytes);
-  const LeagueData league = ReadLeague(image);
-  std::map<std::string, int> stamps;
-  for (int team = 1; team <= TeamCount; ++team) {
-    ++stamps[league.NameData[team][StampedSlot(team)].LastName];
-  }
-  for (const auto& [stamp, count] : stamps) text += ", " + std::to_string(count) + " x " + stamp;
-  const std::string& stamp = league.NameData[1][StampedSlot(1)].LastName;
-  const auto others = DifferingOffsets(bytes, StampedImage(stamp));
-  text += ", " + std::to_string(others.size()) + " bytes differ from " + stamp;
-  if (!others.empty()) text += ", the first at " + std::to_string(others.front());
-  return text;
 }
 
 }  // namespace rostermill::test

@@ -29,7 +29,4 @@ std::optional<std::string> StampOf(const LeagueData& league);
 /// The table for rsmtool that gives a league this stamp.
 std::string StampTable(const std::string& stamp);
 
-/// What these bytes, which are no stamped image, seem to be.
-std::string Describe(const std::vector<std::uint8_t>& bytes);
-
 }  // namespace rostermill::test

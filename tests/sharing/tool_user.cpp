@@ -1,12 +1,13 @@
-#include "tests/sharing/tool_user.h"
+#include <QProcess>
 
 #include "exchange/league_json.h"
 #include "history/data_folder.h"
 #include "history/version_store.h"
-#include "tests/sharing/process.h"
 #include "tests/sharing/stamp.h"
 #include "tests/sharing/writer_log.h"
+#include "tests/sharing/writers.h"
 #include "tests/support/sample.h"
+#include "toolkit/qt_strings.h"
 
 namespace rostermill::test {
 
@@ -50,7 +51,7 @@ class ToolUser {
     } else if (kind < 90) {
       // Without --theirs there are conflicts, except when the image is the first state.
       std::vector<std::string> merge{"merge"};
-      if (chances_.Below(4) > 0) merge.push_back("--theirs");
+      if (!chances_.OneIn(4)) merge.push_back("--theirs");
       merge.insert(merge.end(), {Own("first.nes"), image, Stamped(Own("theirs.nes"), stamp)});
       Call(merge, stamp);
     } else {
@@ -71,14 +72,16 @@ class ToolUser {
   }
 
   /// The stamp is what the command is about to save, where that is known.
-  void Call(std::vector<std::string> words, const std::string& stamp = "-") {
-    const std::string command = words[0];
-    words.insert(words.begin(), BinFolder() + "rsmtool");
+  void Call(const std::vector<std::string>& words, const std::string& stamp = "-") {
+    const std::string& command = words[0];
     log_.Write(About, stamp + " by " + command);
-    Process tool(words, Process::Group::Parents, Own("messages"));
-    const int code = tool.ExitCode(std::chrono::seconds(120));
-    const auto bytes = FileBytes(Own("messages"));
-    const std::string message(bytes.begin(), bytes.end());
+    QStringList arguments;
+    for (const std::string& word : words) arguments << FromUtf8(word);
+    QProcess tool;
+    tool.start(FromUtf8(BinFolder() + "rsmtool"), arguments);
+    const bool ended = tool.waitForFinished(120'000) && tool.exitStatus() == QProcess::NormalExit;
+    const int code = ended ? tool.exitCode() : -1;
+    const std::string message = tool.readAllStandardError().toStdString();
     constexpr int written = 0, conflicts = 1, trouble = 2, unconfirmed = 3;
     if (message.find("could not be kept") != std::string::npos) log_.Write(NotKept, message);
     if (message.find("Sanitizer") != std::string::npos) {
@@ -103,9 +106,8 @@ class ToolUser {
 
 }  // namespace
 
-int RunToolUser(const Place& place, const Writer& writer, unsigned seed) {
+void RunToolUser(const Place& place, const Writer& writer, unsigned seed) {
   ToolUser(place, writer, seed).Run();
-  return 0;
 }
 
 }  // namespace rostermill::test

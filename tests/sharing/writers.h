@@ -39,9 +39,15 @@ class Chances {
     random_.seed(start);
   }
   int Below(int end) { return static_cast<int>(random_() % static_cast<unsigned>(end)); }
+  bool OneIn(int end) { return Below(end) == 0; }
 
  private:
   std::mt19937 random_;
 };
+
+// Both use the image at random until they are to stop, in a process of their own that has a
+// QApplication: the program's main window, and rsmtool.
+void RunEditor(const Place& place, const Writer& writer, unsigned seed);
+void RunToolUser(const Place& place, const Writer& writer, unsigned seed);
 
 }  // namespace rostermill::test
