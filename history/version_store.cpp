@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <charconv>
+#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <optional>
@@ -94,6 +95,7 @@ struct Contents {
   std::vector<Kept> Versions;  ///< in the order of their turns
   int LastNumber = 0;
   int LastTurn = 0;
+  std::chrono::sys_seconds Touched{};  ///< when the last one was kept
   std::vector<std::string> Leftovers;  ///< of programs that were killed while they kept a version
 };
 
@@ -109,6 +111,7 @@ Contents ContentsOf(const std::string& folder) {
     if (!kept) continue;
     contents.LastNumber = std::max(contents.LastNumber, kept->Facts.Number);
     contents.LastTurn = std::max(contents.LastTurn, kept->Turn);
+    contents.Touched = std::max(contents.Touched, kept->Facts.When);
     kept->Folder = folder;
     contents.Versions.push_back(std::move(*kept));
   }
@@ -116,30 +119,12 @@ Contents ContentsOf(const std::string& folder) {
   return contents;
 }
 
-/// The versions of a folder that have their length; another program may have cut one short.
-std::vector<Kept> WholeVersionsOf(const std::string& folder) {
-  std::vector<Kept> versions = ContentsOf(folder).Versions;
-  std::erase_if(versions, [](const Kept& kept) {
-    std::error_code error;
-    const auto size = std::filesystem::file_size(kept.Path(), error);
-    if (error && error != std::errc::no_such_file_or_directory) FailWith(error.value());
-    return error || size != kept.Size();
-  });
-  return versions;
-}
-
-/// The contents of all images' folders but one; a folder that can't be read counts as empty.
-std::vector<Contents> ContentsOfOthers(const std::string& base, const std::string& own) {
-  std::vector<Contents> others;
-  for (const std::string& folder : FoldersIn(base)) {
-    if (folder == own) continue;
-    try {
-      others.push_back(ContentsOf(folder));
-    } catch (const FileError&) {
-      continue;
-    }
-  }
-  return others;
+/// Whether the version's file has its length; another program may have cut it short.
+bool IsWhole(const Kept& kept) {
+  std::error_code error;
+  const auto size = std::filesystem::file_size(kept.Path(), error);
+  if (error && error != std::errc::no_such_file_or_directory) FailWith(error.value());
+  return !error && size == kept.Size();
 }
 
 /// Whether the version is whole and has just these bytes.
@@ -184,40 +169,46 @@ void Store(const Contents& own, Kept& kept, std::span<const std::uint8_t> bytes)
 }
 
 /// Drops an image's oldest versions until the limit is met.
-void DropOverCount(Contents& own, int limit) {
+void DropOverCount(const Contents& own, int limit) {
   const auto is_first = [](const Kept& kept) { return kept.Facts.FirstState; };
   auto too_many = std::ssize(own.Versions) - std::ranges::count_if(own.Versions, is_first) - limit;
-  std::erase_if(own.Versions, [&](const Kept& kept) {
-    if (too_many <= 0 || is_first(kept)) return false;
+  for (const Kept& kept : own.Versions) {
+    if (is_first(kept) || too_many-- <= 0) continue;
     TryToRemoveFile(kept.Path());
-    --too_many;
-    return true;
-  });
+  }
 }
 
-/// Drops versions of all images until the limit is met, the longest untouched image's first.
-void DropOverTotal(const std::vector<Contents>& all, int latest_turn, std::uint64_t limit) {
+/// Drops versions of all images until the limit is met, the longest untouched image's first. The
+/// latest version in the folder `own` stays.
+void DropOverTotal(const std::string& base, const std::string& own, std::uint64_t limit) {
   struct Candidate {
-    bool FirstState;
-    int Touched;  ///< the image's last turn
-    const Kept* Version;
+    std::chrono::sys_seconds Touched;
+    Kept Version;
   };
   std::vector<Candidate> candidates;
   std::uint64_t total = 0;
-  for (const Contents& image : all) {
-    for (const Kept& kept : image.Versions) {
+  const auto add = [&](const std::string& folder) {
+    Contents image = ContentsOf(folder);
+    for (Kept& kept : image.Versions) {
       total += kept.Size();
-      candidates.push_back({kept.Facts.FirstState, image.LastTurn, &kept});
+      if (folder == own && kept.Turn == image.LastTurn) continue;
+      candidates.push_back({image.Touched, std::move(kept)});
+    }
+  };
+  for (const std::string& folder : FoldersIn(base)) {
+    try {
+      add(folder);
+    } catch (const FileError&) {
+      continue;  // what can't be read counts as empty
     }
   }
   std::ranges::sort(candidates, {}, [](const Candidate& c) {
-    return std::tuple(c.FirstState, c.Touched, c.Version->Turn);
+    return std::tuple(c.Version.Facts.FirstState, c.Touched, c.Version.Turn);
   });
   for (const Candidate& candidate : candidates) {
     if (total <= limit) return;
-    if (candidate.Version->Turn == latest_turn) continue;
-    TryToRemoveFile(candidate.Version->Path());
-    total -= candidate.Version->Size();
+    TryToRemoveFile(candidate.Version.Path());
+    total -= candidate.Version.Size();
   }
 }
 
@@ -244,7 +235,7 @@ int VersionStore::Keep(const std::string& image, const FileStart& file,
   const std::string path = CanonicalPath(image);
   const std::string folder = ImageFolder(base_, path);
   MakeImageFolder(folder, path);
-  Contents own = ContentsOf(folder);
+  const Contents own = ContentsOf(folder);
 
   Kept kept;
   kept.Facts.Number = own.LastNumber + 1;
@@ -252,9 +243,6 @@ int VersionStore::Keep(const std::string& image, const FileStart& file,
   kept.Facts.What = what;
   kept.Facts.FileSize = file.FileSize;
   kept.Turn = own.LastTurn + 1;
-  for (const Contents& other : ContentsOfOthers(base_, folder)) {
-    kept.Turn = std::max(kept.Turn, other.LastTurn + 1);
-  }
   kept.Hash = HexText(HashOf(bytes));
   kept.Folder = folder;
   Store(own, kept, bytes);
@@ -265,13 +253,10 @@ void VersionStore::DropOld(const std::string& image) const {
   try {
     const FileLock lock = LockStore(base_);
     const std::string folder = ImageFolder(base_, image);
-    Contents own = ContentsOf(folder);
+    const Contents own = ContentsOf(folder);
     for (const std::string& leftover : own.Leftovers) TryToRemoveFile(leftover);
     DropOverCount(own, limits_.Versions);
-    std::vector<Contents> all = ContentsOfOthers(base_, folder);
-    const int latest = own.LastTurn;
-    all.push_back(std::move(own));
-    DropOverTotal(all, latest, limits_.TotalBytes);
+    DropOverTotal(base_, folder, limits_.TotalBytes);
   } catch (const std::runtime_error&) {
     return;  // the next call drops them
   }
@@ -280,8 +265,8 @@ void VersionStore::DropOld(const std::string& image) const {
 std::vector<Version> VersionStore::List(const std::string& image) const {
   const auto lock = LockStoreForReading(base_);
   std::vector<Version> versions;
-  for (const Kept& kept : WholeVersionsOf(ImageFolder(base_, image))) {
-    versions.push_back(kept.Facts);
+  for (const Kept& kept : ContentsOf(ImageFolder(base_, image)).Versions) {
+    if (IsWhole(kept)) versions.push_back(kept.Facts);
   }
   std::ranges::reverse(versions);
   std::stable_partition(versions.begin(), versions.end(),
@@ -291,9 +276,10 @@ std::vector<Version> VersionStore::List(const std::string& image) const {
 
 FileStart VersionStore::Read(const std::string& image, int number) const {
   const auto lock = LockStoreForReading(base_);
-  const auto versions = WholeVersionsOf(ImageFolder(base_, image));
-  const auto found =
-      std::ranges::find(versions, number, [](const Kept& kept) { return kept.Facts.Number; });
+  const auto versions = ContentsOf(ImageFolder(base_, image)).Versions;
+  const auto found = std::ranges::find_if(versions, [number](const Kept& kept) {
+    return kept.Facts.Number == number && IsWhole(kept);
+  });
   if (found == versions.end()) {
     throw HistoryError("There is no version " + std::to_string(number) + ".");
   }

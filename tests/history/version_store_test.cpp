@@ -39,6 +39,14 @@ class VersionStoreTest : public testing::Test {
     for (const Version& version : store_.List(Image(image))) numbers.push_back(version.Number);
     return numbers;
   }
+  /// As if all its versions had been kept then.
+  void Date(const std::string& image, const std::string& when) const {
+    const fs::path folder = ImageFolder(base_, Image(image));
+    for (const std::string& name : FilesIn(folder)) {
+      if (!name.ends_with(".nes")) continue;
+      fs::rename(folder / name, folder / (name.substr(0, 14) + when + name.substr(30)));
+    }
+  }
   std::string Text(int number, const std::string& image = "league.nes") const {
     const Bytes bytes = store_.Read(Image(image), number).Bytes;
     return {bytes.begin(), bytes.end()};
@@ -126,7 +134,9 @@ TEST_F(VersionStoreTest, TheLongestUntouchedImageGivesRoomFirstAndFirstStatesLas
   for (const char* image : {"a.nes", "b.nes"}) {
     for (const char* sign : {"1", "2", "3"}) Keep(hundred + sign, image);
   }
-  Keep(hundred + "1", "a.nes");  // now b is untouched for longer
+  Keep(hundred + "1", "a.nes");
+  Date("a.nes", "20260102T000000Z");
+  Date("b.nes", "20260101T235959Z");
   store_ = VersionStore(base_, {3, 500});
   Keep(hundred + "1", "c.nes");
   EXPECT_EQ(Listed("b.nes"), Numbers{1});
@@ -145,7 +155,9 @@ TEST_F(VersionStoreTest, TheLongestUntouchedImageGivesRoomFirstAndFirstStatesLas
   for (const char* image : {"a.nes", "b.nes"}) {
     store_ = VersionStore(base_, {3, 1000});
     for (const char* sign : {"1", "2", "3"}) Keep(hundred + sign, image);
+    Date(image, "20260103T000000Z");
   }
+  Date("c.nes", "20260104T000000Z");
   store_ = VersionStore(base_, {3, 500});
   Keep(hundred + "4", "a.nes");
   EXPECT_EQ(Listed("a.nes").size(), 4u) << "an image is touched by the version that needs room";
