@@ -46,11 +46,13 @@ class Comparison {
   }
 
  private:
-  void Add(const Unit& unit, const std::string& subject, const std::string& what,
-           const std::string& from, const std::string& to) {
+  /// `text` gives the unit's text in a league; it is asked only where the leagues differ, which is
+  /// seldom, and words take time.
+  template <typename Text>
+  void Add(const Unit& unit, const std::string& subject, const std::string& what, Text text) {
     if (SameUnit(from_, to_, unit)) return;
     const int slot = unit.Team != 0 ? unit.Slot : 0;
-    changes_.push_back({unit, unit.Team, slot, subject, what, from, to});
+    changes_.push_back({unit, unit.Team, slot, subject, what, text(from_), text(to_)});
   }
 
   bool SameTeam(int team) const {
@@ -63,47 +65,48 @@ class Comparison {
   }
 
   void CompareSettings() {
-    Add({UnitKind::RosterYear}, "League", "Roster Year", Shown(from_.RosterYear.str()),
-        Shown(to_.RosterYear.str()));
+    Add({UnitKind::RosterYear}, "League", "Roster Year",
+        [](const LeagueData& league) { return Shown(league.RosterYear.str()); });
     const std::string letters = "ABC";
     for (int text = 1; text <= 3; ++text) {
       Add({UnitKind::LeagueText, 0, 0, text}, "League",
           std::string("League ") + letters[static_cast<std::size_t>(text - 1)],
-          Shown(from_.LeagueText[text].str()), Shown(to_.LeagueText[text].str()));
+          [text](const LeagueData& league) { return Shown(league.LeagueText[text].str()); });
     }
   }
 
   template <typename Colors>
-  void CompareColors(int team, UnitKind kind, const std::string& what, const Colors& from,
-                     const Colors& to) {
-    for (int at = from.first; at <= from.last; ++at) {
+  void CompareColors(int team, UnitKind kind, const std::string& what, Colors TeamRec::*colors) {
+    const Colors& places = from_.TeamData[team].*colors;
+    for (int at = places.first; at <= places.last; ++at) {
       Add({kind, team, 0, at}, TeamName(from_, team), what + " Color " + std::to_string(at),
-          std::to_string(from[at]), std::to_string(to[at]));
+          [=](const LeagueData& league) {
+            return std::to_string((league.TeamData[team].*colors)[at]);
+          });
     }
   }
 
   void CompareTeam(int team) {
-    const TeamRec& from = from_.TeamData[team];
-    const TeamRec& to = to_.TeamData[team];
     const std::string subject = TeamName(from_, team);
     const auto text = [&](UnitKind kind, const std::string& what, std::string TeamRec::*field) {
-      Add({kind, team}, subject, what, Shown(from.*field), Shown(to.*field));
+      Add({kind, team}, subject, what,
+          [=](const LeagueData& league) { return Shown(league.TeamData[team].*field); });
     };
     text(UnitKind::City, "City", &TeamRec::City);
     text(UnitKind::Nickname, "Name", &TeamRec::Nickname);
     text(UnitKind::Abbreviation, "Abbreviation", &TeamRec::Abbreviation);
-    Add({UnitKind::Formation, team}, subject, "Formation",
-        std::string(FormationNames[from.Formation]), std::string(FormationNames[to.Formation]));
-    CompareColors(team, UnitKind::UniformColor, "Uniform", from.TeamColors, to.TeamColors);
-    CompareColors(team, UnitKind::DivisionColor, "Division Champion", from.DivChampColors,
-                  to.DivChampColors);
-    CompareColors(team, UnitKind::ConferenceColor, "Conference Champion", from.ConfChampColors,
-                  to.ConfChampColors);
+    Add({UnitKind::Formation, team}, subject, "Formation", [team](const LeagueData& league) {
+      return std::string(FormationNames[league.TeamData[team].Formation]);
+    });
+    CompareColors(team, UnitKind::UniformColor, "Uniform", &TeamRec::TeamColors);
+    CompareColors(team, UnitKind::DivisionColor, "Division Champion", &TeamRec::DivChampColors);
+    CompareColors(team, UnitKind::ConferenceColor, "Conference Champion",
+                  &TeamRec::ConfChampColors);
     for (int slot = 1; slot <= 8; ++slot) {
       const std::string what =
           slot <= 4 ? "Run " + std::to_string(slot) : "Pass " + std::to_string(slot - 4);
       Add({UnitKind::Play, team, 0, slot}, subject, what,
-          PlayName(slot, from_.TeamPlays[team][slot]), PlayName(slot, to_.TeamPlays[team][slot]));
+          [=](const LeagueData& league) { return PlayName(slot, league.TeamPlays[team][slot]); });
     }
     CompareReturners(team, UnitKind::KickReturner, "Kick Returner", ColumnKind::KickReturner);
     CompareReturners(team, UnitKind::PuntReturner, "Punt Returner", ColumnKind::PuntReturner);
@@ -111,25 +114,24 @@ class Comparison {
 
   /// A duty that moves is one change of the team.
   void CompareReturners(int team, UnitKind kind, const std::string& what, ColumnKind duty) {
-    Add({kind, team}, TeamName(from_, team), what, ReturnerText(from_, team, duty),
-        ReturnerText(to_, team, duty));
+    Add({kind, team}, TeamName(from_, team), what,
+        [=](const LeagueData& league) { return ReturnerText(league, team, duty); });
   }
 
   void ComparePlayer(int team, int slot) {
     const std::string subject = PlayerTitle(from_, team, slot);
-    Add({UnitKind::Name, team, slot}, subject, "Name", NameText(from_, team, slot),
-        NameText(to_, team, slot));
-    const auto number = [&](const LeagueData& league) {
+    Add({UnitKind::Name, team, slot}, subject, "Name",
+        [=](const LeagueData& league) { return NameText(league, team, slot); });
+    Add({UnitKind::Number, team, slot}, subject, "Number", [=](const LeagueData& league) {
       const std::string& text = league.NameData[team][slot].JerseyNumber;
       return text.empty() ? std::string("none") : Shown(text);
-    };
-    Add({UnitKind::Number, team, slot}, subject, "Number", number(from_), number(to_));
+    });
     for (const Column& column : PlayerColumns) {
       const bool face = column.Kind == ColumnKind::Face;
       if ((!face && column.Kind != ColumnKind::Rating) || !HasColumn(column, slot)) continue;
       Add({face ? UnitKind::Face : UnitKind::Rating, team, slot, column.Place}, subject,
-          std::string(column.Heading), PlayerCell(from_, team, slot, column),
-          PlayerCell(to_, team, slot, column));
+          std::string(column.Heading),
+          [&](const LeagueData& league) { return PlayerCell(league, team, slot, column); });
     }
   }
 
@@ -147,8 +149,8 @@ class Comparison {
       const bool both = game < from.GameCount && game < to.GameCount;
       if (both && from.Games[game] == to.Games[game]) continue;
       Add({UnitKind::Week, 0, 0, week + 1}, "Week " + std::to_string(week + 1),
-          "Game " + std::to_string(game + 1), GameText(from_, week, game),
-          GameText(to_, week, game));
+          "Game " + std::to_string(game + 1),
+          [=](const LeagueData& league) { return GameText(league, week, game); });
     }
   }
 
@@ -157,8 +159,9 @@ class Comparison {
       for (int slot = 1; slot <= SlotCount; ++slot) {
         Add({UnitKind::AllStar, 0, slot, conference},
             conference == 1 ? "AFC Pro Bowl" : "NFC Pro Bowl", std::string(SlotLabels[slot]),
-            ProbowlPlayer(from_, from_.ProbowlData[conference][slot]),
-            ProbowlPlayer(to_, to_.ProbowlData[conference][slot]));
+            [=](const LeagueData& league) {
+              return ProbowlPlayer(league, league.ProbowlData[conference][slot]);
+            });
       }
     }
   }

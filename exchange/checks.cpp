@@ -95,14 +95,17 @@ class Check {
       const NameRec& name = league_.NameData[team][slot];
       for (int other = 1; other < slot; ++other) {
         const NameRec& before = league_.NameData[team][other];
-        const std::string both = PlayerTitle(league_, team, other) + " and " +
-                                 std::string(SlotLabel(league_.TeamData[team].Formation, slot));
+        const auto add = [&](UnitKind kind, const std::string& what) {
+          Add(FindingKind::Players, {kind, team, slot},
+              PlayerTitle(league_, team, other) + " and " +
+                  std::string(SlotLabel(league_.TeamData[team].Formation, slot)) +
+                  " have the same " + what);
+        };
         if (name.FirstName == before.FirstName && name.LastName == before.LastName) {
-          Add(FindingKind::Players, {UnitKind::Name, team, slot}, both + " have the same name");
+          add(UnitKind::Name, "name");
         }
         if (name.JerseyNumber == before.JerseyNumber) {
-          Add(FindingKind::Players, {UnitKind::Number, team, slot},
-              both + " have the same number, " + Shown(name.JerseyNumber));
+          add(UnitKind::Number, "number, " + Shown(name.JerseyNumber));
         }
       }
     }

@@ -10,9 +10,13 @@ namespace rostermill {
 std::string Escaped(std::string_view latin1) {
   std::string text;
   for (const char c : latin1) {
-    text += IsControl(c) ? "\\x" + HexByteText(c) : Utf8Of({&c, 1});
+    if (IsControl(c)) {
+      text += "\\x" + HexByteText(c);
+    } else {
+      text += c;
+    }
   }
-  return text;
+  return Utf8Of(text);
 }
 
 std::string Shown(std::string_view latin1) {

@@ -1,5 +1,6 @@
 #include "league/palette.h"
 
+#include <algorithm>
 #include <charconv>
 #include <locale>
 #include <system_error>
@@ -43,8 +44,9 @@ std::string InUtf8(std::string_view name) {
 
 /// A name that is too long is cut, and no blank stays at the cut.
 std::string ShortName(const std::string& name) {
+  if (name.size() <= longest_name) return name;  // a character takes a byte or more
   const std::size_t length = Utf8Length(name, longest_name);
-  return length < name.size() ? std::string(TrimmedText(name.substr(0, length))) : name;
+  return length < name.size() ? std::string(TrimmedText({name.data(), length})) : name;
 }
 
 /// Takes fields off the front of the file's text.

@@ -6,6 +6,8 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 #include "league/quantity_text.h"
 #include "toolkit/form_parts.h"
 #include "toolkit/qt_strings.h"

@@ -52,8 +52,9 @@ class frmCompare : public ChildForm {
   void btnShow_Click();
   void btnOK_Click();
 
-  void AddChange(const Change& change, bool conflict);
-  QTreeWidgetItem* GroupOf(const Change& change);
+  void AddChange(QList<QTreeWidgetItem*>& groups, const Change& change, bool conflict);
+  /// The last group, or a new one at the end where the change belongs to none before it.
+  QTreeWidgetItem* GroupOf(QList<QTreeWidgetItem*>& groups, const Change& change);
   /// Ticks all lines of a unit alike; a week's games are taken together.
   void TickUnit(const Unit& unit, bool ticked);
   void ShowCount();

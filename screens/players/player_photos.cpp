@@ -143,7 +143,7 @@ int PlayerPhotos::FaceOfCell(int index) const {
 void PlayerPhotos::NameCells() {
   for (int index = 0; index < page_size; ++index) {
     const int face = FaceOfCell(index);
-    const QString name = QStringLiteral("Face %1").arg(face);
+    const QString name = "Face " + QString::number(face);
     imgFace[index]->setAccessibleName(name);
     imgFace[index]->setToolTip(name + ", " + FromUtf8(FaceFileName(face)) + ".bmp");
   }
