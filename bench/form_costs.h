@@ -52,15 +52,26 @@ double CostOfOpening(ChildArea& area, Make make) {
   return cost;
 }
 
-template <typename Make>
-void CompareForm(ChildArea& area, const std::string& name, Make make) {
+/// `bare` is what a form of that content can't do without, beside being shown.
+template <typename Make, typename Bare>
+void CompareForm(ChildArea& area, const std::string& name, Make make, Bare bare) {
   QWidget* model = make();
   Open(area, model);
   const Twin twin(*model);
   Compare(
       {"form " + name, 1.3, form_pairs}, [&] { return CostOfOpening(area, make); },
-      [&] { return CostOfOpening(area, [&] { return twin.Make(); }); });
+      [&] {
+        return CostOfOpening(area, [&] {
+          bare();
+          return twin.Make();
+        });
+      });
   Close(model);
+}
+
+template <typename Make>
+void CompareForm(ChildArea& area, const std::string& name, Make make) {
+  CompareForm(area, name, make, [] {});
 }
 
 /// Compares the cost of a step until it is painted with a repaint of its whole form.

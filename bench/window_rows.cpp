@@ -8,6 +8,7 @@
 
 #include "bench/form_costs.h"
 #include "history/league_history.h"
+#include "history/store_folder.h"
 #include "history/version_store.h"
 #include "league/file_access.h"
 #include "league/load_image.h"
@@ -153,7 +154,16 @@ void CompareLists(ChildArea& area, const std::string& bin, const std::string& wo
     file.Bytes.back() = static_cast<std::uint8_t>(version);
     store.Keep(session.ImagePath, file, "before a save");
   }
-  CompareForm(area, "frmVersions, 30 versions", [&] { return new frmVersions(history); });
+  // The form's counts of changes take a read of each.
+  const std::string folder = ImageFolder(work + "/listed", session.ImagePath);
+  const std::vector<std::string> files = FilesIn(folder);
+  CompareForm(
+      area, "frmVersions, 30 versions", [&] { return new frmVersions(history); },
+      [&] {
+        for (const std::string& name : files) {
+          ReadFileStart(folder + "/" + name, OpenImage::WholeSize);
+        }
+      });
   OtherLeague other{"other", session.League(), {}};
   for (int team = 1; team <= TeamCount; ++team) {
     for (NameRec& name : other.League.NameData[team]) name.JerseyNumber = "98";
