@@ -1,5 +1,7 @@
 #include "exchange/patch.h"
 
+#include <algorithm>
+
 #include "exchange/bps_patch.h"
 #include "exchange/ips_patch.h"
 #include "league/quantity_text.h"

@@ -1,5 +1,6 @@
 // Makes the seed inputs of the fuzz targets: make_seeds SAMPLE-FOLDER SEEDS-FOLDER
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>

@@ -1,5 +1,6 @@
 #include "league/league_tables.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 

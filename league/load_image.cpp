@@ -1,5 +1,6 @@
 #include "league/load_image.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <new>

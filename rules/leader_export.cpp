@@ -1,5 +1,7 @@
 #include "rules/leader_export.h"
 
+#include <algorithm>
+
 #include "rules/display_text.h"
 
 namespace rostermill {

@@ -3,6 +3,8 @@
 #include <QStyle>
 #include <QStyleOptionButton>
 
+#include <algorithm>
+
 #include "toolkit/form_parts.h"
 
 namespace rostermill {

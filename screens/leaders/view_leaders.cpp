@@ -7,6 +7,8 @@
 #include <QScrollBar>
 #include <QWheelEvent>
 
+#include <algorithm>
+
 #include "league/file_access.h"
 #include "rules/display_text.h"
 #include "rules/leader_export.h"

@@ -2,6 +2,7 @@
 
 #include <QGridLayout>
 
+#include <algorithm>
 #include <array>
 
 #include "rules/display_text.h"

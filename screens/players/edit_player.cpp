@@ -3,6 +3,7 @@
 #include <QDialogButtonBox>
 #include <QGridLayout>
 
+#include <algorithm>
 #include <charconv>
 
 #include "league/league_tables.h"

@@ -4,6 +4,8 @@
 #include <QGridLayout>
 #include <QSignalBlocker>
 
+#include <algorithm>
+
 #include "league/league_tables.h"
 #include "rules/display_text.h"
 #include "rules/position_layout.h"

@@ -6,6 +6,7 @@
 #include <QGroupBox>
 #include <QSignalBlocker>
 
+#include <algorithm>
 #include <cerrno>
 #include <exception>
 

@@ -7,6 +7,8 @@
 #include <QTreeWidget>
 #include <QWheelEvent>
 
+#include <algorithm>
+
 #include "tests/desktop/all_forms.h"
 #include "toolkit/text_box.h"
 #include "toolkit/up_down.h"

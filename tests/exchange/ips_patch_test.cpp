@@ -1,5 +1,7 @@
 #include "exchange/ips_patch.h"
 
+#include <algorithm>
+
 #include "tests/exchange/patch_fixture.h"
 #include "tests/support/sample.h"
 

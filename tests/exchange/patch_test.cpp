@@ -1,5 +1,6 @@
 #include "exchange/patch.h"
 
+#include <algorithm>
 #include <array>
 #include <random>
 

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "tests/league/image_bytes.h"
 
 namespace rostermill::test {

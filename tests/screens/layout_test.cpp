@@ -1,6 +1,8 @@
 #include <QGridLayout>
 #include <QMap>
 
+#include <algorithm>
+
 #include "tests/desktop/all_forms.h"
 
 namespace rostermill::test {

@@ -1,6 +1,7 @@
 #include <QByteArray>
 #include <gmock/gmock.h>
 
+#include <algorithm>
 #include <ctime>
 #include <filesystem>
 #include <functional>

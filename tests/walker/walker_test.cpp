@@ -22,6 +22,7 @@
 #include <malloc.h>
 #endif
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <filesystem>

@@ -1,6 +1,7 @@
 // Writes the sample league as a whole image that has never been saved, with a program that shows
 // it. The bytes outside its sections and the program are noise, so that a stray write is noticed.
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
 #include <exception>

@@ -2,6 +2,7 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <functional>
