@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <random>
 #include <set>
 #include <stdexcept>
 #include <utility>
@@ -203,8 +202,6 @@ void PowerCutDisk::Follow(const SystemCall& call) {
 
 void PowerCutDisk::ForEachCase(
     const std::function<void(const Tree&, const std::string&)>& use) const {
-  constexpr std::size_t most = 4096;
-  constexpr int samples = 2000;
   using Outcomes = std::vector<Outcome>;
 
   std::vector<std::size_t> pending;
@@ -230,42 +227,16 @@ void PowerCutDisk::ForEachCase(
   };
 
   std::size_t cases = 1;
-  for (std::size_t i = 0; i < count && cases <= most; ++i) cases *= choices(i);
-  if (cases <= most) {
-    for (std::size_t number = 0; number < cases; ++number) {
-      Outcomes outcomes;
-      std::size_t rest = number;
-      for (std::size_t i = 0; i < count; ++i) {
-        outcomes.push_back(Outcome(rest % choices(i)));
-        rest /= choices(i);
-      }
-      one_case(outcomes);
-    }
-    return;
-  }
-  Outcomes in_order(count, Missing);
-  for (Outcome& outcome : in_order) {
-    one_case(in_order);
-    outcome = Done;
-  }
-  for (const Outcome usual : {Missing, Done}) {
-    for (std::size_t i = 0; i < count; ++i) {
-      for (int a = 0; a < choices(i); ++a) {
-        for (std::size_t j = i; j < count; ++j) {
-          for (int b = 0; b < choices(j); ++b) {
-            Outcomes outcomes(count, usual);
-            outcomes[i] = Outcome(a);
-            outcomes[j] = Outcome(b);
-            one_case(outcomes);
-          }
-        }
-      }
-    }
-  }
-  std::mt19937 random(1);
-  for (int sample = 0; sample < samples; ++sample) {
+  for (std::size_t i = 0; i < count; ++i) cases *= choices(i);
+  constexpr std::size_t most = 4096;
+  if (cases > most) throw std::length_error("more cases than the walk has time for");
+  for (std::size_t number = 0; number < cases; ++number) {
     Outcomes outcomes;
-    for (std::size_t i = 0; i < count; ++i) outcomes.push_back(Outcome(random() % choices(i)));
+    std::size_t rest = number;
+    for (std::size_t i = 0; i < count; ++i) {
+      outcomes.push_back(Outcome(rest % choices(i)));
+      rest /= choices(i);
+    }
     one_case(outcomes);
   }
 }

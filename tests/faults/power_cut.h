@@ -42,10 +42,8 @@ class PowerCutDisk {
   /// What programs see as long as the power is on.
   Tree Now() const { return TreeOf(now_); }
 
-  /// Calls `use` with what may be found after a power cut now, and a text that says what is
-  /// missing. Up to 4096 cases are all gone through. Of more than that: what each earlier cut would
-  /// leave if the disk kept the order; all cases in which up to two operations had another outcome
-  /// than all the others, which are done or missing; and 2000 at random, the same ones each time.
+  /// Calls `use` with all that may be found after a power cut now, and a text that says what is
+  /// missing. Throws std::length_error for more than 4096 cases.
   void ForEachCase(const std::function<void(const Tree&, const std::string&)>& use) const;
 
  private:

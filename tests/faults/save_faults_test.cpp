@@ -243,36 +243,6 @@ TEST_F(SaveFaults, ImagesWithOneBeginningOfTheirNamesDontTouchEachOther) {
   }
 }
 
-TEST_F(SaveFaults, TheFileIsOnTheDiskBeforeItsNameAndTheNameBeforeTheEnd) {
-  const auto trace = TraceOfSave();
-  const auto is = [](const char* name, int handle) {
-    return [=](const SystemCall& call) {
-      return call.Name == name && call.Handle == handle && call.Result >= 0;
-    };
-  };
-  const auto bytes = [&](auto from, auto to, const auto& counts) {
-    long sum = 0;
-    for (; from != to; ++from) sum += counts(*from) ? from->Result : 0;
-    return sum;
-  };
-  const auto renamed = std::ranges::find(trace, "rename", &SystemCall::Name);
-  const auto written = std::ranges::find(trace, "write", &SystemCall::Name);
-  ASSERT_NE(renamed, trace.end());
-  ASSERT_NE(written, trace.end());
-  EXPECT_EQ(renamed->To, fs::canonical(file_).string());
-  const int file = written->Handle;
-  const auto synced = std::find_if(written, renamed, is("fsync", file));
-  EXPECT_EQ(bytes(trace.begin(), synced, is("write", file)), 393'235) << "synced before its end";
-  EXPECT_EQ(bytes(synced, renamed, is("pread", file)), 393'235)
-      << "renamed before it was read back";
-
-  const auto folder = std::find_if(renamed, trace.end(), [&](const SystemCall& call) {
-    return call.Name == "open" && call.Path == fs::canonical(folder_.Path("real")).string();
-  });
-  ASSERT_NE(folder, trace.end()) << "the folder isn't synced";
-  EXPECT_TRUE(std::any_of(folder, trace.end(), is("fsync", folder->Handle)));
-}
-
 /// Over a file that is there and where there is none.
 TEST_F(SaveFaults, AnExportIsWholeOrNotThere) {
   const std::string path = folder_.Path("real/rsm_qb.txt");
