@@ -285,6 +285,8 @@ TEST_F(AllPlayers, RatingsAreSetForManyAtOnce) {
     effect();
     EXPECT_FALSE(Find<QPushButton>(dialog, "btnOK").isEnabled());
     EXPECT_FALSE(Find<QCheckBox>(dialog, "chkRating(8)").isEnabled()) << "no QB has Ball Control";
+    const QPoint right = Find<QCheckBox>(dialog, "chkRating(7)").pos();
+    EXPECT_EQ(right.y(), Find<QCheckBox>(dialog, "chkRating(0)").y()) << "in two columns";
     Find<QCheckBox>(dialog, "chkRating(3)").click();
     Find<QRadioButton>(dialog, "radPercent").click();
     Find<QSpinBox>(dialog, "spnPercent").setValue(-100);
@@ -303,6 +305,13 @@ TEST_F(AllPlayers, RatingsAreSetForManyAtOnce) {
     EXPECT_EQ(session_.League().QBData[team][1].HittingPower, 15);
     EXPECT_EQ(session_.League().QBData[team][2].HittingPower, 15);
   }
+  OnNextDialog([](QDialog& dialog) {
+    Find<QCheckBox>(dialog, "chkRating(3)").click();
+    EXPECT_EQ(Find<QLabel>(dialog, "lblEffect").text(),
+              "56 players, 0 ratings change, 56 are at the top already");
+    dialog.reject();
+  });
+  Press("frmAllPlayers", "btnSet");
   Pick("mnuEditUndo");
   EXPECT_TRUE(session_.League() == before);
 }

@@ -271,6 +271,8 @@ TEST_F(Tools, APatchHoldsWhatIsInMemory) {
     EXPECT_EQ(patched[0x6DA], 0x77) << name;
   }
   EXPECT_EQ(FileBytes(path_), SampleBytes()) << "the image itself is not written";
+  OnNextDialog([](QDialog& dialog) { dialog.reject(); });
+  Pick("mToolPatch");
   session_.Change("a long city",
                   [](LeagueData& league) { league.TeamData[1].City = std::string(999, 'A'); });
   AnswerNextMessage("OK");

@@ -45,6 +45,10 @@ TEST_F(RsmtoolPatch, WhatCanNotBeMadeOrAppliedIsToldAndNothingIsWritten) {
   EXPECT_EQ(ips.Code, 2);
   EXPECT_NE(ips.Err.find(".bps"), std::string::npos) << ips.Err;
 
+  Out({"make-patch", base, base, Path("empty.ips")});
+  const std::string as_it_is = "nothing to change; " + base.toStdString() + " stays as it is";
+  ExpectMessage({"apply-patch", base, Path("empty.ips")}, 0, as_it_is);
+
   const QString other = Image("other.nes", {{0x6DA, {0x55}}});
   const Result wrong_base = Run({"apply-patch", other, Path("league.bps")});
   EXPECT_EQ(wrong_base.Code, 2);

@@ -64,6 +64,7 @@ TEST_F(PlayerForms, OpenOnTheTeamAndPlayerThatSortFirstAndNoWiderForALongName) {
   EXPECT_EQ(List("cmbPlayer").ListIndex(), 0);
   EXPECT_EQ(List("cmbPlayer").Text(), "BIRCH, quin");
   EXPECT_EQ(List("cmbPosition").Text(), "FS");
+  EXPECT_TRUE(QFontInfo(List("cmbPosition").font()).fixedPitch());
   EXPECT_EQ(session_->CurSlot, 27);
   EXPECT_LT(editor_->sizeHint().width(), 1000);
   EXPECT_LT(editor_->minimumSizeHint().width(), 1000);

@@ -166,6 +166,11 @@ TEST_F(TeamForms, ThePlayChooserShowsThePicturesAndNamesOfItsSlot) {
       dialog.reject();
     });
     Press(MemberName("btnPlay", slot - 1));
+    const auto& button = Find<QPushButton>(*editor_, MemberName("btnPlay", slot - 1));
+    EXPECT_EQ(button.accessibleDescription(),
+              (slot <= 4 ? "Run slot " : "Pass slot ") + QString::number((slot - 1) % 4 + 1));
+    const auto& color = Find<QPushButton>(*editor_, "btnChange(0)");
+    EXPECT_EQ(color.width(), Find<QPushButton>(*editor_, "btnChange(1)").width());
   }
 }
 
