@@ -71,8 +71,11 @@ TEST(LeagueJson, AnyLeagueComesBackWholeOntoAnyOther) {
 
 TEST(LeagueJson, WhatAnImageOfAnyBytesHoldsComesBackToo) {
   std::mt19937 random(2);
-  std::vector<std::uint8_t> bytes = SampleBytes();
+  const std::vector<std::uint8_t> sample = SampleBytes();
+  std::vector<std::uint8_t> bytes = sample;
   for (auto& byte : bytes) byte = static_cast<std::uint8_t>(random());
+  // A hundred names of thousands of letters are enough: the other pointers stay.
+  std::copy(sample.begin() + 0x110, sample.begin() + 0x6DA, bytes.begin() + 0x110);
   // The longest text there can be, of a character that takes six in the JSON.
   std::fill_n(bytes.begin() + 0x10'000, 0x8'000, std::uint8_t{0x7F});
   OpenImage image(std::move(bytes));

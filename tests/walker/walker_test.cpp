@@ -359,7 +359,7 @@ TEST(Walker, NoOrderOfStepsBreaksTheProgram) {
 
   const int seed = Number("ROSTERMILL_WALK_SEED", 1);
   const std::chrono::seconds seconds(Number("ROSTERMILL_WALK_SECONDS", 0));
-  const int steps = Number("ROSTERMILL_WALK_STEPS", 1250);
+  const int steps = Number("ROSTERMILL_WALK_STEPS", 800);
   SCOPED_TRACE("seed " + std::to_string(seed));
   Walker walker(window, session, folder.Path(""), static_cast<unsigned>(seed));
   const auto start = std::chrono::steady_clock::now();
