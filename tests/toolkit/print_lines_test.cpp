@@ -2,6 +2,7 @@
 
 #include <QBuffer>
 #include <QPdfWriter>
+#include <QPrinter>
 #include <gtest/gtest.h>
 
 #include "toolkit/printer_choice.h"
@@ -49,6 +50,11 @@ TEST(Printers, TakesTheDefaultOrTheOnlyPrinterAndOtherwiseNamesThem) {
   QStringList many;
   for (int number = 1; number <= 200; ++number) many << QString("P%1").arg(number);
   EXPECT_TRUE(ChoosePrinter("", many).Failure.contains("P9, P10 and 190 more."));
+
+  qputenv("CUPS_SERVER", "localhost:1");  // has none
+  QString failure;
+  EXPECT_EQ(OpenPrinter(failure), nullptr);
+  EXPECT_EQ(failure, "this computer has no printer.");
 }
 
 }  // namespace

@@ -1,3 +1,5 @@
+#include <filesystem>
+
 #include "tests/tools/rsmtool_fixture.h"
 
 namespace rostermill::test {
@@ -39,6 +41,9 @@ TEST_F(RsmtoolTables, AnExportThatIsImportedChangesNothing) {
     EXPECT_EQ(Run({"import-" + what, image, Path("t.csv")}).Err,
               "rsmtool: nothing to change; " + image.toStdString() + " stays as it is\n")
         << what.toStdString();
+    const std::string piped(before.begin(), before.end());
+    EXPECT_EQ(Run({"import-" + what, "-", Path("t.csv"), Path("new.nes")}, piped).Code, 0);
+    std::filesystem::remove(folder_.Path("new.nes"));
   }
   EXPECT_EQ(BytesOf(image), before);
 }
