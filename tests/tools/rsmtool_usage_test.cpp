@@ -41,7 +41,8 @@ TEST_F(RsmtoolUsage, AWrongCallIsOneLineAndTwo) {
       {{"help", "nosuch"}, "there is no command \"nosuch\"; see rsmtool --help"},
       {{"--help", "check", "dump"}, "help takes one command; see rsmtool --help"},
       {{"import-players", "-", "p.csv"},
-       "import-players needs the image as a file that it can change"}};
+       "import-players needs the image as a file that it can change"},
+      {{"merge", a, "-", a}, "merge needs the image as a file that it can change"}};
   for (const auto& [arguments, line] : calls) ExpectMessage(arguments, 2, line);
   EXPECT_EQ(BytesOf(a), SampleBytes());
 }
