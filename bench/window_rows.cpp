@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
+#include <filesystem>
 
 #include "bench/form_costs.h"
 #include "history/league_history.h"
@@ -155,14 +156,12 @@ void CompareLists(ChildArea& area, const std::string& bin, const std::string& wo
     store.Keep(session.ImagePath, file, "before a save");
   }
   // The form's counts of changes take a read of each.
-  const std::string folder = ImageFolder(work + "/listed", session.ImagePath);
+  const std::filesystem::path folder = ImageFolder(work + "/listed", session.ImagePath);
   const std::vector<std::string> files = FilesIn(folder);
   CompareForm(
       area, "frmVersions, 30 versions", [&] { return new frmVersions(history); },
       [&] {
-        for (const std::string& name : files) {
-          ReadFileStart(folder + "/" + name, OpenImage::WholeSize);
-        }
+        for (const std::string& name : files) ReadFileStart(folder / name, OpenImage::WholeSize);
       });
   OtherLeague other{"other", session.League(), {}};
   for (int team = 1; team <= TeamCount; ++team) {

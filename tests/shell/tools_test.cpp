@@ -252,6 +252,9 @@ TEST_F(Tools, AMergeTicksWhatOnlyTheOthersChanged) {
   EXPECT_EQ(Lines("frmCompare", "lstChanges").join('\n').toStdString(),
             "SPARROWS\n  *City | HARBORTON | BARBORTON\n  QB 1 sam PLOVER: Number | 55 | 77 "
             "  (both changed it)");
+  QTreeWidgetItem& group = *List("frmCompare", "lstChanges").topLevelItem(0);
+  EXPECT_FALSE(group.child(0)->font(2).bold());
+  EXPECT_TRUE(group.child(1)->font(2).bold());
   Press("frmCompare", "btnTake");
   EXPECT_EQ(session_.League().TeamData[1].City, "BARBORTON");
   EXPECT_EQ(session_.League().TeamData[2].City, "OURS");
