@@ -78,6 +78,8 @@ class AllPlayers : public MainWindow {
 
 TEST_F(AllPlayers, WordsAndConditionsFindPlayers) {
   EXPECT_EQ(QApplication::focusWidget(), &Box());
+  EXPECT_TRUE(Box().isClearButtonEnabled());
+  EXPECT_EQ(Grid().horizontalScrollMode(), QAbstractItemView::ScrollPerPixel);
   EXPECT_GE(Grid().viewport()->height(), 18 * Grid().rowHeight(0));
   EXPECT_EQ(Count(), "840 of 840 players");
   QStringList headings;

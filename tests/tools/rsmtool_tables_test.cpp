@@ -112,10 +112,10 @@ TEST_F(RsmtoolTables, WrongGamesAreTurnedAway) {
   for (int game = 0; game < 15; ++game) full += "3,1,2\n";
   EXPECT_EQ(Errors("schedule", full),
             "line 16: week 3 has more than 14 games\nrsmtool: 1 error; nothing was written\n");
-  EXPECT_EQ(Errors("schedule", "Week,Visitor,Host\n18,1,2\n1,31,\n"),
+  EXPECT_EQ(Errors("schedule", "Week,Visitor,Host\n18,1,2\n1,31,2\n1,1,\n"),
             "line 2, column 1 (Week): \"18\" is not a week from 1 to 17\n"
             "line 3, column 2 (Visitor): \"31\" names no team\n"
-            "line 3, column 3 (Host): \"\" names no team\n"
+            "line 4, column 3 (Host): \"\" names no team\n"
             "rsmtool: 3 errors; nothing was written\n");
   EXPECT_EQ(Errors("schedule", "Week,Host\n1,2\n"),
             "line 1: the column \"Visitor\" is missing\nrsmtool: 1 error; nothing was written\n");
