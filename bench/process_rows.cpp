@@ -154,7 +154,7 @@ void CompareExchange(const std::string& bin, const std::string& work) {
   Run({"sh", "-c",
        tool + " export-players " + base + " | awk -F, -v OFS=, 'NR > 1 { $7 = 98 } 1' | " + tool +
            " import-players --no-version " + base + " - " + all});
-  const Command merge{tool, "merge", "--no-version", base, ours};
+  const Command merge{tool, "merge", "--no-version", base, base};
   Compare(
       {"rsmtool merge of 840 changes, against one", 1.5, 50},
       [&] {
