@@ -29,10 +29,10 @@ struct Version {
 ///     000012-000015_20260730T214012Z_393232_<hash of the kept bytes>_before a save.nes
 ///
 /// (number, turn, when, size of the whole file, hash, what; the turn grows with every keeping; the
-/// hash is that of bytes_hash.h). One rename puts it in place, so it is complete or
-/// absent, whenever a program is killed; no index file could contradict it. Files that are not
-/// named this way are passed over and never removed; one whose length doesn't fit its name isn't
-/// listed, and is dropped when its turn comes.
+/// hash is that of bytes_hash.h). One rename puts it in place, so it is complete or absent,
+/// whenever a program is killed; no index file could contradict it. Files that are not named this
+/// way are passed over and never removed; one whose length doesn't fit its name isn't listed, and
+/// is dropped when its turn comes.
 ///
 /// Programs that keep versions at the same time take turns by a lock, with 5 seconds of patience.
 /// All paths are UTF-8. What can't be done throws FileError or HistoryError (both

@@ -227,8 +227,8 @@ void PowerCutDisk::ForEachCase(
   };
 
   std::size_t cases = 1;
-  for (std::size_t i = 0; i < count; ++i) cases *= choices(i);
   constexpr std::size_t most = 4096;
+  for (std::size_t i = 0; i < count && cases <= most; ++i) cases *= choices(i);
   if (cases > most) throw std::length_error("more cases than the walk has time for");
   for (std::size_t number = 0; number < cases; ++number) {
     Outcomes outcomes;
