@@ -14,7 +14,7 @@ void LeagueSession::Change(const std::string& description, const LeagueChange& c
   }
 }
 
-void LeagueSession::SetLeague(LeagueData league) {
+void LeagueSession::SetLeague(LeagueData&& league) {
   // Moved over the old one, a short text would keep the memory of the longest that was ever there.
   static_assert(std::is_nothrow_move_constructible_v<LeagueData>);
   std::destroy_at(&league_);

@@ -42,8 +42,8 @@ class LeagueSession {
   /// Latin-1: "Save Player: Sam Plover".
   void Change(const std::string& description, const LeagueChange& change);
 
-  /// Puts another league in place, for a load. Not a step.
-  void SetLeague(LeagueData league);
+  /// Puts another league in place, for a load, and takes its texts. Not a step.
+  void SetLeague(LeagueData&& league);
 
   /// Empties the league's texts, for an unload. Not a step either.
   void EmptyTexts() { EmptyLeagueTexts(league_); }

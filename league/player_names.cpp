@@ -22,12 +22,10 @@ int NumberByte(std::string_view number) {
   return error == std::errc{} && end == number.data() + number.size() && value >= 0 ? value : 0;
 }
 
-void SplitName(std::string_view text, NameRec& name) {
-  const auto capital =
-      std::find_if(text.begin(), text.end(), [](char c) { return c >= 'A' && c <= 'Z'; });
-  if (capital == text.end()) return;
-  name.FirstName.assign(text.begin(), capital);
-  name.LastName.assign(capital, text.end());
+/// Where a last name begins; the text's size if it has no capital letter.
+std::size_t FirstCapital(std::string_view text) {
+  const auto* capital = std::ranges::find_if(text, [](char c) { return c >= 'A' && c <= 'Z'; });
+  return static_cast<std::size_t>(capital - text.begin());
 }
 
 int EntryLength(const NameRec& name) {
@@ -47,9 +45,7 @@ std::string TextOddity(std::string_view entry) {
     return "the number " + HexByteText(number) + " is not decimal";
   }
   if (entry.size() == 1) return "no name, only a number";
-  NameRec name;
-  SplitName(entry.substr(1), name);
-  if (!name.LastName.empty()) return {};
+  if (FirstCapital(entry.substr(1)) < entry.size() - 1) return {};
   return "the name has no capital letter; it is read as empty";
 }
 
@@ -66,7 +62,11 @@ void ReadPlayerNames(OpenImage& image, LeagueData& league, const Yield& yield) {
       if (start < 0 || start >= end) continue;
       const std::string_view entry = image.ReadTextAt(start, end);
       name.JerseyNumber = HexByteText(static_cast<std::uint8_t>(entry.front()));
-      SplitName(entry.substr(1), name);
+      const std::string_view text = entry.substr(1);
+      const std::size_t capital = FirstCapital(text);
+      if (capital == text.size()) continue;
+      name.FirstName = text.substr(0, capital);
+      name.LastName = text.substr(capital);
     }
   }
 }
