@@ -90,8 +90,13 @@ QWidget* CopyTree(const QTreeWidget& from) {
   copy->setRootIsDecorated(from.rootIsDecorated());
   copy->setUniformRowHeights(from.uniformRowHeights());
   for (int row = 0; row < from.topLevelItemCount(); ++row) {
-    copy->addTopLevelItem(from.topLevelItem(row)->clone());
-    copy->topLevelItem(row)->setExpanded(from.topLevelItem(row)->isExpanded());
+    QTreeWidgetItem* item = from.topLevelItem(row)->clone();
+    // A row may make its texts when it is asked.
+    for (int column = 0; column < from.columnCount(); ++column) {
+      item->setText(column, from.topLevelItem(row)->text(column));
+    }
+    copy->addTopLevelItem(item);
+    item->setExpanded(from.topLevelItem(row)->isExpanded());
   }
   for (int column = 0; column < from.columnCount(); ++column) {
     copy->setColumnWidth(column, from.columnWidth(column));

@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QSettings>
+#include <QTreeWidget>
 
 #include <cstdio>
 #include <cstdlib>
@@ -141,6 +142,16 @@ class PlayerSaver {
   bool raised_ = false;
 };
 
+/// How many rows of its list can be seen when the form has just been opened.
+int RowsInView(ChildArea& area, frmVersions* form) {
+  Open(area, form);
+  const auto& list = driver::Find<QTreeWidget>(*form, "lstVersions");
+  const QModelIndex last = list.indexAt({1, list.viewport()->height() - 1});
+  const int rows = last.isValid() ? last.row() + 1 : list.topLevelItemCount();
+  Close(form);
+  return rows;
+}
+
 /// The list of 30 earlier versions, and a comparison with a league in which all players differ.
 void CompareLists(ChildArea& area, const std::string& bin, const std::string& work) {
   LeagueSession session;
@@ -155,9 +166,10 @@ void CompareLists(ChildArea& area, const std::string& bin, const std::string& wo
     file.Bytes.back() = static_cast<std::uint8_t>(version);
     store.Keep(session.ImagePath, file, "before a save");
   }
-  // The form's counts of changes take a read of each.
+  // The form's counts of changes take a read of each version in view.
   const std::filesystem::path folder = ImageFolder(work + "/listed", session.ImagePath);
-  const std::vector<std::string> files = FilesIn(folder);
+  std::vector<std::string> files = FilesIn(folder);
+  files.resize(static_cast<std::size_t>(RowsInView(area, new frmVersions(history))));
   CompareForm(
       area, "frmVersions, 30 versions", [&] { return new frmVersions(history); },
       [&] {

@@ -119,8 +119,8 @@ std::vector<Version> LeagueHistory::Versions() const {
   return saved_ ? versions_.List(image_) : std::vector<Version>();
 }
 
-LeagueData LeagueHistory::LeagueOfVersion(int number) const {
-  FileStart file = versions_.Read(image_, number);
+LeagueData LeagueHistory::LeagueOfVersion(const Version& version) const {
+  FileStart file = BytesOfVersion(version);
   if (!IsImageHeader(file.Bytes) || file.Bytes.size() < OpenImage::WholeSize) {
     throw HistoryError(
         "This version is not a whole image, so it holds no league. It can be "
@@ -137,7 +137,7 @@ LeagueData LeagueHistory::LeagueOfLeftState(int number) {
 }
 
 Touched LeagueHistory::BringBackVersion(const Version& version) {
-  LeagueData league = LeagueOfVersion(version.Number);
+  LeagueData league = LeagueOfVersion(version);
   const std::string description =
       "Bring Back Version " + std::to_string(version.Number) + " (" + version.What + ")";
   return Record(description, [&](LeagueData& now) { now = std::move(league); });

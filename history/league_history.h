@@ -70,9 +70,9 @@ class LeagueHistory : public ImageWatch {
   /// everything below does.
   std::vector<Version> Versions() const;
   /// The bytes of one.
-  FileStart BytesOfVersion(int number) const { return versions_.Read(image_, number); }
+  FileStart BytesOfVersion(const Version& version) const { return versions_.Read(image_, version); }
   /// Their leagues, with the palette in use.
-  LeagueData LeagueOfVersion(int number) const;
+  LeagueData LeagueOfVersion(const Version& version) const;
   LeagueData LeagueOfLeftState(int number);
   /// Puts them into memory as one step.
   Touched BringBackVersion(const Version& version);

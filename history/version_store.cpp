@@ -83,7 +83,7 @@ std::optional<Kept> ParseName(const std::string& name) {
   if (!number || !turn || !when || !size || !is_hash || !IsGoodWhat(text)) return std::nullopt;
   if (*number < 1 || *turn < 1) return std::nullopt;
   const bool cut = *size > VersionStore::LongestKeptWhole;
-  return Kept{{*number, *when, std::string(text), *number == 1, *size, cut},
+  return Kept{{*number, *when, std::string(text), *number == 1, *size, cut, {}},
               *turn,
               std::string(hash),
               {},
@@ -125,6 +125,16 @@ bool IsWhole(const Kept& kept) {
   const auto size = std::filesystem::file_size(kept.Path(), error);
   if (error && error != std::errc::no_such_file_or_directory) FailWith(error.value());
   return !error && size == kept.Size();
+}
+
+/// The version's bytes if they are those that were kept. Throws FileMissing where its file has gone
+/// or got another name, HistoryError where it is damaged.
+FileStart ReadKept(const Kept& kept) {
+  auto bytes = ReadFileStart(kept.Path(), kept.Size()).Bytes;
+  if (HexText(HashOf(bytes)) != kept.Hash) {
+    throw HistoryError("Version " + std::to_string(kept.Facts.Number) + " is damaged.");
+  }
+  return {std::move(bytes), kept.Facts.FileSize};
 }
 
 /// Whether the version is whole and has just these bytes.
@@ -266,7 +276,9 @@ std::vector<Version> VersionStore::List(const std::string& image) const {
   const auto lock = LockStoreForReading(base_);
   std::vector<Version> versions;
   for (const Kept& kept : ContentsOf(ImageFolder(base_, image)).Versions) {
-    if (IsWhole(kept)) versions.push_back(kept.Facts);
+    if (!IsWhole(kept)) continue;
+    versions.push_back(kept.Facts);
+    versions.back().Path = kept.Path();
   }
   std::ranges::reverse(versions);
   std::stable_partition(versions.begin(), versions.end(),
@@ -283,11 +295,19 @@ FileStart VersionStore::Read(const std::string& image, int number) const {
   if (found == versions.end()) {
     throw HistoryError("There is no version " + std::to_string(number) + ".");
   }
-  auto bytes = ReadFileStart(found->Path(), found->Size()).Bytes;
-  if (HexText(HashOf(bytes)) != found->Hash) {
-    throw HistoryError("Version " + std::to_string(number) + " is damaged.");
+  return ReadKept(*found);
+}
+
+FileStart VersionStore::Read(const std::string& image, const Version& version) const {
+  const std::filesystem::path path = version.Path;
+  auto kept = ParseName(path.filename());
+  if (!kept) return Read(image, version.Number);
+  kept->Folder = path.parent_path();
+  try {
+    return ReadKept(*kept);
+  } catch (const FileMissing&) {
+    return Read(image, version.Number);
   }
-  return {std::move(bytes), found->Facts.FileSize};
 }
 
 }  // namespace rostermill

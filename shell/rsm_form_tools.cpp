@@ -144,7 +144,7 @@ std::optional<std::vector<std::uint8_t>> FRSMform::AskForBase(const QString& tit
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   const auto at = static_cast<std::size_t>(choices.indexOf(dialog.textValue()));
   try {
-    if (at < versions.size()) return history_.BytesOfVersion(versions[at].Number).Bytes;
+    if (at < versions.size()) return history_.BytesOfVersion(versions[at]).Bytes;
     if (at == versions.size()) return ReadAll(session_.ImagePath);
     const QString path = AskForFile(this, title, "NES (*.nes)|*.nes|All Files|*.*",
                                     QFileInfo(FromUtf8(session_.ImagePath)).path());

@@ -5,6 +5,11 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
+#include <algorithm>
+#include <functional>
+#include <optional>
+#include <utility>
+
 #include "toolkit/form_parts.h"
 #include "toolkit/messages.h"
 #include "toolkit/qt_strings.h"
@@ -14,6 +19,39 @@ namespace rostermill {
 namespace {
 
 enum Column { When, What, Changes };
+
+/// What the column of changes shows of a state.
+struct ChangesText {
+  QString Text;
+  QString Tip;
+};
+
+/// A state's row. The state is read and its changes counted only when the row is first seen.
+class StateItem : public QTreeWidgetItem {
+ public:
+  explicit StateItem(std::function<ChangesText()> count) : count_(std::move(count)) {
+    setTextAlignment(Changes, Qt::AlignRight | Qt::AlignVCenter);
+  }
+
+  QVariant data(int column, int role) const override {
+    if (column != Changes || (role != Qt::DisplayRole && role != Qt::ToolTipRole)) {
+      return QTreeWidgetItem::data(column, role);
+    }
+    if (!changes_) changes_ = count_();
+    return role == Qt::DisplayRole ? changes_->Text : changes_->Tip;
+  }
+
+ private:
+  std::function<ChangesText()> count_;
+  mutable std::optional<ChangesText> changes_;
+};
+
+/// So wide that no row has to be read to see how wide the column is.
+int WidthOfChanges(const QTreeWidget& list) {
+  const int margin = list.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &list) + 1;
+  const int widest = list.fontMetrics().horizontalAdvance("unknown") + 2 * margin;
+  return std::max(widest, list.header()->sectionSizeHint(Changes));
+}
 
 QString WhatText(const Version& version) {
   const QString what = FromUtf8(version.What);
@@ -40,9 +78,11 @@ void frmVersions::BuildControls() {
   lstVersions->setHeaderLabels({"When", "What", "Changes"});
   lstVersions->setRootIsDecorated(false);
   lstVersions->setAllColumnsShowFocus(true);
+  lstVersions->setUniformRowHeights(true);
   lstVersions->header()->setStretchLastSection(false);
-  lstVersions->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
   lstVersions->header()->setSectionResizeMode(What, QHeaderView::Stretch);
+  lstVersions->header()->setSectionResizeMode(Changes, QHeaderView::Fixed);
+  lstVersions->header()->resizeSection(Changes, WidthOfChanges(*lstVersions));
   btnCompare = NewButton("btnCompare", "Compare");
   btnBring = NewButton("btnBring", "Bring Back");
   btnOK = NewButton("btnOK", "OK");
@@ -73,44 +113,44 @@ void frmVersions::FillList() {
   const int row = lstVersions->indexOfTopLevelItem(lstVersions->currentItem());
   lstVersions->clear();
   states_.clear();
+  QList<QTreeWidgetItem*> rows;
   try {
-    for (const UnsavedState& state : history_.LeftStates()) AddState(state);
-    for (const Version& version : history_.Versions()) AddState(version);
+    for (const UnsavedState& state : history_.LeftStates()) rows << AddState(state);
+    for (const Version& version : history_.Versions()) rows << AddState(version);
   } catch (const std::runtime_error& error) {
     ShowFailure(error);
   }
+  lstVersions->addTopLevelItems(rows);
+  lstVersions->resizeColumnToContents(When);
   lstVersions->setCurrentItem(lstVersions->topLevelItem(row < 0 ? 0 : row));
   lstVersions_Click();
 }
 
-void frmVersions::AddState(const State& state) {
-  auto* item = new QTreeWidgetItem(lstVersions);
+QTreeWidgetItem* frmVersions::AddState(const State& state) {
+  const auto count = [this, state]() -> ChangesText {
+    try {
+      const std::size_t changes = FindChanges(history_.League(), LeagueOf(state)).size();
+      return {changes == 0 ? "none" : QString::number(changes), {}};
+    } catch (const std::runtime_error& error) {
+      return {"unknown", FromUtf8(error.what())};
+    }
+  };
+  auto* item = new StateItem(count);
   std::visit(
       [item](const auto& kept) {
         item->setText(When, FromUtf8(LocalTimeText(kept.When, UtcNow())));
         item->setText(What, WhatText(kept));
       },
       state);
-  item->setTextAlignment(Changes, Qt::AlignRight | Qt::AlignVCenter);
-  try {
-    const std::size_t changes = ChangesOf(state).size();
-    item->setText(Changes, changes == 0 ? "none" : QString::number(changes));
-  } catch (const std::runtime_error& error) {
-    item->setText(Changes, "unknown");
-    item->setToolTip(Changes, FromUtf8(error.what()));
-  }
   states_.push_back(state);
+  return item;
 }
 
 LeagueData frmVersions::LeagueOf(const State& state) {
   if (const auto* version = std::get_if<Version>(&state)) {
-    return history_.LeagueOfVersion(version->Number);
+    return history_.LeagueOfVersion(*version);
   }
   return history_.LeagueOfLeftState(std::get<UnsavedState>(state).Number);
-}
-
-std::vector<Change> frmVersions::ChangesOf(const State& state) {
-  return FindChanges(history_.League(), LeagueOf(state));
 }
 
 const frmVersions::State* frmVersions::Selected() const {

@@ -7,6 +7,7 @@
 #include "toolkit/form.h"
 
 class QTreeWidget;
+class QTreeWidgetItem;
 
 namespace rostermill {
 
@@ -18,7 +19,8 @@ class frmVersions : public ChildForm {
  public:
   explicit frmVersions(LeagueHistory& history);
 
-  /// Fills the list anew and stays at the row that is selected.
+  /// Fills the list anew and stays at the row that is selected. How many changes lie between a
+  /// state and the league in memory is counted once its row is seen.
   void FillList();
 
  signals:
@@ -40,10 +42,9 @@ class frmVersions : public ChildForm {
   void btnBring_Click();
   void btnOK_Click();
 
-  void AddState(const State& state);
+  /// Its row.
+  QTreeWidgetItem* AddState(const State& state);
   LeagueData LeagueOf(const State& state);
-  /// The differences from the league in memory to the state's.
-  std::vector<Change> ChangesOf(const State& state);
   /// The selected state; null without one.
   const State* Selected() const;
   void ShowFailure(const std::exception& error);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include "screens/probowl/place_label.h"
 #include "shell/loading.h"
 #include "tests/support/main_window.h"
 #include "toolkit/picture_box.h"
@@ -17,21 +16,33 @@ class AllForms : public MainWindow {
 
   using Look = std::function<void(QWidget& form)>;
 
-  /// Calls `look` with an open child form.
-  void LookAt(const QString& name, const Look& look) {
+  /// Calls `look` with each child form and each dialog of the program while it is open.
+  void VisitAll(const Look& look) {
+    look_ = look;
+    VisitPlayersAndTeams();
+    VisitTheOthers();
+  }
+
+ private:
+  /// Looks at an open child form.
+  void LookAt(const QString& name) {
     SCOPED_TRACE(name.toStdString());
     QCoreApplication::processEvents();
-    look(Form(name));
+    look_(Form(name));
   }
-  /// Calls `look` with the dialog that `open` opens. A control has to have the focus afterward.
-  void LookAtDialog(const QString& name, const Look& look, const std::function<void()>& open) {
+  void PickAndLookAt(const QString& item, const QString& name) {
+    Pick(item);
+    LookAt(name);
+  }
+  /// Looks at the dialog that `open` opens. A control has to have the focus afterward.
+  void LookAtDialog(const QString& name, const std::function<void()>& open) {
     SCOPED_TRACE(name.toStdString());
     int looks = 0;
     OnNextDialog([&](QDialog& dialog) {
       EXPECT_EQ(dialog.objectName(), name);
       Activate(dialog);
       ++looks;
-      look(dialog);
+      look_(dialog);
       dialog.reject();
     });
     open();
@@ -40,72 +51,53 @@ class AllForms : public MainWindow {
     EXPECT_EQ(looks, 1);
     EXPECT_NE(QApplication::focusWidget(), nullptr) << "the focus is lost after the dialog";
   }
-
-  /// Calls `look` with each child form and each dialog of the program while it is open.
-  void VisitAll(const Look& look) {
-    VisitPlayersAndTeams(look);
-    VisitTheOthers(look);
+  void PressSpace(const QString& form, const QString& control) {
+    auto& pressed = Find<QWidget>(Form(form), control);
+    pressed.setFocus();
+    QTest::keyClick(&pressed, Qt::Key_Space);
   }
 
- private:
-  void VisitPlayersAndTeams(const Look& look) {
-    Pick("mViePlayerData");
-    LookAt("ViewPlayer", look);
+  void VisitPlayersAndTeams() {
+    PickAndLookAt("mViePlayerData", "ViewPlayer");
     Press("ViewPlayer", "btnEdit");
-    LookAt("EditPlayer", look);
-    LookAtDialog("PlayerPhotos", look, [this] {
-      auto& face = Find<PictureBox>(Form("EditPlayer"), "imgFace");
-      face.setFocus();
-      QTest::keyClick(&face, Qt::Key_Space);
-    });
+    LookAt("EditPlayer");
+    LookAtDialog("PlayerPhotos", [this] { PressSpace("EditPlayer", "imgFace"); });
     Press("ViewPlayer", "btnOK");
-    Pick("mVieTeamData");
-    LookAt("ViewTeams", look);
+    PickAndLookAt("mVieTeamData", "ViewTeams");
     Press("ViewTeams", "btnEdit");
-    LookAt("EditTeam", look);
-    LookAtDialog("ChoosePlay", look, [this] { Press("EditTeam", "btnPlay(5)"); });
-    LookAtDialog("ChooseColor", look, [this] { Press("EditTeam", "btnChange(0)"); });
+    LookAt("EditTeam");
+    LookAtDialog("ChoosePlay", [this] { Press("EditTeam", "btnPlay(5)"); });
+    LookAtDialog("ChooseColor", [this] { Press("EditTeam", "btnChange(0)"); });
     Press("ViewTeams", "btnOK");
   }
 
-  void VisitTheOthers(const Look& look) {
-    Pick("mSchVieAll");
-    LookAt("ViewSchedule", look);
-    Pick("mAFCe1");
-    LookAt("ViewTeamSchedule", look);
-    Pick("mSchEdit");
-    LookAt("frmEditSchedule", look);
-    Pick("mVieLeaders");
-    LookAt("ViewLeaders", look);
-    LookAtDialog("FormPrint", look, [this] { Press("ViewLeaders", "btnPrint"); });
-    Pick("mDatProbowl");
-    LookAt("frmProbowl", look);
+  void VisitTheOthers() {
+    PickAndLookAt("mSchVieAll", "ViewSchedule");
+    PickAndLookAt("mAFCe1", "ViewTeamSchedule");
+    PickAndLookAt("mSchEdit", "frmEditSchedule");
+    PickAndLookAt("mVieLeaders", "ViewLeaders");
+    LookAtDialog("FormPrint", [this] { Press("ViewLeaders", "btnPrint"); });
+    PickAndLookAt("mDatProbowl", "frmProbowl");
     Press("frmProbowl", "btnNFCroster");
-    LookAt("frmRoster", look);
-    LookAtDialog("frmChoosePlayer", look, [this] {
-      auto& place = Find<PlaceLabel>(Form("frmRoster"), "lblQB(1)");
-      place.setFocus();
-      QTest::keyClick(&place, Qt::Key_Space);
-    });
-    Pick("mnuEditGameSettings");
-    LookAt("frmEditGameSettings", look);
-    Pick("mToolVersions");
-    LookAt("frmVersions", look);
-    Pick("mToolPlayers");
-    LookAt("frmAllPlayers", look);
-    LookAtDialog("frmSetRatings", look, [this] { Press("frmAllPlayers", "btnSet"); });
-    Pick("mToolCheck");
-    LookAt("frmCheckLeague", look);
+    LookAt("frmRoster");
+    LookAtDialog("frmChoosePlayer", [this] { PressSpace("frmRoster", "lblQB(1)"); });
+    PickAndLookAt("mnuEditGameSettings", "frmEditGameSettings");
+    PickAndLookAt("mToolVersions", "frmVersions");
+    PickAndLookAt("mToolPlayers", "frmAllPlayers");
+    LookAtDialog("frmSetRatings", [this] { Press("frmAllPlayers", "btnSet"); });
+    PickAndLookAt("mToolCheck", "frmCheckLeague");
     std::vector<std::uint8_t> other = SampleBytes();
     other[0x1FD7C] = 'B';  // the first letter of a city
     WriteFile(folder_.Path("other.nes"), other);
     AnswerNextFileDialog(QString::fromStdString(folder_.Path("other.nes")));
     Pick("mToolCompare");
     Activate(window_);
-    LookAt("frmCompare", look);
+    LookAt("frmCompare");
     Area().ShowForm(new Loading);
-    LookAt("Loading", look);
+    LookAt("Loading");
   }
+
+  Look look_;
 };
 
 }  // namespace rostermill::test

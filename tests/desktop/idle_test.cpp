@@ -22,9 +22,7 @@ void RunFor(int milliseconds) {
   loop.exec();
 }
 
-using Idle = AllForms;
-
-TEST_F(Idle, AllFormsOpenWakeTheProcessorLessThanOnceASecond) {
+TEST_F(AllForms, OpenTheyWakeTheProcessorLessThanOnceASecond) {
   VisitAll([](QWidget&) {});
   Pick("mViePlayerData");
   Press("ViewPlayer", "btnEdit");

@@ -1,16 +1,15 @@
 #include <QAccessible>
 #include <QComboBox>
 #include <QDragEnterEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QRadioButton>
 #include <QTreeWidget>
-#include <QWheelEvent>
 
 #include <algorithm>
 
 #include "tests/desktop/all_forms.h"
-#include "toolkit/text_box.h"
 #include "toolkit/up_down.h"
 
 namespace rostermill::test {
@@ -22,30 +21,16 @@ std::string NameOf(const QWidget* widget) {
              : widget->objectName().toStdString() + " (" + widget->metaObject()->className() + ")";
 }
 
-/// The usable controls with a focus policy that is wanted, except those inside other controls.
-QList<QWidget*> Controls(QWidget& form, const std::function<bool(Qt::FocusPolicy)>& wanted) {
+/// The usable controls that take the focus, by Tab at least, except those inside other controls.
+QList<QWidget*> Controls(QWidget& form, int policies = Qt::StrongFocus) {
   QList<QWidget*> controls;
   for (QWidget* widget : form.findChildren<QWidget*>()) {
     if (widget->isVisibleTo(&form) && widget->isEnabled() && widget->focusProxy() == nullptr &&
-        wanted(widget->focusPolicy())) {
+        (widget->focusPolicy() & policies) != 0) {
       controls << widget;
     }
   }
   return controls;
-}
-
-bool ByTab(Qt::FocusPolicy policy) {
-  return (policy & Qt::TabFocus) != 0;
-}
-
-bool ByClickOnly(Qt::FocusPolicy policy) {
-  return policy == Qt::ClickFocus;
-}
-
-void Key(int key) {
-  if (QWidget* focus = QApplication::focusWidget()) {
-    QTest::keyClick(focus, static_cast<Qt::Key>(key));
-  }
 }
 
 /// The controls that Tab visits, beginning with `first`, until it leaves the form or one repeats.
@@ -55,7 +40,7 @@ QList<QWidget*> TabWalk(QWidget& form, QWidget* first) {
   while (QApplication::focusWidget() != nullptr && !walk.contains(QApplication::focusWidget()) &&
          form.isAncestorOf(QApplication::focusWidget())) {
     walk << QApplication::focusWidget();
-    Key(Qt::Key_Tab);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
   }
   return walk;
 }
@@ -73,27 +58,7 @@ bool IsRead(QWidget* before, QWidget* after) {
   return b.left() > a.right() || b.top() > a.bottom();
 }
 
-/// The cells of a grid that the arrow keys visit from its upper left cell.
-QSet<QWidget*> ArrowWalk(QWidget* stop) {
-  constexpr int enough = 100;
-  QSet<QWidget*> met;
-  stop->setFocus();
-  for (int step = 0; step < enough; ++step) Key(Qt::Key_Up);
-  for (QWidget* row = nullptr; row != QApplication::focusWidget();) {
-    Key(Qt::Key_Home);
-    row = QApplication::focusWidget();
-    for (QWidget* cell = nullptr; cell != QApplication::focusWidget(); Key(Qt::Key_Right)) {
-      cell = QApplication::focusWidget();
-      met << cell;
-      if (met.contains(nullptr)) return met;
-    }
-    Key(Qt::Key_Home);
-    Key(Qt::Key_Down);
-  }
-  return met;
-}
-
-TEST_F(AllForms, EnterHasItsButtonAndTheWheelTakesNoFocus) {
+TEST_F(AllForms, EnterHasItsButton) {
   const QMap<QString, QString> default_buttons{
       {"ViewPlayer", "btnOK"},       {"EditPlayer", "btnSavePlayer"},  {"PlayerPhotos", "btnOK"},
       {"ViewTeams", "btnOK"},        {"EditTeam", "btnSave"},          {"ChoosePlay", "btnOK"},
@@ -109,15 +74,12 @@ TEST_F(AllForms, EnterHasItsButtonAndTheWheelTakesNoFocus) {
       if (button->isDefault()) found << button->objectName();
     }
     EXPECT_EQ(found.join(' '), default_buttons.value(form.objectName()));
-    for (const QComboBox* list : form.findChildren<QComboBox*>()) {
-      EXPECT_EQ(list->focusPolicy(), Qt::StrongFocus) << NameOf(list);
-    }
   });
 }
 
 TEST_F(AllForms, TabReachesEverythingInReadingOrder) {
   VisitAll([](QWidget& form) {
-    const QList<QWidget*> stops = Controls(form, ByTab);
+    const QList<QWidget*> stops = Controls(form, Qt::TabFocus);
     // Forms that only show texts have no controls.
     if (form.focusPolicy() != Qt::NoFocus || form.objectName() == "Loading") return;
     ASSERT_FALSE(stops.isEmpty());
@@ -141,23 +103,6 @@ TEST_F(AllForms, TabReachesEverythingInReadingOrder) {
   });
 }
 
-TEST_F(AllForms, ArrowKeysReachTheCellsOfATabStop) {
-  VisitAll([](QWidget& form) {
-    QList<QWidget*> cells = Controls(form, ByClickOnly);
-    QSet<QWidget*> met;
-    for (QWidget* stop : Controls(form, ByTab)) {
-      const bool grid = std::any_of(cells.begin(), cells.end(), [&](QWidget* cell) {
-        return cell->parentWidget() == stop->parentWidget() &&
-               cell->metaObject() == stop->metaObject();
-      });
-      if (grid) met += ArrowWalk(stop);
-    }
-    for (QWidget* cell : cells) {
-      EXPECT_TRUE(met.contains(cell) || qobject_cast<QRadioButton*>(cell)) << NameOf(cell);
-    }
-  });
-}
-
 /// The middle row and the middle column of a control, with # where the focus changes a pixel.
 std::pair<std::string, std::string> FocusMarks(QWidget& control) {
   control.setFocus(Qt::TabFocusReason);
@@ -175,7 +120,7 @@ std::pair<std::string, std::string> FocusMarks(QWidget& control) {
 
 TEST_F(AllForms, WhatThisProgramPaintsMarksItsFocusEvenlyAllAround) {
   VisitAll([](QWidget& form) {
-    for (QWidget* control : Controls(form, [](auto policy) { return policy != Qt::NoFocus; })) {
+    for (QWidget* control : Controls(form)) {
       const bool pressed = qobject_cast<QLabel*>(control) || qobject_cast<PictureBox*>(control);
       if (!pressed && !qobject_cast<UpDown*>(control)) continue;
       const auto [across, down] = FocusMarks(*control);
@@ -191,21 +136,16 @@ TEST_F(AllForms, WhatThisProgramPaintsMarksItsFocusEvenlyAllAround) {
   });
 }
 
-TEST_F(AllForms, EveryControlHasANameForAssistiveTechnology) {
-  VisitAll([](QWidget& form) {
-    QList<QWidget*> controls = Controls(form, [](auto policy) { return policy != Qt::NoFocus; });
+TEST_F(AllForms, EveryControlHasANameAndEveryFieldACaptionOrANameOfItsOwn) {
+  QString shown;
+  VisitAll([&shown](QWidget& form) {
+    QList<QWidget*> controls = Controls(form);
     for (PictureBox* picture : form.findChildren<PictureBox*>()) controls << picture;
     for (QWidget* control : controls) {
       QAccessibleInterface* spoken = QAccessible::queryAccessibleInterface(control);
       ASSERT_NE(spoken, nullptr) << NameOf(control);
       EXPECT_FALSE(spoken->text(QAccessible::Name).trimmed().isEmpty()) << NameOf(control);
     }
-  });
-}
-
-TEST_F(AllForms, EveryFieldHasItsCaptionOrANameOfItsOwn) {
-  QString shown;
-  VisitAll([&shown](QWidget& form) {
     QMap<QWidget*, QLabel*> captions;
     QStringList texts;
     for (QLabel* label : form.findChildren<QLabel*>()) {
@@ -231,11 +171,9 @@ TEST_F(AllForms, EveryFieldHasItsCaptionOrANameOfItsOwn) {
       EXPECT_GE(left.center().y(), right.top()) << NameOf(field);
       EXPECT_LE(left.center().y(), right.bottom()) << NameOf(field);
     }
-    for (QWidget* field : Controls(form, ByTab)) {
-      const bool typed_or_picked =
-          qobject_cast<QComboBox*>(field) || qobject_cast<QLineEdit*>(field);
-      if (!typed_or_picked || !field->accessibleName().isEmpty()) continue;
-      EXPECT_TRUE(captions.contains(field)) << NameOf(field);
+    for (QWidget* field : Controls(form, Qt::TabFocus)) {
+      if (!qobject_cast<QComboBox*>(field) && !qobject_cast<QLineEdit*>(field)) continue;
+      EXPECT_TRUE(captions.contains(field) || !field->accessibleName().isEmpty()) << NameOf(field);
     }
   });
   const std::string of_player =
@@ -250,40 +188,6 @@ TEST_F(AllForms, EveryFieldHasItsCaptionOrANameOfItsOwn) {
                 "frmEditGameSettings League A: League B: League C: Roster Year:\n"
                 "frmAllPlayers Find:\n"
                 "frmCompare Filter:\n");
-}
-
-TEST_F(AllForms, EveryTextBoxTakesItsNumberOfCharacters) {
-  QMap<QString, qsizetype> taken;
-  VisitAll([&taken](QWidget& form) {
-    for (auto* box : form.findChildren<TextBox*>()) {
-      if (box->objectName().isEmpty() || !box->isVisible()) continue;
-      box->selectAll();
-      QTest::keyClicks(box, QString(40, '7'));
-      taken[box->objectName()] = box->text().size();
-    }
-  });
-  const QMap<QString, qsizetype> expected{
-      {"txtPlayer", 16},    {"txtCity", 15},     {"txtName", 15},     {"txtAbbreviation", 4},
-      {"txtRosterYear", 4}, {"txtLeague(0)", 3}, {"txtLeague(1)", 3}, {"txtLeague(2)", 3}};
-  EXPECT_EQ(taken, expected);
-}
-
-TEST_F(AllForms, TheWheelLeavesAListWithoutFocusAlone) {
-  VisitAll([](QWidget& form) {
-    for (QComboBox* list : form.findChildren<QComboBox*>()) {
-      for (QWidget* other : Controls(form, ByTab)) {
-        if (other != list) other->setFocus();
-      }
-      const int selected = list->currentIndex();
-      for (const int turn : {-120, 120}) {
-        const QPointF middle = list->rect().center();
-        QWheelEvent wheel(middle, list->mapToGlobal(middle), {}, {0, turn}, Qt::NoButton,
-                          Qt::NoModifier, Qt::NoScrollPhase, false);
-        QCoreApplication::sendEvent(list, &wheel);
-        EXPECT_EQ(list->currentIndex(), selected) << NameOf(list);
-      }
-    }
-  });
 }
 
 // A busy window is disabled, which takes the focus from its controls.
@@ -311,13 +215,9 @@ TEST_F(AllForms, ChildWindowShortcutsWork) {
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_W, Qt::ControlModifier);
   Activate(window_);
   ASSERT_EQ(active(), "ViewPlayer");
-  QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab, Qt::ControlModifier);
-  QTest::keyRelease(QApplication::focusWidget(), Qt::Key_Control);
-  QCoreApplication::processEvents();
-  EXPECT_EQ(active(), "ViewTeams");
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_F4, Qt::ControlModifier);
   QCoreApplication::processEvents();
-  EXPECT_EQ(active(), "ViewPlayer");
+  EXPECT_EQ(active(), "ViewTeams");
   EXPECT_EQ(Area().subWindowList().size(), 1);
 }
 
@@ -344,11 +244,10 @@ TEST_F(AllForms, ADroppedImageIsLoadedLikeOneFromTheMenu) {
   WriteFile(images[0].toStdString(), SampleBytes());
   Pick("mSchEdit");
   Pick("mnuEditGameSettings");
-  QList<QWidget*> targets{&window_};
-  for (QLineEdit* box : window_.findChildren<QLineEdit*>()) targets << box;
-  EXPECT_EQ(targets.size(), 1 + 28 + 4);
+  const auto boxes = window_.findChildren<QLineEdit*>();
+  EXPECT_EQ(boxes.size(), 28 + 4);
   int drops = 0;
-  for (QWidget* target : {targets[0], targets[1], targets.back()}) {
+  for (QWidget* target : QList<QWidget*>{&window_, boxes.first(), boxes.last()}) {
     const auto* box = qobject_cast<QLineEdit*>(target);
     const QString before = box != nullptr ? box->text() : QString();
     const QString image = images[drops++ % 2];
@@ -364,11 +263,9 @@ TEST_F(AllForms, ADroppedImageIsLoadedLikeOneFromTheMenu) {
 
   const QString bad = QString::fromStdString(folder_.Path("text.nes"));
   WriteFile(bad.toStdString(), std::string("no image"));
-  QString text;
-  AnswerNextMessage("OK", &text);
+  AnswerNextMessage("OK");
   EXPECT_TRUE(Drop(window_, bad));
   QTest::qWait(50);
-  EXPECT_EQ(text, "Not a valid ROM file!");
   EXPECT_EQ(window_.GetRecentFiles()[0], images[0]);
 }
 

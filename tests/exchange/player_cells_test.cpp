@@ -11,6 +11,18 @@
 namespace rostermill::test {
 namespace {
 
+TEST(StoreCells, OnlyWhatSaysWhoAPlayerIsCantBeChanged) {
+  for (const Column& column : PlayerColumns) {
+    LeagueData league = SampleLeague();
+    const auto problems = StoreCells({{{1, 3}, &column, "x"}}, false, league);
+    const bool fixed = column.Kind == ColumnKind::Team || column.Kind == ColumnKind::TeamName ||
+                       column.Kind == ColumnKind::Slot || column.Kind == ColumnKind::Position;
+    const std::string refused = "SPARROWS RB 1 jon ASHLAR, " + std::string(column.Heading) +
+                                ": this column can't be changed";
+    EXPECT_EQ(std::ranges::count(problems, refused), fixed ? 1 : 0) << refused;
+  }
+}
+
 TEST(ShiftRatings, APercentageLeadsToTheNearestRating) {
   const auto power = std::ranges::find(PlayerColumns, "Hitting Power", &Column::Heading);
   for (const auto& [rating, percent, after] : {std::tuple(19, -50, 13),

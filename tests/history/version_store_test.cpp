@@ -129,6 +129,26 @@ TEST_F(VersionStoreTest, TheSameBytesAreKeptOnceAndBecomeTheLatest) {
   EXPECT_EQ(std::distance(fs::directory_iterator(ImageFolder(base_, Image())), {}), 5);
 }
 
+TEST_F(VersionStoreTest, AListedVersionIsReadWhateverItsFileIsCalledNow) {
+  for (const char* text : {"first", "2", "3"}) Keep(text);
+  Version second = store_.List(Image())[1];
+  const auto text = [&] {
+    const Bytes bytes = store_.Read(Image(), second).Bytes;
+    return std::string(bytes.begin(), bytes.end());
+  };
+  EXPECT_EQ(text(), "2");
+  Keep("2");
+  EXPECT_FALSE(fs::exists(second.Path));
+  EXPECT_EQ(text(), "2");
+  second.Path.clear();
+  EXPECT_EQ(text(), "2");
+  second = store_.List(Image())[0];
+  WriteFile(second.Path, "more than that");
+  EXPECT_THAT(text, testing::ThrowsMessage<HistoryError>("Version 2 is damaged."));
+  fs::remove(second.Path);
+  EXPECT_THAT(text, testing::ThrowsMessage<HistoryError>("There is no version 2."));
+}
+
 TEST_F(VersionStoreTest, TheLongestUntouchedImageGivesRoomFirstAndFirstStatesLast) {
   const std::string hundred(99, 'x');
   for (const char* image : {"a.nes", "b.nes"}) {
@@ -191,7 +211,8 @@ TEST_F(VersionStoreTest, DamagedAndForeignFilesArePassedOverAndStay) {
                                  "000000-000009_20260730T000000Z_0_" + hash + "_a.nes",
                                  "000009-000000_20260730T000000Z_0_" + hash + "_a.nes",
                                  "000009-000009_20260730T000000Z_0_" + hash + "_.nes",
-                                 "000009-000009_20260730T000000Z_0_" + hash + ".nes"};
+                                 "000009-000009_20260730T000000Z_0_" + hash + ".nes",
+                                 "000009-000009_20260730T000000Z_0_g" + hash.substr(1) + "_a.nes"};
   for (const std::string& name : names) WriteFile(folder + name, "");
   for (const std::string& file : FilesIn(folder)) {
     if (file.starts_with("000001-")) WriteFile(folder + file, "first and more");

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include "league/league_tables.h"
-#include "league/open_image.h"
 
 namespace rostermill {
 namespace {
@@ -30,18 +29,6 @@ TEST(Tables, AnIndexOutsideATableThrows) {
   EXPECT_THROW(table[4], std::out_of_range);
   EXPECT_EQ(SlotLabels[30], "P");
   EXPECT_EQ(PlayNames[7][3], "Rund and Shoot 3-Wing");
-}
-
-TEST(Tables, AnAccessOutsideTheImageThrows) {
-  OpenImage image(std::vector<std::uint8_t>(16));
-  EXPECT_EQ(image.ReadByteAt(15), 0);
-  EXPECT_THROW(image.ReadByteAt(16), std::out_of_range);
-  EXPECT_THROW(image.ReadWordAt(15), std::out_of_range);
-  EXPECT_THROW(image.ReadTextAt(14, 17), std::out_of_range);
-  EXPECT_THROW(image.WriteByteAt(16, 1), std::out_of_range);
-  EXPECT_THROW(image.WriteWordAt(15, 1), std::out_of_range);
-  EXPECT_THROW(image.WriteTextAt(15, "ab"), std::out_of_range);
-  EXPECT_THROW(image.WriteByteAt(-1, 1), std::out_of_range);
 }
 
 TEST(Tables, FixedTextKeepsItsLength) {

@@ -2,6 +2,8 @@
 #include <QMessageBox>
 #include <QTreeWidget>
 
+#include "history/data_folder.h"
+#include "history/store_folder.h"
 #include "rules/display_text.h"
 #include "tests/support/main_window.h"
 #include "toolkit/color_box.h"
@@ -41,12 +43,11 @@ class History : public MainWindow {
     });
     Pick("mFilSaveROM");
   }
-  QTreeWidget& Versions() { return Find<QTreeWidget>(Form("frmVersions"), "lstVersions"); }
   QStringList VersionRows() {
     QStringList rows;
-    for (int row = 0; row < Versions().topLevelItemCount(); ++row) {
-      const QTreeWidgetItem& item = *Versions().topLevelItem(row);
-      rows << item.text(1) + ": " + item.text(2);
+    auto& list = Find<QTreeWidget>(Form("frmVersions"), "lstVersions");
+    for (int row = 0; row < list.topLevelItemCount(); ++row) {
+      rows << list.topLevelItem(row)->text(1) + ": " + list.topLevelItem(row)->text(2);
     }
     return rows;
   }
@@ -93,7 +94,6 @@ TEST_F(History, EveryFormMakesAStepThatCanBeUndoneAndRedone) {
   for (const auto& [caption, change] : steps) {
     change();
     EXPECT_EQ(Item("mnuEditUndo").text(), "&Undo " + caption);
-    EXPECT_TRUE(Item("mnuEditUndo").isEnabled());
     EXPECT_FALSE(session_.League() == states.back()) << ToUtf8(caption);
     states.push_back(session_.League());
   }
@@ -200,8 +200,15 @@ TEST_F(History, ASaveKeepsWhatItReplaces) {
   EXPECT_EQ(VersionRows(), QStringList{"first state, before a save: none"});
   EXPECT_EQ(ChangedLabel(), "Changed");
   EXPECT_EQ(Item("mnuEditUndo").text(), "&Undo Bring Back Version 1 (before a save)");
+  for (const std::string& name : FilesIn(ImageFolder(DataFolder(), path_))) {
+    const std::string file = ImageFolder(DataFolder(), path_) + "/" + name;
+    if (name.ends_with(".nes")) WriteFile(file, std::vector<std::uint8_t>(393'232));
+  }
   Pick("mnuEditUndo");
   EXPECT_EQ(ChangedLabel(), "");
+  EXPECT_EQ(VersionRows(), QStringList{"first state, before a save: unknown"});
+  EXPECT_EQ(Find<QTreeWidget>(Form("frmVersions"), "lstVersions").topLevelItem(0)->toolTip(2),
+            "Version 1 is damaged.");
 }
 
 TEST_F(History, AFileThatAnotherProgramChangedIsNotSavedOverSilently) {
@@ -222,8 +229,7 @@ TEST_F(History, AFileThatAnotherProgramChangedIsNotSavedOverSilently) {
 }
 
 TEST_F(History, UnsavedChangesComeBackAtTheNextStart) {
-  const std::string long_name(40, 'N');
-  RenamePlayer(QString::fromStdString("Ann " + long_name));
+  RenamePlayer("Ann " + QString(40, 'N'));
   const LeagueData changed = session_.League();
   QTest::qWait(1300);
   ASSERT_EQ(ChangedLabel(), "Changed");

@@ -1,7 +1,6 @@
 #include "shell/rsm_form.h"
 
 #include <QApplication>
-#include <QCheckBox>
 #include <QInputDialog>
 #include <QLabel>
 #include <QMenuBar>
@@ -9,12 +8,13 @@
 #include <QScreen>
 #include <QTimer>
 
+#include <stdexcept>
+
 #include "league/load_steps.h"
 #include "shell/loading.h"
+#include "shell/menu_tree.h"
 #include "shell/window_icon.h"
-#include "tests/support/damage.h"
 #include "tests/support/main_window.h"
-#include "toolkit/drop_down_list.h"
 #include "toolkit/qt_strings.h"
 #include "toolkit/text_box.h"
 
@@ -43,17 +43,14 @@ QString Described(const QList<QAction*>& items) {
 TEST_F(MainForm, TheMenuOffersWhatCanBePickedAndNamesTheTeams) {
   const QString menu =
       "mFilE=&File {[mFilUnloadROM=&Unload ROM Ctrl+W], mFilLoadROM=&Load ROM... Ctrl+O, "
-      "[mFilSaveROM=&Save ROM Ctrl+S], mFilB1, mnuFileRecentFiles=&Recent Files "
-      "{mnuFileRecent(0)=&1 /a.nes}, "
-      "mnuFileB2, mFilExit=&Exit Ctrl+Q}, "
-      "mView=&Edit {[mnuEditGameSettings=&Game Settings Ctrl+6], mDatB1, [mViePlayerData=&Players "
-      "Ctrl+1], "
-      "[mVieTeamData=&Teams Ctrl+2], mnuEditB2, [mSchEdit=&Schedule Ctrl+3], [mDatProbowl=Pro&bowl "
-      "Roster Ctrl+5], "
-      "mnuEditB3, <mnuEditUndo=&Undo Ctrl+Z>, <mnuEditRedo=&Redo Ctrl+Shift+Z>}, "
+      "[mFilSaveROM=&Save ROM Ctrl+S], mFilB1, "
+      "mnuFileRecentFiles=&Recent Files {mnuFileRecent(0)=&1 /a.nes}, mnuFileB2, "
+      "mFilExit=&Exit Ctrl+Q}, mView=&Edit {[mnuEditGameSettings=&Game Settings Ctrl+6], mDatB1, "
+      "[mViePlayerData=&Players Ctrl+1], [mVieTeamData=&Teams Ctrl+2], mnuEditB2, "
+      "[mSchEdit=&Schedule Ctrl+3], [mDatProbowl=Pro&bowl Roster Ctrl+5], mnuEditB3, "
+      "<mnuEditUndo=&Undo Ctrl+Z>, <mnuEditRedo=&Redo Ctrl+Shift+Z>}, "
       "mView1=&View {[mVieLeaders=&Leaders Ctrl+4], [mSchView=&Schedule {mSchVieAll=&League, "
-      "mSchVieB1, "
-      "mSchVieAFC=&AFC {"
+      "mSchVieB1, mSchVieAFC=&AFC {"
       "mSchVieAFCEast=&East {mAFCe1=%1, mAFCe2=%2, mAFCe3=%3, mAFCe4=%4, mAFCe5=%5}, "
       "mSchVieAFCCentral=&Central {mAFCc1=%6, mAFCc2=%7, mAFCc3=%8, mAFCc4=%9}, "
       "mSchVieAFCWest=&West {mAFCw1=%10, mAFCw2=%11, mAFCw3=%12, mAFCw4=%13, mAFCw5=%14}}, "
@@ -62,14 +59,11 @@ TEST_F(MainForm, TheMenuOffersWhatCanBePickedAndNamesTheTeams) {
       "mVieNFCCentral=&Central {mNFCc1=%20, mNFCc2=%21, mNFCc3=%22, mNFCc4=%23, mNFCc5=%24}, "
       "mViewNFCWest=&West {mNFCw1=%25, mNFCw2=%26, mNFCw3=%27, mNFCw4=%28}}}]}, "
       "mTools=&Tools {[mToolPlayers=All &Players Ctrl+F], [mToolCheck=&Check League], "
-      "[mToolCompare=Co&mpare With...], "
-      "[mToolMerge=Mer&ge With...], [mToolPatch=Make Patc&h...], mnuToolB1, "
-      "[mToolPlay=Pla&y F5], mToolEmulator=Choose &Emulator..., mnuToolB2, "
-      "[mToolVersions=Earlier &Versions], "
-      "<mToolUnsaved=Bring Back &Unsaved Changes>}, "
+      "[mToolCompare=Co&mpare With...], [mToolMerge=Mer&ge With...], [mToolPatch=Make Patc&h...], "
+      "mnuToolB1, [mToolPlay=Pla&y F5], mToolEmulator=Choose &Emulator..., mnuToolB2, "
+      "[mToolVersions=Earlier &Versions], <mToolUnsaved=Bring Back &Unsaved Changes>}, "
       "mWindow=&Window {<mWinTile=&Tile>, <mWinCascade=&Cascade>, <mWinCloseAll=Close &All>, "
-      "mWinB1}, "
-      "mHelp=&Help {mHelAbout=&About}";
+      "mWinB1}, mHelp=&Help {mHelAbout=&About}";
   const auto expect_menu = [&](bool loaded) {
     QString expected = menu;
     if (loaded) expected.remove('[').remove(']');
@@ -164,19 +158,15 @@ TEST_F(MainForm, ARejectedFileOrACancelLeavesPathStatusAndLeagueInUse) {
   Load(path_);
   WriteFile(folder_.Path("other.nes"), std::string("not an image"));
   const LeagueData before = LeagueOf(session_);
-  for (const std::string name : {"other.nes", "missing.nes", ""}) {
-    if (!name.empty()) {
-      OnNextDialog([](QDialog& dialog) {
-        auto& box = dynamic_cast<QMessageBox&>(dialog);
-        EXPECT_EQ(box.text(), "Not a valid ROM file!");
-        EXPECT_EQ(box.windowTitle(), "Error");
-        EXPECT_EQ(box.icon(), QMessageBox::Warning);
-        box.accept();
-      });
-      EXPECT_FALSE(window_.OpenImageFile(folder_.Path(name)));
-    } else {
-      Load("");
-    }
+  for (const char* name : {"other.nes", "missing.nes"}) {
+    OnNextDialog([](QDialog& dialog) {
+      auto& box = dynamic_cast<QMessageBox&>(dialog);
+      EXPECT_EQ(box.text(), "Not a valid ROM file!");
+      EXPECT_EQ(box.windowTitle(), "Error");
+      EXPECT_EQ(box.icon(), QMessageBox::Warning);
+      box.accept();
+    });
+    EXPECT_FALSE(window_.OpenImageFile(folder_.Path(name)));
     EXPECT_EQ(session_.ImagePath, path_);
     EXPECT_EQ(Status().toStdString(), path_);
     EXPECT_EQ(LeagueOf(session_), before);
@@ -184,6 +174,7 @@ TEST_F(MainForm, ARejectedFileOrACancelLeavesPathStatusAndLeagueInUse) {
   }
   EXPECT_FALSE(std::filesystem::exists(folder_.Path("missing.nes")));
 }
+
 TEST_F(MainForm, UnloadAsksAndClosesTheViewers) {
   const auto unload = [this](const std::function<void(QDialog&)>& answer) {
     OnNextDialog(answer);
@@ -207,38 +198,19 @@ TEST_F(MainForm, UnloadAsksAndClosesTheViewers) {
   EXPECT_EQ(session_.ImagePath, path_);
 }
 
-TEST_F(MainForm, AChangeOfOnePlayerMovesItsOwnBytesAndNoOthers) {
+TEST_F(MainForm, ASavedChangeIsThereAfterTheNextLoad) {
   Load(path_);
   Pick("mViePlayerData");
-  auto& teams = Find<DropDownList>(Form("ViewPlayer"), "cmbTeam");
-  teams.SetListIndex(teams.findText("HARBORTON SPARROWS"));
-  Find<DropDownList>(Form("ViewPlayer"), "cmbPosition").SetListIndex(2);
   Press("ViewPlayer", "btnEdit");
-  const QWidget& editor = Form("EditPlayer");
-  Find<TextBox>(editor, "txtPlayer").setText("sid TESTER");
-  Find<QCheckBox>(editor, "chkKick").setChecked(false);
-  const auto save = [this] {
-    Press("EditPlayer", "btnSavePlayer");
-    // Enter means Yes.
-    OnNextDialog([](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });
-    Item("mFilSaveROM").trigger();
-    return FileBytes(path_);
-  };
-  const auto before = save();
-  Press("ViewPlayer", "btnEdit");
-  Find<TextBox>(editor, "txtPlayer").setText("tid TESTES");
-  Find<QPushButton>(editor, "btnPlus(4)").click();
-  Find<QCheckBox>(editor, "chkKick").setChecked(true);
-  const auto after = save();
-  const int entry = (before[0x4C] | before[0x4D] << 8) - 0x7FF0;
-  EXPECT_EQ(DifferingOffsets(before, after),
-            (std::vector<int>{entry + 1, entry + 9, 0x301D, 0x239D3, 0x328D3}));
-  EXPECT_EQ(std::string(after.begin() + entry + 1, after.begin() + entry + 10), "tidTESTES");
-  EXPECT_EQ(after[0x239D3] >> 4, 2);
-  EXPECT_EQ(after[0x328D3], after[0x239D3]);
+  Find<TextBox>(Form("EditPlayer"), "txtPlayer").setText("tid TESTES");
+  Press("EditPlayer", "btnSavePlayer");
+  // Enter means Yes.
+  OnNextDialog([](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Return); });
+  Item("mFilSaveROM").trigger();
   const LeagueData changed = LeagueOf(session_);
   Load(path_);
   EXPECT_EQ(LeagueOf(session_), changed);
+  EXPECT_NE(FileBytes(path_), SampleBytes());
 }
 
 TEST_F(MainForm, AMissingPaletteIsAskedForAndABlankAnswerEndsTheProgram) {
@@ -259,6 +231,32 @@ TEST_F(MainForm, AMissingPaletteIsAskedForAndABlankAnswerEndsTheProgram) {
   EXPECT_FALSE(window_.OpenImageFile(path_));
   EXPECT_FALSE(window_.isVisible());
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+}
+
+TEST(MenuTree, RefusesRowsWithoutParentNameOfTheirOwnOrHandler) {
+  const auto nothing = [](int) {};
+  const MenuRow menu{"mTest", "&Test", "", MenuRow::Kind::Menu};
+  const MenuRow good{"mOne", "&One", "mTest", MenuRow::Kind::Command, nothing};
+  using Kind = MenuRow::Kind;
+  for (const auto& [row, fault] :
+       {std::pair{MenuRow{"mTwo", "", "mTset", Kind::Command, nothing}, "it names an unknown menu"},
+        {MenuRow{"mTwo", "", "mOne", Kind::Separator}, "it names an unknown menu"},
+        {MenuRow{"mTwo", "", "", Kind::Command, nothing}, "it names an unknown menu"},
+        {MenuRow{"mOne", "", "mTest", Kind::Command, nothing}, "the name is used twice"},
+        {MenuRow{"mTwo", "", "mTest"}, "it has no handler"}}) {
+    QMenuBar bar;
+    try {
+      MenuTree().Build(bar, {menu, good, row});
+      ADD_FAILURE() << fault;
+    } catch (const std::logic_error& error) {
+      EXPECT_EQ(error.what(), "menu item " + row.Name.toStdString() + ": " + fault);
+    }
+  }
+  QMenuBar bar;
+  MenuTree tree;
+  tree.Build(bar, {menu, good});
+  EXPECT_EQ(tree.Item("mOne")->text(), "&One");
+  EXPECT_THROW(tree.Item("mOen"), std::logic_error);
 }
 
 }  // namespace

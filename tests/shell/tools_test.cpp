@@ -1,11 +1,10 @@
-#include <QFileDialog>
 #include <QInputDialog>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMessageBox>
 #include <QTreeWidget>
 
 #include "exchange/patch.h"
+#include "shell/emulator.h"
 #include "tests/support/main_window.h"
 #include "toolkit/drop_down_list.h"
 
@@ -26,7 +25,7 @@ class Tools : public MainWindow {
     return Find<QLabel>(Form(form), label).text();
   }
   /// All lines of a list, those of a group indented; a ticked one with a star.
-  QStringList Lines(const QString& form, const QString& name) {
+  std::string Lines(const QString& form, const QString& name) {
     QStringList lines;
     QTreeWidget& list = List(form, name);
     const auto text_of = [&](const QTreeWidgetItem& item) {
@@ -45,7 +44,7 @@ class Tools : public MainWindow {
         if (!group.child(line)->isHidden()) lines << "  " + text_of(*group.child(line));
       }
     }
-    return lines;
+    return lines.join('\n').toStdString();
   }
   void Select(QTreeWidget& list, const QString& text) {
     const auto found = list.findItems(text, Qt::MatchContains | Qt::MatchRecursive);
@@ -69,8 +68,7 @@ TEST_F(Tools, TheCheckFollowsTheLeagueAndLeadsToEachScreen) {
   EXPECT_EQ(Text("frmCheckLeague", "lblSummary"), "14 findings");
   QTreeWidget& list = List("frmCheckLeague", "lstFindings");
   EXPECT_TRUE(Lines("frmCheckLeague", "lstFindings")
-                  .join('\n')
-                  .startsWith("Weeks: 14\n  Week 3, without a game: ROOKS"));
+                  .starts_with("Weeks: 14\n  Week 3, without a game: ROOKS"));
   session_.Change("oddities", [](LeagueData& league) {
     for (ScheduleWeek& week : league.ScheduleData) week = league.ScheduleData[0];
     league.TeamData[2].Abbreviation = league.TeamData[1].Abbreviation;
@@ -85,7 +83,7 @@ TEST_F(Tools, TheCheckFollowsTheLeagueAndLeadsToEachScreen) {
     league.ProbowlData[2][30].Team = 29;
   });
   EXPECT_EQ(Text("frmCheckLeague", "lblSummary"), "16 findings");
-  EXPECT_EQ(Lines("frmCheckLeague", "lstFindings").join('\n').toStdString(),
+  EXPECT_EQ(Lines("frmCheckLeague", "lstFindings"),
             R"(Teams with the same name: 1
   Teams 1 and 2 have the same abbreviation, "HARB"
 Names that the next load would not give back: 1
@@ -145,9 +143,10 @@ TEST_F(Tools, WhatIsTickedIsTakenAsOneStep) {
   Compare(OtherImage({{0x6DA, 0x77}, {0x3013, 0x91}, {0x1FD7C, 'B'}}));
   EXPECT_EQ(Form("frmCompare").windowTitle(), "Compare");
   EXPECT_EQ(Text("frmCompare", "lblOther"), "The league here, and that of other.nes");
-  const QStringList lines{
-      "SPARROWS", "  City | HARBORTON | BARBORTON", "  QB 1 sam PLOVER: Number | 01 | 77",
-      "  QB 1 sam PLOVER: Passing Speed | 44 | 63", "  QB 1 sam PLOVER: Pass Control | 44 | 13"};
+  const std::string city = "SPARROWS\n  City | HARBORTON | BARBORTON";
+  const std::string control = "\n  QB 1 sam PLOVER: Pass Control | 44 | 13";
+  const std::string lines = city + "\n  QB 1 sam PLOVER: Number | 01 | 77" +
+                            "\n  QB 1 sam PLOVER: Passing Speed | 44 | 63" + control;
   EXPECT_EQ(Lines("frmCompare", "lstChanges"), lines);
   EXPECT_EQ(Text("frmCompare", "lblCount"), "4 differences");
   auto& take = Find<QPushButton>(Form("frmCompare"), "btnTake");
@@ -170,7 +169,7 @@ TEST_F(Tools, WhatIsTickedIsTakenAsOneStep) {
   EXPECT_EQ(Item("mnuEditUndo").text(), "&Undo Take 2 Changes from other.nes");
   EXPECT_FALSE(take.isEnabled());
   Find<QLineEdit>(Form("frmCompare"), "txtFilter").clear();
-  EXPECT_EQ(Lines("frmCompare", "lstChanges"), (QStringList{lines[0], lines[1], lines[4]}));
+  EXPECT_EQ(Lines("frmCompare", "lstChanges"), city + control);
   Select(list, "Pass Control");
   Press("frmCompare", "btnShow");
   EXPECT_EQ(Find<DropDownList>(Form("ViewPlayer"), "cmbPosition").Text(), "QB 1");
@@ -203,24 +202,16 @@ TEST_F(Tools, OtherKindsOfFilesAreComparedAndBadOnesAreToldOf) {
   WriteFile(folder_.Path("a.csv"), std::string("Team,Slot,Number\n1,1,77\n"));
   for (const char* name : {"a.ips", "a.json", "a.csv"}) {
     Compare(QString::fromStdString(folder_.Path(name)));
-    EXPECT_EQ(Lines("frmCompare", "lstChanges").join('\n').toStdString(),
-              "SPARROWS\n  QB 1 sam PLOVER: Number | 01 | 77")
-        << name;
+    EXPECT_EQ(Lines("frmCompare", "lstChanges"), "SPARROWS\n  QB 1 sam PLOVER: Number | 01 | 77");
     Press("frmCompare", "btnOK");
   }
   WriteFile(folder_.Path("bad.csv"), std::string("Team,Slot,Number\n1,1,777\n"));
   const auto told_of = [this](const std::string& file) {
-    std::string told;
-    OnNextDialog([&](QDialog& dialog) {
-      dynamic_cast<QFileDialog&>(dialog).selectFile(QString::fromStdString(folder_.Path(file)));
-      OnNextDialog([&](QDialog& box) {
-        told = dynamic_cast<QMessageBox&>(box).text().toStdString();
-        box.accept();
-      });
-      dialog.accept();
-    });
+    QString told;
+    AnswerNextFileDialog(QString::fromStdString(folder_.Path(file)));
+    AnswerNextMessage("OK", &told);
     Pick("mToolCompare");
-    return told;
+    return told.toStdString();
   };
   EXPECT_EQ(told_of("bad.csv"),
             folder_.Path("bad.csv") +
@@ -249,7 +240,7 @@ TEST_F(Tools, AMergeTicksWhatOnlyTheOthersChanged) {
   });
   Pick("mToolMerge");
   EXPECT_EQ(Form("frmCompare").windowTitle(), "Merge");
-  EXPECT_EQ(Lines("frmCompare", "lstChanges").join('\n').toStdString(),
+  EXPECT_EQ(Lines("frmCompare", "lstChanges"),
             "SPARROWS\n  *City | HARBORTON | BARBORTON\n  QB 1 sam PLOVER: Number | 55 | 77 "
             "  (both changed it)");
   QTreeWidgetItem& group = *List("frmCompare", "lstChanges").topLevelItem(0);
@@ -280,6 +271,96 @@ TEST_F(Tools, APatchHoldsWhatIsInMemory) {
                   [](LeagueData& league) { league.TeamData[1].City = std::string(999, 'A'); });
   AnswerNextMessage("OK");
   Pick("mToolPatch");
+}
+
+TEST(Emulator, TheFileTakesItsPlaceInTheCommandLine) {
+  EXPECT_EQ(CallOf("fceux", "/a b.nes"), (EmulatorCall{"fceux", {"/a b.nes"}}));
+  EXPECT_EQ(CallOf("\"/opt/my emu\" -x \"--rom=%f\" y", "/a.nes"),
+            (EmulatorCall{"/opt/my emu", {"-x", "--rom=/a.nes", "y"}}));
+  EXPECT_EQ(CallOf("  ", "/a.nes"), std::nullopt);
+}
+
+TEST(Emulator, TheFirstUsualOneThatIsInstalledIsTaken) {
+  const TempFolder folder;
+  const QStringList cores{QString::fromStdString(folder.Path())};
+  QStringList installed{"retroarch"};
+  const auto find = [&](const QString& name) {
+    return installed.contains(name) ? "/bin/" + name : QString();
+  };
+  EXPECT_EQ(UsualEmulator(find, cores), "") << "retroarch needs a core";
+  WriteFile(folder.Path("fceumm_libretro.so"), std::string());
+  EXPECT_EQ(UsualEmulator(find, cores),
+            "\"/bin/retroarch\" -L \"" + cores[0] + "/fceumm_libretro.so\" %f");
+  installed << "nestopia"
+            << "mednafen";
+  EXPECT_EQ(UsualEmulator(find, cores), "\"/bin/mednafen\"");
+}
+
+class Play : public Tools {
+ protected:
+  Play() { qputenv("XDG_CACHE_HOME", QByteArray::fromStdString(folder_.Path("cache"))); }
+  ~Play() override { qunsetenv("XDG_CACHE_HOME"); }
+
+  void Choose(const QString& command) {
+    OnNextDialog([command](QDialog& dialog) {
+      dynamic_cast<QInputDialog&>(dialog).setTextValue(command);
+      dialog.accept();
+    });
+    Pick("mToolEmulator");
+  }
+};
+
+TEST_F(Play, TheEmulatorGetsTheLeagueAsItIsInMemory) {
+  const std::string played = folder_.Path("played.nes");
+  WriteFile(folder_.Path("emulator.sh"), "#!/bin/sh\ncp \"$2\" '" + played + ".new' && mv '" +
+                                             played + ".new' '" + played + "'\n");
+  std::filesystem::permissions(folder_.Path("emulator.sh"), std::filesystem::perms::owner_all);
+  Choose("\"" + QString::fromStdString(folder_.Path("emulator.sh")) + "\" --game");
+  session_.Change("a number",
+                  [](LeagueData& league) { league.NameData[1][1].JerseyNumber = "77"; });
+  Pick("mToolPlay");
+  ASSERT_TRUE(QTest::qWaitFor([&] { return std::filesystem::exists(played); }));
+  EXPECT_EQ(FileBytes(played)[0x6DA], 0x77);
+  EXPECT_EQ(FileBytes(path_), SampleBytes()) << "the image itself is not written";
+  EXPECT_EQ(settings_.value("Emulator/Program").toString(),
+            "\"" + QString::fromStdString(folder_.Path("emulator.sh")) + "\" --game");
+}
+
+TEST_F(Play, WhatCanNotBePlayedIsTold) {
+  Choose("/no/such/emulator");
+  QString told;
+  const auto listen = [&] {
+    AnswerNextMessage("OK", &told);
+    Pick("mToolPlay");
+  };
+  listen();
+  EXPECT_TRUE(told.startsWith("/no/such/emulator could not be started: ")) << told.toStdString();
+  EXPECT_TRUE(told.endsWith(".\n\nTools > Choose Emulator sets another program."));
+  std::filesystem::remove_all(folder_.Path("cache"));
+  WriteFile(folder_.Path("cache"), std::string("no folder"));
+  listen();
+  EXPECT_EQ(told.toStdString(), "The copy to play could not be written: Not a directory.");
+  session_.Change("a long city",
+                  [](LeagueData& league) { league.TeamData[1].City = std::string(999, 'A'); });
+  listen();
+  EXPECT_TRUE(told.startsWith("The teams' cities and names are too long for the image"))
+      << told.toStdString();
+}
+
+TEST_F(Play, WithoutAnEmulatorOneIsAskedFor) {
+  window_.FindEmulator = [](const QString&) { return QString(); };
+  const QByteArray path = qgetenv("PATH");
+  qputenv("PATH", QByteArray::fromStdString(folder_.Path()));  // where no desktop's tool is
+  QString asked;
+  OnNextDialog([&](QDialog& dialog) {
+    asked = dialog.windowTitle();
+    dialog.reject();
+  });
+  Pick("mToolPlay");
+  qputenv("PATH", path);
+  EXPECT_EQ(asked, "Choose Emulator");
+  EXPECT_FALSE(std::filesystem::exists(folder_.Path("cache")));
+  EXPECT_FALSE(settings_.contains("Emulator/Program"));
 }
 
 }  // namespace

@@ -8,10 +8,9 @@
 #include "toolkit/printer_choice.h"
 
 namespace rostermill::test {
-
 namespace {
 
-TEST(PrintLines, PagesFollowThePaperAndNarrowPaperTakesSmallerLetters) {
+TEST(PrintLines, PagesFollowThePaperAndNarrowPaperTakesSmallerLettersAndFailuresAreReported) {
   const auto pages = [](QSizeF paper, int count, int length) {
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
@@ -32,9 +31,7 @@ TEST(PrintLines, PagesFollowThePaperAndNarrowPaperTakesSmallerLetters) {
   for (const double height : {21, 22, 23, 24}) {
     EXPECT_EQ(pages(QSizeF(210, height), 6, 68), 6) << "a page as high as one line takes one line";
   }
-}
 
-TEST(PrintLines, AFailingDeviceIsReported) {
   QPdfWriter writer("/no such folder/list.pdf");
   EXPECT_EQ(PrintLines(writer, {"a line"}).Failure, "the printer could not be started.");
 }
@@ -58,5 +55,4 @@ TEST(Printers, TakesTheDefaultOrTheOnlyPrinterAndOtherwiseNamesThem) {
 }
 
 }  // namespace
-
 }  // namespace rostermill::test

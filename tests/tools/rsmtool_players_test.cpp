@@ -282,7 +282,7 @@ TEST_F(RsmtoolPlayers, AFileWithOneErrorIsTurnedAway) {
       {"Team,Face\n1,2\n", "line 1: the column \"Slot\" or \"Position\" is missing\n"},
       {"Team,Slot\n1,\"1\n", "line 2, column 2: a quote is opened and never closed\n"},
       {"Team,Slot\n1,\"1\"x\n", "line 2, column 2: there is text after a closing quote\n"},
-      {"Team,Slot,Kick Returner\n1,9,yes\n1,8,1\n",
+      {"Team,Slot,Kick Returner\n1,9,yes\n1,8,1\n2,9,yes\n",
        "line 3, column 3 (Kick Returner), SPARROWS: line 2 names another of the same team\n"},
       {"Team,Slot,Punt Returner\n1,6,no\n",
        "line 2, column 3 (Punt Returner), SPARROWS: this leaves the team without one; say yes for "

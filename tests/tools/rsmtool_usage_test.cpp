@@ -28,9 +28,6 @@ TEST_F(RsmtoolUsage, AWrongCallIsOneLineAndTwo) {
   const std::vector<std::pair<QStringList, std::string>> calls{
       {{}, "no command is given; see rsmtool --help"},
       {{"chek", a}, "there is no command \"chek\"; see rsmtool --help"},
-      {{"check"}, "check needs a file; see rsmtool check --help"},
-      {{"diff", a}, "diff needs two files; see rsmtool diff --help"},
-      {{"restore", a}, "restore needs a file and a version's number; see rsmtool restore --help"},
       {{"restore", a, "1", "b.nes", "c.nes"},
        "restore takes no file c.nes; see rsmtool restore --help"},
       {{"export-players", "--no-version", a},
@@ -44,6 +41,24 @@ TEST_F(RsmtoolUsage, AWrongCallIsOneLineAndTwo) {
        "import-players needs the image as a file that it can change"},
       {{"merge", a, "-", a}, "merge needs the image as a file that it can change"}};
   for (const auto& [arguments, line] : calls) ExpectMessage(arguments, 2, line);
+  const std::vector<std::tuple<QStringList, int, QString>> needs{
+      {{"check", "dump", "versions", "export-players", "export-teams", "export-schedule"},
+       1,
+       "a file"},
+      {{"apply", "diff", "resave", "import-players", "import-teams", "import-schedule",
+        "apply-patch"},
+       2,
+       "two files"},
+      {{"find"}, 2, "a file and words"},
+      {{"restore"}, 2, "a file and a version's number"},
+      {{"merge"}, 3, "three images"},
+      {{"make-patch"}, 3, "two images and the patch's name"}};
+  for (const auto& [commands, count, what] : needs) {
+    for (const QString& command : commands) {
+      const QString line = command + " needs " + what + "; see rsmtool " + command + " --help";
+      ExpectMessage(QStringList{command} + QStringList(count - 1, a), 2, line.toStdString());
+    }
+  }
   EXPECT_EQ(BytesOf(a), SampleBytes());
 }
 

@@ -1,13 +1,9 @@
 #include <QLabel>
 #include <QMdiSubWindow>
-#include <QPushButton>
-#include <QTest>
-#include <gtest/gtest.h>
 
 #include "rules/display_text.h"
 #include "screens/probowl/probowl_form.h"
-#include "tests/support/dialogs.h"
-#include "tests/support/sample.h"
+#include "tests/screens/screen_fixture.h"
 #include "toolkit/control_array.h"
 #include "toolkit/drop_down_list.h"
 #include "toolkit/qt_strings.h"
@@ -29,50 +25,42 @@ constexpr LabelRow label_rows[] = {
     {"lblLB", 4, 21, 4, 21}, {"lblDB", 4, 25, 4, 25}, {"lblK", 2, 29, 2, 29}};
 
 /// The sample league with the small window open and the roster of the first side beside it.
-class ProbowlTest : public testing::Test {
+class ProbowlTest : public ScreenTest {
  protected:
-  ProbowlTest() : session(SampleSession()) {
-    area.resize(1000, 800);
-    area.show();
-    OpenForm();
+  ProbowlTest() {
+    area_.resize(1000, 800);
+    area_.show();
+    area_.OpenOrRaise(form, [this] { return new frmProbowl(*session_); });
     Press(*form, "btnAFCroster");
   }
-  ~ProbowlTest() override { EXPECT_EQ(DialogsStillExpected(), 0); }
 
-  void OpenForm() {
-    area.OpenOrRaise(form, [this] { return new frmProbowl(*session); });
-  }
   static void Press(QWidget& window, const QString& button) {
     Find<QPushButton>(window, button).click();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
-  QList<QWidget*> Rosters() const { return area.findChildren<QWidget*>("frmRoster"); }
-  QWidget& Roster() const { return Find<QWidget>(area, "frmRoster"); }
+  QList<QWidget*> Rosters() const { return area_.findChildren<QWidget*>("frmRoster"); }
+  QWidget& Roster() const { return Find<QWidget>(area_, "frmRoster"); }
   QLabel& Label(const QString& name) const { return Find<QLabel>(Roster(), name); }
   std::string Name(const QString& label) const { return ToUtf8(Label(label).text()); }
   void LeftClick(const QString& label) { QTest::mouseClick(&Label(label), Qt::LeftButton); }
-  ProbowlRec& Place(int side, int place) { return LeagueOf(*session).ProbowlData[side][place]; }
+  ProbowlRec& Place(int side, int place) { return League().ProbowlData[side][place]; }
   void SetName(int team, int slot, const std::string& first, const std::string& last) {
-    LeagueOf(*session).NameData[team][slot] = {first, last, "00"};
+    League().NameData[team][slot] = {first, last, "00"};
   }
-  /// The entries that a list should have for the teams, or for the slots of a team.
-  QStringList Teams(int first, int last) const {
+  /// The entries that a list should have for the second side's teams, or for the slots of a team.
+  QStringList Teams() const {
     QStringList texts;
-    for (int team = first; team <= last; ++team) {
-      texts << FromLatin1(TeamListText(LeagueOf(*session), team));
-    }
+    for (int team = 15; team <= 28; ++team) texts << FromLatin1(TeamListText(League(), team));
     return texts;
   }
   QStringList Players(int team, int first, int last) const {
     QStringList texts;
     for (int slot = first; slot <= last; ++slot) {
-      texts << FromLatin1(PlayerFullText(LeagueOf(*session), team, slot));
+      texts << FromLatin1(PlayerFullText(League(), team, slot));
     }
     return texts;
   }
 
-  std::unique_ptr<LeagueSession> session;
-  ChildArea area;
   QPointer<frmProbowl> form;
 };
 
@@ -107,11 +95,11 @@ TEST_F(ProbowlTest, EveryLabelShowsItsPlaceAndFillsItFromItsGroup) {
       const int place = row.FirstPlace + index;
       EXPECT_EQ(Name(label), "place" + std::to_string(place) + " OLD");
       SetName(16, last_slot, "last", "LISTED");
-      auto expected = LeagueOf(*session).ProbowlData;
+      auto expected = League().ProbowlData;
       expected[2][place] = {16, static_cast<std::int16_t>(last_slot)};
       OnNextDialog([&](QDialog& chooser) {
         auto& players = Find<DropDownList>(chooser, "cmbPlayer");
-        ExpectListed(chooser, "cmbTeam", Teams(15, 28));
+        ExpectListed(chooser, "cmbTeam", Teams());
         ExpectListed(chooser, "cmbPlayer", Players(15, row.BaseSlot, last_slot));
         players.SetListIndex(1);
         Find<DropDownList>(chooser, "cmbTeam").SetListIndex(1);
@@ -120,7 +108,7 @@ TEST_F(ProbowlTest, EveryLabelShowsItsPlaceAndFillsItFromItsGroup) {
         Find<QPushButton>(chooser, "btnOK").click();
       });
       LeftClick(label);
-      EXPECT_TRUE(LeagueOf(*session).ProbowlData == expected) << ToUtf8(label);
+      EXPECT_TRUE(League().ProbowlData == expected) << ToUtf8(label);
       EXPECT_EQ(Name(label), "last LISTED");
     }
   }
@@ -144,16 +132,13 @@ TEST_F(ProbowlTest, ArrowKeysWalkThePlacesOfAllGroups) {
   }
 }
 
-TEST_F(ProbowlTest, OtherMouseButtonsOpenNothing) {
+TEST_F(ProbowlTest, EnterAndSpaceOpenAPlaceButOtherMouseButtonsDoNot) {
   for (const auto button : {Qt::RightButton, Qt::MiddleButton}) {
     OnNextDialog([](QDialog& chooser) { chooser.reject(); });
     QTest::mouseClick(&Label("lblWR(2)"), button);
     QTest::qWait(20);
     EXPECT_EQ(DialogsStillExpected(), 1);
   }
-}
-
-TEST_F(ProbowlTest, EnterAndSpaceOpenAPlaceAndLeaveTheFormOpen) {
   for (const auto key : {Qt::Key_Space, Qt::Key_Return, Qt::Key_Enter}) {
     Place(1, 13) = {1, 13};
     PickInNextChooser(1, 1);
@@ -164,22 +149,16 @@ TEST_F(ProbowlTest, EnterAndSpaceOpenAPlaceAndLeaveTheFormOpen) {
 }
 
 TEST_F(ProbowlTest, LeavingTheChooserWithoutOkStoresNothingAndRedraws) {
-  const std::function<void(QDialog&)> exits[] = {
-      [](QDialog& chooser) { Find<QPushButton>(chooser, "btnCancel").click(); },
-      [](QDialog& chooser) { QTest::keyClick(&chooser, Qt::Key_Escape); },
-      [](QDialog& chooser) { chooser.close(); }};
-  int turn = 0;
-  for (const auto& leave : exits) {
-    const auto before = LeagueOf(*session).ProbowlData;
-    session->ChosenTeam = 7;
-    const ProbowlRec shown = Place(1, 8);
-    const std::string first = "turn" + std::to_string(++turn);
-    SetName(shown.Team, shown.Slot, first, "NEW");
-    OnNextDialog(leave);
-    LeftClick("lblTE(0)");
-    EXPECT_TRUE(LeagueOf(*session).ProbowlData == before) << turn;
-    EXPECT_EQ(Name("lblWR(1)"), first + " NEW");
-  }
+  const auto before = League().ProbowlData;
+  session_->ChosenTeam = 7;
+  SetName(Place(1, 8).Team, Place(1, 8).Slot, "turn", "NEW");
+  OnNextDialog([](QDialog& chooser) { QTest::keyClick(&chooser, Qt::Key_Escape); });
+  LeftClick("lblTE(0)");
+  EXPECT_TRUE(League().ProbowlData == before);
+  EXPECT_EQ(Name("lblWR(1)"), "turn NEW");
+  OnNextDialog([](QDialog& chooser) { Find<QPushButton>(chooser, "btnCancel").click(); });
+  LeftClick("lblTE(0)");
+  EXPECT_TRUE(League().ProbowlData == before);
 }
 
 TEST_F(ProbowlTest, APlaceThatNamesNoPlayerSaysSoAndKeepsItsEntry) {
@@ -194,28 +173,14 @@ TEST_F(ProbowlTest, APlaceThatNamesNoPlayerSaysSoAndKeepsItsEntry) {
   for (const int i : {0, 1, 3, 4}) EXPECT_EQ(Place(1, 13 + i), odd[i]);
 }
 
-TEST_F(ProbowlTest, ASideButtonTurnsTheOpenRosterAtOnce) {
-  const auto other = Place(2, 1);
+TEST_F(ProbowlTest, ASideButtonTurnsTheOpenRosterAtOnceAndTheSmallWindowClosesIt) {
   Press(*form, "btnNFCroster");
-  Press(*form, "btnAFCroster");
   SetName(1, 2, "south", "SIDE");
   Place(1, 1) = {1, 2};
   Press(*form, "btnAFCroster");
   EXPECT_EQ(Rosters().size(), 1);
-  EXPECT_EQ(Name("lblSide"), "AFC Roster");
   EXPECT_EQ(Name("lblQB(0)"), "south SIDE");
-  EXPECT_EQ(area.activeSubWindow()->widget(), &Roster());
-  OnNextDialog([&](QDialog& chooser) {
-    ExpectListed(chooser, "cmbTeam", Teams(1, 14));
-    Find<DropDownList>(chooser, "cmbTeam").SetListIndex(13);
-    Find<QPushButton>(chooser, "btnOK").click();
-  });
-  LeftClick("lblQB(0)");
-  EXPECT_EQ(Place(1, 1), (ProbowlRec{14, 1}));
-  EXPECT_EQ(Place(2, 1), other);
-}
-
-TEST_F(ProbowlTest, ClosingTheSmallWindowClosesTheRosterTooAndBothOpenAgain) {
+  EXPECT_EQ(area_.activeSubWindow()->widget(), &Roster());
   Press(Roster(), "btnOK");
   EXPECT_TRUE(Rosters().isEmpty());
   ASSERT_TRUE(form);
@@ -224,16 +189,6 @@ TEST_F(ProbowlTest, ClosingTheSmallWindowClosesTheRosterTooAndBothOpenAgain) {
   Press(*form, "btnOK");
   EXPECT_FALSE(form);
   EXPECT_TRUE(Rosters().isEmpty());
-
-  OpenForm();
-  Press(*form, "btnAFCroster");
-  form->parentWidget()->close();
-  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  EXPECT_TRUE(Rosters().isEmpty());
-
-  OpenForm();
-  Press(*form, "btnOK");
-  EXPECT_FALSE(form);
 }
 
 TEST_F(ProbowlTest, NamesWithMarkupOrWithoutEndAreShownAsTheyAreAndKeepTheFormsSize) {

@@ -1,40 +1,35 @@
 #include "screens/settings/game_settings_form.h"
 
-#include <QPushButton>
-#include <QTest>
-#include <gtest/gtest.h>
-
-#include "tests/support/dialogs.h"
-#include "tests/support/sample.h"
+#include "tests/screens/screen_fixture.h"
 #include "tests/support/typing.h"
 #include "toolkit/qt_strings.h"
 
 namespace rostermill::test {
 namespace {
 
-class GameSettingsFormTest : public testing::Test {
+class GameSettingsFormTest : public ScreenTest {
  protected:
   GameSettingsFormTest() {
     SetTexts("1991", "XFL", "N  ", "\x41\xC9 ");
-    area.resize(600, 500);
-    area.show();
-    QApplication::setActiveWindow(&area);
+    area_.resize(600, 500);
+    area_.show();
+    QApplication::setActiveWindow(&area_);
     Open();
   }
 
   void Open() {
-    area.OpenOrRaise(form, [this] { return new frmEditGameSettings(session); });
+    area_.OpenOrRaise(form, [this] { return new frmEditGameSettings(*session_); });
   }
   void SetTexts(const std::string& year, const std::string& a, const std::string& b,
                 const std::string& c) {
-    LeagueOf(session).RosterYear = year;
-    LeagueOf(session).LeagueText[1] = a;
-    LeagueOf(session).LeagueText[2] = b;
-    LeagueOf(session).LeagueText[3] = c;
+    League().RosterYear = year;
+    League().LeagueText[1] = a;
+    League().LeagueText[2] = b;
+    League().LeagueText[3] = c;
   }
   std::string Texts() const {
-    const auto& texts = session.League().LeagueText;
-    return session.League().RosterYear.str() + "|" + texts[1].str() + "|" + texts[2].str() + "|" +
+    const auto& texts = League().LeagueText;
+    return League().RosterYear.str() + "|" + texts[1].str() + "|" + texts[2].str() + "|" +
            texts[3].str();
   }
   std::string Shown() const {
@@ -53,8 +48,6 @@ class GameSettingsFormTest : public testing::Test {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   }
 
-  LeagueSession session;
-  ChildArea area;
   QPointer<frmEditGameSettings> form;
 };
 
@@ -67,6 +60,7 @@ TEST_F(GameSettingsFormTest, ShowsTheStoredTextsAndStoresWhatIsTypedAtItsFixedLe
   Replace("txtLeague(0)", "abcd");
   Replace("txtLeague(1)", "<&>");
   Replace("txtLeague(2)", "z");
+  EXPECT_EQ(Shown(), "20X4|abc|<&>|z");
   EXPECT_EQ(Texts(), "1991|XFL|N  |A\xC9 ") << "stored before OK";
   Press("cmdOK");
   EXPECT_FALSE(form);
@@ -83,24 +77,16 @@ TEST_F(GameSettingsFormTest, ShowsTheStoredTextsAndStoresWhatIsTypedAtItsFixedLe
   EXPECT_EQ(Texts(), "92  |   |\n\x7f\t|\n\x7f\t");
 }
 
-TEST_F(GameSettingsFormTest, LeavingWithoutOkStoresNothing) {
-  const std::function<void()> exits[] = {
-      [this] { Press("cmdCancel"); },
-      [this] { QTest::keyClick(&Box("txtLeague(1)"), Qt::Key_Escape); },
-      [this] { form->parentWidget()->close(); }};
-  for (const auto& leave : exits) {
-    Replace("txtRosterYear", "7777");
-    Replace("txtLeague(1)", "QQQ");
-    leave();
-    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    ASSERT_FALSE(form);
-    Open();
-    EXPECT_EQ(Shown(), "1991|XFL|N  |A\xC9 ");
-    EXPECT_EQ(Texts(), Shown());
-  }
-}
+TEST_F(GameSettingsFormTest, EscStoresNothingAndOkKeepsAnyBytes) {
+  Replace("txtRosterYear", "7777");
+  Replace("txtLeague(1)", "QQQ");
+  QTest::keyClick(&Box("txtLeague(1)"), Qt::Key_Escape);
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  ASSERT_FALSE(form);
+  Open();
+  EXPECT_EQ(Shown(), "1991|XFL|N  |A\xC9 ");
+  EXPECT_EQ(Texts(), Shown());
 
-TEST_F(GameSettingsFormTest, OpeningAndOkKeepsAnyBytes) {
   Press("cmdCancel");
   for (int byte = 0; byte <= 0xFF; byte += 3) {
     const std::string odd = {static_cast<char>(byte), static_cast<char>(byte + 1),

@@ -1,29 +1,23 @@
 #pragma once
 
 #include <QLabel>
-#include <QMdiSubWindow>
-#include <QPushButton>
 #include <QRadioButton>
-#include <QTest>
-#include <gtest/gtest.h>
 
 #include "rules/display_text.h"
 #include "screens/teams/edit_team.h"
 #include "screens/teams/view_teams.h"
-#include "tests/support/dialogs.h"
-#include "tests/support/sample.h"
+#include "tests/screens/screen_fixture.h"
 #include "toolkit/qt_strings.h"
 
 namespace rostermill::test {
 
 /// The team viewer and its editor inside a main window, on the sample league.
-class TeamForms : public testing::Test {
+class TeamForms : public ScreenTest {
  protected:
   TeamForms() {
     area_.resize(1400, 900);
     area_.show();
   }
-  ~TeamForms() override { EXPECT_EQ(DialogsStillExpected(), 0); }
 
   void OpenViewer() {
     viewer_ = new ViewTeams(*session_);
@@ -33,15 +27,13 @@ class TeamForms : public testing::Test {
     if (!viewer_) OpenViewer();
     GoTo(team);
     Find<QPushButton>(*viewer_, "btnEdit").click();
-    for (QMdiSubWindow* window : area_.subWindowList()) {
-      if (auto* form = qobject_cast<EditTeam*>(window->widget())) editor_ = form;
-    }
+    editor_ = area_.findChild<EditTeam*>();
     ASSERT_NE(editor_, nullptr);
   }
 
   DropDownList& Teams() { return Find<DropDownList>(*viewer_, "cmbTeam"); }
   void GoTo(int team) {
-    const QString text = FromLatin1(TeamListText(LeagueOf(*session_), team));
+    const QString text = FromLatin1(TeamListText(League(), team));
     Teams().SetListIndex(Teams().findText(text, Qt::MatchFixedString | Qt::MatchCaseSensitive));
   }
   QString Viewed(const char* label) { return Find<QLabel>(*viewer_, label).text(); }
@@ -57,10 +49,10 @@ class TeamForms : public testing::Test {
     return Find<PictureBox>(*editor_, figure).Picture().pixelColor(3 * column + 1, 3 * row + 1);
   }
   QColor Screen(int index) {
-    const PaletteRec& rec = LeagueOf(*session_).PaletteData[index];
+    const PaletteRec& rec = League().PaletteData[index];
     return {rec.Red, rec.Green, rec.Blue};
   }
-  QString Named(int index) { return FromUtf8(LeagueOf(*session_).PaletteData[index].Name); }
+  QString Named(int index) { return FromUtf8(League().PaletteData[index].Name); }
   QString NameAndNumber(int index) {
     return Named(index) + QString(", %1 ($%2)").arg(index).arg(FromLatin1(HexByteText(index)));
   }
@@ -71,10 +63,8 @@ class TeamForms : public testing::Test {
     return QImage(FromUtf8(BinFolder()) + file)
         .convertToFormat(QImage::Format_ARGB32_Premultiplied);
   }
-  TeamRec& Team(int team) { return LeagueOf(*session_).TeamData[team]; }
+  TeamRec& Team(int team) { return League().TeamData[team]; }
 
-  std::unique_ptr<LeagueSession> session_ = SampleSession();
-  ChildArea area_;
   QPointer<ViewTeams> viewer_;
   QPointer<EditTeam> editor_;
 };
