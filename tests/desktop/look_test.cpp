@@ -1,5 +1,6 @@
 #include <QDialogButtonBox>
 #include <QGridLayout>
+#include <QGroupBox>
 #include <QStyleOptionTitleBar>
 
 #include <algorithm>
@@ -50,12 +51,15 @@ TEST_F(AllForms, AnEnlargedFormKeepsItsContentTogetherOrGrowsIt) {
   auto& play = Find<PictureBox>(Form("ViewTeams"), "picRun(7)");
   QWidget& frame = *Form("ViewTeams").parentWidget();
   const QSize small = play.contentsRect().size();
+  const auto& general = Find<QGroupBox>(Form("ViewTeams"), "Frame3");
+  const int height = general.height();
   EXPECT_EQ(small, QSize(112, 84));
   for (const auto& [factor, size] : {std::pair(2, QSize(980, 700)), std::pair(3, QSize(1460, 900)),
                                      std::pair(1, QSize(1460, 500))}) {
     frame.resize(size);
     QCoreApplication::processEvents();
     EXPECT_EQ(play.contentsRect().size(), small * factor);
+    EXPECT_EQ(general.height(), height);
     const auto& ok = Find<QPushButton>(Form("ViewTeams"), "btnOK");
     EXPECT_GT(ok.mapTo(&Form("ViewTeams"), QPoint()).y(),
               play.mapTo(&Form("ViewTeams"), play.rect().bottomLeft()).y());

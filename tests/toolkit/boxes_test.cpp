@@ -212,6 +212,14 @@ TEST_F(ComboBoxTest, KeysAndWheelGoToTheEntryThatTheLettersBegin) {
   EXPECT_EQ(box->Text(), "h");
 }
 
+TEST_F(ComboBoxTest, EnterAndEscAreLeftToTheForm) {
+  for (const int key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier);
+    QApplication::sendEvent(box, &press);
+    EXPECT_FALSE(press.isAccepted()) << key;
+  }
+}
+
 TEST_F(ComboBoxTest, OnlyAnotherControlTakesTheFocus) {
   box->showPopup();
   box->hidePopup();

@@ -45,6 +45,14 @@ TEST_F(TeamForms, BothShowAllOfATeam) {
   };
   EXPECT_EQ(viewer_->findChildren<PictureBox*>().size(), 4 + 8);
   EXPECT_EQ(editor_->findChildren<QPushButton*>().size(), 4 + 8 + 2);
+  const char* spoken[] = {"jersey color 1", "jersey color 2", "jersey color 3", "helmet color 1",
+                          "helmet color 2"};
+  for (int i = 0; i < 5; ++i) {
+    EXPECT_EQ(Find<ColorBox>(*editor_, MemberName("picDivChamp", i)).accessibleName(),
+              QString("division champ colors, ") + spoken[i]);
+    EXPECT_EQ(Find<ColorBox>(*editor_, MemberName("picConfChamp", (i + 1) % 4)).accessibleName(),
+              QString("conference champ colors, ") + spoken[i % 4]);
+  }
   for (const int number : {9, 20, 9}) {
     SCOPED_TRACE(number);
     GoTo(number);
