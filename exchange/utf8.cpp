@@ -4,13 +4,13 @@
 
 #include <algorithm>
 
+#include "league/text.h"
+
 namespace rostermill {
 
 std::string Utf8Of(std::string_view latin1) {
   // Nearly every text is ASCII, and lists have thousands.
-  const bool is_ascii =
-      std::ranges::all_of(latin1, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-  if (is_ascii) return std::string(latin1);
+  if (IsAscii(latin1)) return std::string(latin1);
   return QString::fromLatin1(latin1.data(), static_cast<qsizetype>(latin1.size())).toStdString();
 }
 

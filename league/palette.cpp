@@ -32,9 +32,7 @@ std::size_t Utf8Length(std::string_view text, std::size_t count) {
 
 /// The name in UTF-8. Older editors and systems leave one in Latin-1.
 std::string InUtf8(std::string_view name) {
-  const bool is_ascii =
-      std::ranges::all_of(name, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
-  if (is_ascii || Utf8Length(name, name.size()) == name.size()) return std::string(name);
+  if (IsAscii(name) || Utf8Length(name, name.size()) == name.size()) return std::string(name);
   std::string text;
   for (const char c : name) {
     const auto byte = static_cast<unsigned char>(c);

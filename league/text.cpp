@@ -16,6 +16,10 @@ std::string LowerText(std::string_view text) {
   return result;
 }
 
+bool IsAscii(std::string_view text) {
+  return std::ranges::all_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
 std::string PaddedText(std::string_view text, std::size_t length) {
   std::string result(text.substr(0, length));
   result.resize(length, ' ');

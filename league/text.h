@@ -17,6 +17,9 @@ constexpr char LowerChar(char c) {
 std::string UpperText(std::string_view text);
 std::string LowerText(std::string_view text);
 
+/// Whether every character is ASCII, so that Latin-1 and UTF-8 write the text alike.
+bool IsAscii(std::string_view text);
+
 /// `text` cut to `length` characters, or padded to it with blanks on the right.
 std::string PaddedText(std::string_view text, std::size_t length);
 

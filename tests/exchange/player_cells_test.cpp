@@ -41,5 +41,18 @@ TEST(ShiftRatings, APercentageLeadsToTheNearestRating) {
   }
 }
 
+TEST(ShiftRatings, WhoHasNoSuchRatingIsLeftOutAndNotCounted) {
+  const auto accuracy = std::ranges::find(PlayerColumns, "Accuracy", &Column::Heading);
+  LeagueData league = SampleLeague();
+  LeagueData expected = league;
+  league.QBData[1][2].Accuracy = 15;
+  expected.QBData[1][2].Accuracy = 14;
+  const ShiftCount count = ShiftRatings({{1, 2}, {1, 3}, {1, 13}, {1, 30}}, {&*accuracy},
+                                        {RatingShift::Way::BySteps, -1}, league);
+  EXPECT_EQ(count.Players, 1);
+  EXPECT_EQ(count.Changed, 1);
+  EXPECT_EQ(league, expected);
+}
+
 }  // namespace
 }  // namespace rostermill::test

@@ -6,6 +6,7 @@
 #include <fstream>
 #include <set>
 
+#include "league/file_access.h"
 #include "tests/support/damage.h"
 #include "tests/support/fake_host.h"
 #include <sys/wait.h>
@@ -164,6 +165,20 @@ TEST_F(SaveImageTest, LeftoversOfAKilledSaveAreRemovedAndTheUsersFilesStay) {
   EXPECT_EQ(Save(), SaveOutcome::Saved);
   EXPECT_EQ(Names(), (std::set<std::string>{"league.nes", "league.nes.backup",
                                             ".league.nes.rostermill-notes"}));
+}
+
+/// What one program is writing is no leftover to another.
+TEST_F(SaveImageTest, AFileThatIsBeingWrittenIsLeftAlone) {
+  bool between = false;
+  host_.at_yield = [&] {
+    if (between || Names().size() == 1) return;
+    between = true;
+    ReplaceFile(path_, Bytes{1, 2, 3});
+  };
+  EXPECT_EQ(Save(), SaveOutcome::Saved);
+  EXPECT_TRUE(between);
+  EXPECT_EQ(Names(), std::set<std::string>{"league.nes"});
+  EXPECT_EQ(FileBytes(path_).size(), 393'232u);
 }
 
 TEST_F(SaveImageTest, AnExceptionAmidTheStepsFreesTheWindowAndWritesNothing) {

@@ -4,13 +4,16 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QRadioButton>
 #include <QSignalSpy>
 #include <QSpinBox>
 #include <QStatusBar>
 #include <QTableView>
+#include <QTimer>
 
 #include "league/ratings.h"
+#include "tests/desktop/contrast.h"
 #include "tests/support/main_window.h"
 
 namespace rostermill::test {
@@ -129,6 +132,28 @@ TEST_F(AllPlayers, ARatingsBarIsAsLongAsItsShare) {
   EXPECT_NEAR(length(15), 0.97, 0.06);
   EXPECT_NEAR(length(7), 0.5, 0.06);
   EXPECT_NEAR(length(1), 0.1, 0.06);
+  const QRect name = Grid().visualRect(Cell(1, "Last"));
+  const int quarter = name.height() / 4;
+  EXPECT_GT(InkContrast(*Grid().viewport(), name.adjusted(0, quarter, 0, -quarter)), 4.5);
+}
+
+TEST_F(AllPlayers, AMenuOfTheHeadingsHidesAndShowsColumns) {
+  for (const bool hides : {true, false}) {
+    QTimer::singleShot(0, [&] {
+      auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+      ASSERT_NE(menu, nullptr);
+      for (int column = 0; column < Grid().model()->columnCount(); ++column) {
+        const QAction* action = menu->actions().at(column);
+        EXPECT_TRUE(action->isCheckable());
+        EXPECT_EQ(action->isChecked(), !Grid().isColumnHidden(column));
+        EXPECT_EQ(action->isEnabled(), action->text() != "Last Name");
+      }
+      menu->actions().at(Column("Photo"))->trigger();
+      menu->close();
+    });
+    emit Grid().horizontalHeader()->customContextMenuRequested({5, 5});
+    EXPECT_EQ(Grid().isColumnHidden(Column("Photo")), hides);
+  }
 }
 
 TEST_F(AllPlayers, HeadingsSortAndShiftSortsWithin) {

@@ -102,6 +102,8 @@ TEST_F(History, EveryFormMakesAStepThatCanBeUndoneAndRedone) {
     EXPECT_TRUE(session_.League() == states[i - 1]) << ToUtf8(steps[i - 1].first);
     EXPECT_EQ(Item("mnuEditRedo").text(), "&Redo " + steps[i - 1].first);
   }
+  const auto& city = Find<QLabel>(Form("ViewTeams"), "lblInfo(0)");
+  EXPECT_EQ(city.text(), " BAYOU VERDE");
   EXPECT_EQ(Item("mnuEditUndo").text(), "&Undo");
   EXPECT_FALSE(Item("mnuEditUndo").isEnabled());
   EXPECT_EQ(ChangedLabel(), "");
@@ -109,6 +111,7 @@ TEST_F(History, EveryFormMakesAStepThatCanBeUndoneAndRedone) {
     Pick("mnuEditRedo");
     EXPECT_TRUE(session_.League() == states[i + 1]) << ToUtf8(steps[i].first);
   }
+  EXPECT_EQ(city.text(), " X");
   EXPECT_FALSE(Item("mnuEditRedo").isEnabled());
   EXPECT_EQ(ChangedLabel(), "Changed");
 }

@@ -138,7 +138,9 @@ TEST_F(PlayerForms, BothShowAllOfAPlayer) {
       EXPECT_TRUE(Find<QLabel>(*form, "lblNumber").alignment() & Qt::AlignHCenter);
       EXPECT_EQ(Find<QLabel>(*form, "lblNumber").text(),
                 FromLatin1("#" + Name(8, player.Slot).JerseyNumber));
-      EXPECT_EQ(Find<PictureBox>(*form, "imgFace").Picture().convertToFormat(face.format()), face);
+      const auto& photo = Find<PictureBox>(*form, "imgFace");
+      EXPECT_EQ(photo.sizeHint().width() - 2 * photo.frameWidth(), 4 * 32);
+      EXPECT_EQ(photo.Picture().convertToFormat(face.format()), face);
     }
     for (const auto& [button, spoken] : {std::pair{"btnMinus", "Lower "}, {"btnPlus", "Raise "}}) {
       for (int place = 0; place < 8; ++place) {

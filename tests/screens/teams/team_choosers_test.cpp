@@ -1,4 +1,5 @@
 #include <QFile>
+#include <QRegularExpression>
 
 #include "rules/play_names.h"
 #include "tests/screens/teams/team_forms_fixture.h"
@@ -123,6 +124,7 @@ TEST_F(TeamForms, EnterPicksAColorOrPlayAndEnterAgainOrADoubleClickTakesIt) {
     TakeByEnter(dialog);
   };
   OnNextDialog([&](QDialog& dialog) {
+    EXPECT_EQ(dialog.findChildren<ColorBox*>(QRegularExpression("^picColor")).size(), 64);
     for (int color = 0; color < 64; ++color) {
       const auto& box = Find<ColorBox>(dialog, MemberName("picColor", color));
       EXPECT_EQ(box.BackColor(), Screen(color));
