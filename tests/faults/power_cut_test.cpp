@@ -10,6 +10,8 @@
 #include <utility>
 
 #include "history/league_history.h"
+#include "history/unsaved_store.h"
+#include "history/version_store.h"
 #include "league/load_image.h"
 #include "league/save_image.h"
 #include "tests/support/fake_host.h"

@@ -3,6 +3,8 @@
 #include <QJsonObject>
 #include <gmock/gmock.h>
 
+#include <cstdlib>
+
 #include "tests/tools/rsmtool_fixture.h"
 
 namespace rostermill::test {
@@ -179,6 +181,26 @@ TEST_F(RsmtoolCheck, ProgressIsForTerminalsOnly) {
   EXPECT_EQ(Run(arguments).Err, "\r10 of 25\r20 of 25\r\x1B[K");
   out_is_terminal_ = true;
   EXPECT_EQ(Run(arguments).Err, "") << "the reports themselves show how far it is";
+}
+
+TEST_F(RsmtoolCheck, TheProgramSeesWhereItsTerminalIs) {
+  std::string check = "'" + BinFolder() + "rsmtool' check";
+  for (int n = 0; n < 10; ++n) check += " none.nes";
+  const auto call = [this](const std::string& line) {
+    return std::system(("cd '" + folder_.Path() + "' && " + line).c_str());
+  };
+  const auto text = [this](const char* file) {
+    const Bytes bytes = BytesOf(Path(file));
+    return std::string(bytes.begin(), bytes.end());
+  };
+  call(check + " >out.txt 2>err.txt");
+  EXPECT_EQ(text("err.txt"), "");
+  // It gives a program a terminal, and writes down what the program writes there.
+  if (call("script --version >out.txt") != 0) GTEST_SKIP() << "skipped: script is not installed";
+  call("script -qec \"" + check + " >out.txt\" err.txt >shown.txt </dev/null");
+  EXPECT_THAT(text("err.txt"), HasSubstr("\r10 of 10\r"));
+  call("script -qec \"" + check + "\" err.txt >shown.txt </dev/null");
+  EXPECT_THAT(text("err.txt"), testing::Not(HasSubstr("10 of 10")));
 }
 
 /// Every pointer wild at once: nothing may crash, and names as long as the bank stay off the
