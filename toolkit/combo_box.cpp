@@ -73,8 +73,6 @@ void ComboBox::keyPressEvent(QKeyEvent* event) {
   const bool other_meaning = event->modifiers().testAnyFlags(Qt::AltModifier | Qt::ControlModifier);
   if (step && !other_meaning && StepFromText()) return;
   DropDownList::keyPressEvent(event);
-  // The form answers these two keys.
-  if (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Escape) event->ignore();
 }
 
 }  // namespace rostermill

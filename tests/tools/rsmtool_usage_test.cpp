@@ -34,7 +34,6 @@ TEST_F(RsmtoolUsage, AWrongCallIsOneLineAndTwo) {
        "Unknown option 'no-version'; see rsmtool export-players --help"},
       {{"dump", a, "b.json"}, "dump takes no file b.json; see rsmtool dump --help"},
       {{"dump", "--json", a}, "Unknown option 'json'; see rsmtool dump --help"},
-      {{"diff", "-", "-"}, "standard input can't be read twice"},
       {{"help", "nosuch"}, "there is no command \"nosuch\"; see rsmtool --help"},
       {{"--help", "check", "dump"}, "help takes one command; see rsmtool --help"},
       {{"import-players", "-", "p.csv"},
@@ -57,6 +56,9 @@ TEST_F(RsmtoolUsage, AWrongCallIsOneLineAndTwo) {
     for (const QString& command : commands) {
       const QString line = command + " needs " + what + "; see rsmtool " + command + " --help";
       ExpectMessage(QStringList{command} + QStringList(count - 1, a), 2, line.toStdString());
+      if (count == 1 || QStringList{"find", "resave", "restore"}.contains(command)) continue;
+      ExpectMessage(QStringList{command} + QStringList(count, "-"), 2,
+                    "standard input can't be read twice");
     }
   }
   EXPECT_EQ(BytesOf(a), SampleBytes());

@@ -66,7 +66,7 @@ TEST_F(PlayerForms, OpenOnTheTeamAndPlayerThatSortFirstAndNoWiderForALongName) {
 }
 
 TEST_F(PlayerForms, EveryEntryOfTheListsIsShown) {
-  League().NameData[27][1] = {"al", "AARDVARK", "01"};  // the first entry of the first team
+  for (int team = 1; team <= 28; ++team) League().NameData[team][1] = {"al", "AARDVARK", "01"};
   OpenBoth();
   for (int team = 0; team < 28; ++team) {
     List("cmbTeam").SetListIndex(team);
@@ -74,11 +74,11 @@ TEST_F(PlayerForms, EveryEntryOfTheListsIsShown) {
     EXPECT_EQ(List("cmbTeam").Text(), FromLatin1(TeamListText(League(), session_->CurTeam)));
     EXPECT_EQ(List("cmbTeam").ListIndex(), team);
   }
-  List("cmbTeam").SetListIndex(0);
+  const int team = session_->CurTeam;  // not the one that comes first
   for (int slot = 30; slot >= 1; --slot) {
     List("cmbPosition").SetListIndex(slot - 1);
-    EXPECT_EQ(NameBox().Text(), FromLatin1(PlayerEditText(League(), 27, slot)));
-    EXPECT_EQ(List("cmbPlayer").Text(), FromLatin1(PlayerListText(League(), 27, slot)));
+    EXPECT_EQ(NameBox().Text(), FromLatin1(PlayerEditText(League(), team, slot)));
+    EXPECT_EQ(List("cmbPlayer").Text(), FromLatin1(PlayerListText(League(), team, slot)));
   }
 }
 
