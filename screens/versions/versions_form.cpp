@@ -8,6 +8,8 @@
 #include <algorithm>
 #include <functional>
 #include <optional>
+#include <stdexcept>
+#include <string>
 #include <utility>
 
 #include "toolkit/form_parts.h"
@@ -114,16 +116,20 @@ void frmVersions::FillList() {
   lstVersions->clear();
   states_.clear();
   QList<QTreeWidgetItem*> rows;
+  std::string failure;
   try {
     for (const UnsavedState& state : history_.LeftStates()) rows << AddState(state);
     for (const Version& version : history_.Versions()) rows << AddState(version);
   } catch (const std::runtime_error& error) {
-    ShowFailure(error);
+    failure = error.what();
   }
   lstVersions->addTopLevelItems(rows);
   lstVersions->resizeColumnToContents(When);
   lstVersions->setCurrentItem(lstVersions->topLevelItem(row < 0 ? 0 : row));
   lstVersions_Click();
+  // Told once, not at every step, and last: the list may be filled anew meanwhile.
+  const bool told = std::exchange(failure_, failure) == failure;
+  if (!failure.empty() && !told) ShowFailure(failure);
 }
 
 QTreeWidgetItem* frmVersions::AddState(const State& state) {
@@ -171,7 +177,7 @@ void frmVersions::btnCompare_Click() {
     emit Compare(version ? QString("version %1").arg(version->Number) : QString("unsaved changes"),
                  LeagueOf(*state));
   } catch (const std::runtime_error& error) {
-    ShowFailure(error);
+    ShowFailure(error.what());
   }
 }
 
@@ -184,7 +190,7 @@ void frmVersions::btnBring_Click() {
     emit BroughtBack(version ? history_.BringBackVersion(*version)
                              : history_.BringBackLeftState(std::get<UnsavedState>(state)));
   } catch (const std::runtime_error& error) {
-    ShowFailure(error);
+    ShowFailure(error.what());
   }
 }
 
@@ -192,8 +198,8 @@ void frmVersions::btnOK_Click() {
   CloseForm();
 }
 
-void frmVersions::ShowFailure(const std::exception& error) {
-  ShowMessageBox(this, QMessageBox::Warning, FromUtf8(error.what()), "Error");
+void frmVersions::ShowFailure(const std::string& reason) {
+  ShowMessageBox(this, QMessageBox::Warning, FromUtf8(reason), "Error");
 }
 
 }  // namespace rostermill

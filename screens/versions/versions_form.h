@@ -1,5 +1,6 @@
 #pragma once
 
+#include <string>
 #include <variant>
 #include <vector>
 
@@ -47,10 +48,11 @@ class frmVersions : public ChildForm {
   LeagueData LeagueOf(const State& state);
   /// The selected state; null without one.
   const State* Selected() const;
-  void ShowFailure(const std::exception& error);
+  void ShowFailure(const std::string& reason);
 
   LeagueHistory& history_;
   std::vector<State> states_;  ///< in the order of the list
+  std::string failure_;        ///< why the list couldn't be filled the last time; empty if it could
 
   QTreeWidget* lstVersions = nullptr;
   QPushButton* btnCompare = nullptr;

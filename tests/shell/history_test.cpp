@@ -2,6 +2,8 @@
 #include <QMessageBox>
 #include <QTreeWidget>
 
+#include <filesystem>
+
 #include "history/data_folder.h"
 #include "history/store_folder.h"
 #include "rules/display_text.h"
@@ -212,6 +214,20 @@ TEST_F(History, ASaveKeepsWhatItReplaces) {
   EXPECT_EQ(VersionRows(), QStringList{"first state, before a save: unknown"});
   EXPECT_EQ(Find<QTreeWidget>(Form("frmVersions"), "lstVersions").topLevelItem(0)->toolTip(2),
             "Version 1 is damaged.");
+
+  std::filesystem::rename(DataFolder(), DataFolder() + " elsewhere");
+  WriteFile(DataFolder(), std::string("no folder"));
+  QString told;
+  OnNextDialog([&](QDialog& dialog) {
+    told = dynamic_cast<QMessageBox&>(dialog).text();
+    EXPECT_EQ(VersionRows(), QStringList()) << "the list is ready before the message";
+    EXPECT_FALSE(Find<QPushButton>(Form("frmVersions"), "btnBring").isEnabled());
+    ClickButton(dialog, "OK");
+  });
+  Pick("mnuEditRedo");
+  EXPECT_EQ(told, "Not a directory");
+  std::filesystem::remove(DataFolder());
+  std::filesystem::rename(DataFolder() + " elsewhere", DataFolder());
 }
 
 TEST_F(History, AFileThatAnotherProgramChangedIsNotSavedOverSilently) {

@@ -56,6 +56,7 @@ TEST_F(RsmtoolTables, TeamsAsASpreadsheetReadsThem) {
                       "Name,Uniform Color 2,"))
       << out;
   EXPECT_NE(out.find(",Conference Champion Color 4 Name,Run 1,Run 1 Name,"), std::string::npos);
+  EXPECT_NE(out.find(",Run 4,Run 4 Name,Pass 1,Pass 1 Name,"), std::string::npos);
   const std::string row = out.substr(out.find("\r\n") + 2);
   EXPECT_TRUE(row.starts_with("1,HARBORTON,SPARROWS,HARB,2RB 2WR 1TE,48,")) << row;
   EXPECT_NE(row.find(",FB Open Left,"), std::string::npos) << row;

@@ -79,6 +79,7 @@ TEST_F(PlayerForms, EveryEntryOfTheListsIsShown) {
     List("cmbPosition").SetListIndex(slot - 1);
     EXPECT_EQ(NameBox().Text(), FromLatin1(PlayerEditText(League(), team, slot)));
     EXPECT_EQ(List("cmbPlayer").Text(), FromLatin1(PlayerListText(League(), team, slot)));
+    EXPECT_EQ(session_->CurTeam, team);
   }
 }
 
