@@ -78,7 +78,7 @@ void CompareForm(ChildArea& area, const std::string& name, Make make) {
 template <typename Step>
 void CompareStep(const std::string& what, QWidget& form, Step step) {
   Compare(
-      {what, 2, click_pairs},
+      {what, 1.6, click_pairs},
       [&] {
         return Milliseconds([&] {
           step();

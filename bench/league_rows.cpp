@@ -179,7 +179,7 @@ void CompareLaterSteps(const std::string& bin, const std::string& work) {
   for (std::size_t step = 0; step < UndoStack::Limit; ++step)
     ChangeARating(full.Session, ++full.Turn);
   Compare(
-      {"a step after 199 others, against the first", 1.25, 1000}, [&] { return full.CostOfStep(); },
+      {"a step after 199 others, against the first", 1.1, 1000}, [&] { return full.CostOfStep(); },
       [&] { return fresh.CostOfStep(); });
 }
 
@@ -224,10 +224,10 @@ void CompareKeepings(const std::string& image, const std::string& work) {
   Keeper few(work + "few", bytes, 1, 0), many(work + "many", bytes, 30, 0),
       images(work + "images", bytes, 30, 200);
   Compare(
-      {"a version kept beside 30 others, against one", 1.25, save_pairs},
+      {"a version kept beside 30 others, against one", 1.2, save_pairs},
       [&] { return many.CostOfKeeping(); }, [&] { return few.CostOfKeeping(); });
   Compare(
-      {"a version kept beside those of 200 other images", 1.5, save_pairs},
+      {"a version kept beside those of 200 other images", 1.2, save_pairs},
       [&] { return images.CostOfKeeping(); }, [&] { return few.CostOfKeeping(); });
 }
 

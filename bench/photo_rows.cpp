@@ -91,7 +91,7 @@ void ComparePhotoPages(const LeagueSession& session, const QString& work) {
   pages.Turn();
   pages.Turn();
   Compare(
-      {"photo page of 128, seen before", 0.6, form_pairs}, [&] { return pages.Turn(); },
+      {"photo page of 128, seen before", 0.4, form_pairs}, [&] { return pages.Turn(); },
       [&] { return pages.Decode(); });
 }
 

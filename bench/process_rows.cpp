@@ -79,7 +79,7 @@ void CompareStarts(const std::string& bench, const std::string& bin) {
       },
       [&] { return MemoryOf(smallest); });
   Compare(
-      {"the same after 200 steps, kept, MB" + where, 1.4, history_pairs},
+      {"the same after 200 steps, kept, MB" + where, 1.3, history_pairs},
       [&] {
         return MemoryOf({bench + "bench_player_open", bin, "200"});
       },
@@ -156,7 +156,7 @@ void CompareExchange(const std::string& bin, const std::string& work) {
            " import-players --no-version " + base + " - " + all});
   const Command merge{tool, "merge", "--no-version", base, base};
   Compare(
-      {"rsmtool merge of 840 changes, against one", 1.5, 50},
+      {"rsmtool merge of 840 changes, against one", 1.3, 50},
       [&] {
         return TimeOf(OnImages(merge, {all, "-"}));
       },
