@@ -91,7 +91,7 @@ QWidget* CopyTree(const QTreeWidget& from) {
   copy->setUniformRowHeights(from.uniformRowHeights());
   for (int row = 0; row < from.topLevelItemCount(); ++row) {
     QTreeWidgetItem* item = from.topLevelItem(row)->clone();
-    // A row may make its texts when it is asked.
+    // A row may create its texts only on request, and its clone has none then.
     for (int column = 0; column < from.columnCount(); ++column) {
       item->setText(column, from.topLevelItem(row)->text(column));
     }

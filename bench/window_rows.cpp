@@ -142,7 +142,7 @@ class PlayerSaver {
   bool raised_ = false;
 };
 
-/// How many rows of its list can be seen when the form has just been opened.
+/// How many rows of the list are visible when the form opens.
 int RowsInView(ChildArea& area, frmVersions* form) {
   Open(area, form);
   const auto& list = driver::Find<QTreeWidget>(*form, "lstVersions");
@@ -166,7 +166,7 @@ void CompareLists(ChildArea& area, const std::string& bin, const std::string& wo
     file.Bytes.back() = static_cast<std::uint8_t>(version);
     store.Keep(session.ImagePath, file, "before a save");
   }
-  // The form's counts of changes take a read of each version in view.
+  // To count changes, the form reads each version in view.
   const std::filesystem::path folder = ImageFolder(work + "/listed", session.ImagePath);
   std::vector<std::string> files = FilesIn(folder);
   files.resize(static_cast<std::size_t>(RowsInView(area, new frmVersions(history))));

@@ -127,8 +127,8 @@ bool IsWhole(const Kept& kept) {
   return !error && size == kept.Size();
 }
 
-/// The version's bytes if they are those that were kept. Throws FileMissing where its file has gone
-/// or got another name, HistoryError where it is damaged.
+/// The version's bytes, checked by their hash. Throws FileMissing if its file has been removed or
+/// renamed, HistoryError if it is damaged.
 FileStart ReadKept(const Kept& kept) {
   auto bytes = ReadFileStart(kept.Path(), kept.Size()).Bytes;
   if (HexText(HashOf(bytes)) != kept.Hash) {

@@ -21,7 +21,7 @@ struct Version {
   bool FirstState = false;     ///< what stood there before this program's first save
   std::uint64_t FileSize = 0;  ///< of the whole file, in bytes
   bool Cut = false;            ///< only the first 393,232 bytes were kept
-  std::string Path;            ///< of its file when it was listed; keeping it again renames that
+  std::string Path;            ///< of its file when listed; keeping the version again renames it
 };
 
 /// Keeps what a save or another command replaces. Every version is a file of its own in the
@@ -76,7 +76,7 @@ class VersionStore {
   /// is cut, put them back by ReplaceFileStart, which leaves the rest of the file. Throws
   /// HistoryError when there is no such version or it is damaged.
   FileStart Read(const std::string& image, int number) const;
-  /// The same for one from List, without looking through the folder for its file.
+  /// The same for a version from List. Searches the folder only if its file has been renamed.
   FileStart Read(const std::string& image, const Version& version) const;
 
  private:

@@ -17,7 +17,7 @@ constexpr char LowerChar(char c) {
 std::string UpperText(std::string_view text);
 std::string LowerText(std::string_view text);
 
-/// Whether every character is ASCII, so that Latin-1 and UTF-8 write the text alike.
+/// Whether every character is ASCII; the text then has the same bytes in Latin-1 and UTF-8.
 bool IsAscii(std::string_view text);
 
 /// `text` cut to `length` characters, or padded to it with blanks on the right.

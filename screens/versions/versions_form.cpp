@@ -22,7 +22,7 @@ namespace {
 
 enum Column { When, What, Changes };
 
-/// What the column of changes shows of a state.
+/// What the "Changes" column shows for a state.
 struct ChangesText {
   QString Text;
   QString Tip;
@@ -48,7 +48,7 @@ class StateItem : public QTreeWidgetItem {
   mutable std::optional<ChangesText> changes_;
 };
 
-/// So wide that no row has to be read to see how wide the column is.
+/// Wide enough for any text, so that no version has to be read to measure the column.
 int WidthOfChanges(const QTreeWidget& list) {
   const int margin = list.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &list) + 1;
   const int widest = list.fontMetrics().horizontalAdvance("unknown") + 2 * margin;
@@ -127,7 +127,7 @@ void frmVersions::FillList() {
   lstVersions->resizeColumnToContents(When);
   lstVersions->setCurrentItem(lstVersions->topLevelItem(row < 0 ? 0 : row));
   lstVersions_Click();
-  // Told once, not at every step, and last: the list may be filled anew meanwhile.
+  // Shown once, not after every step, and at the end: the list may be refilled while it is open.
   const bool told = std::exchange(failure_, failure) == failure;
   if (!failure.empty() && !told) ShowFailure(failure);
 }

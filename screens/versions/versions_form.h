@@ -20,8 +20,8 @@ class frmVersions : public ChildForm {
  public:
   explicit frmVersions(LeagueHistory& history);
 
-  /// Fills the list anew and stays at the row that is selected. How many changes lie between a
-  /// state and the league in memory is counted once its row is seen.
+  /// Refills the list and keeps the selected row. A state's changes from the league in memory are
+  /// counted when its row is first seen.
   void FillList();
 
  signals:
@@ -43,7 +43,7 @@ class frmVersions : public ChildForm {
   void btnBring_Click();
   void btnOK_Click();
 
-  /// Its row.
+  /// Adds the state and returns its row.
   QTreeWidgetItem* AddState(const State& state);
   LeagueData LeagueOf(const State& state);
   /// The selected state; null without one.

@@ -167,7 +167,7 @@ TEST_F(SaveImageTest, LeftoversOfAKilledSaveAreRemovedAndTheUsersFilesStay) {
                                             ".league.nes.rostermill-notes"}));
 }
 
-/// What one program is writing is no leftover to another.
+/// Another program must not remove a file that is still being written.
 TEST_F(SaveImageTest, AFileThatIsBeingWrittenIsLeftAlone) {
   bool between = false;
   host_.at_yield = [&] {
