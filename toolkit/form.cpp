@@ -55,7 +55,6 @@ QWidget* FirstControl(QWidget& form) {
 ChildForm::ChildForm(const QString& name, const QString& caption) {
   setObjectName(name);
   setWindowTitle(caption);
-  setAttribute(Qt::WA_DeleteOnClose, false);
 }
 
 void ChildForm::CloseForm() {
@@ -127,6 +126,8 @@ void ChildArea::ShadeBackground() {
 
 void ChildArea::ShowForm(ChildForm* form) {
   auto* window = qobject_cast<QMdiSubWindow*>(form->parentWidget());
+  // A window that opens gives the focus to whatever comes first.
+  QWidget* focused = form->focusWidget();
   if (window == nullptr) {
     window = addSubWindow(form);
     window->setAttribute(Qt::WA_DeleteOnClose);
@@ -141,7 +142,6 @@ void ChildArea::ShowForm(ChildForm* form) {
   }
   if (window->isMinimized()) window->showNormal();
   setActiveSubWindow(window);
-  QWidget* focused = form->focusWidget();
   if (focused == nullptr) focused = FirstControl(*form);
   (focused != nullptr ? focused : form)->setFocus();
 }

@@ -41,7 +41,6 @@ void frmCheckLeague::BuildControls() {
   btnOK = NewButton("btnOK", "OK");
   SetDefaultButton(btnShow);  // for Enter in the list
   SetCancelButton(btnOK);
-  setFocusProxy(lstFindings);
 }
 
 void frmCheckLeague::LayOut() {

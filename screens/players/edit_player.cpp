@@ -61,7 +61,6 @@ void EditPlayer::BuildControls() {
   btnSavePlayer = NewButton("btnSavePlayer", "Save Player");
   btnClose = NewButton("btnClose", "Close");
   SetDefaultButton(btnSavePlayer);
-  setFocusProxy(txtPlayer);
 }
 
 void EditPlayer::LayOut() {

@@ -42,7 +42,6 @@ void ViewPlayer::BuildControls() {
   btnEdit = NewButton("btnEdit", "Edit");
   btnOK = NewButton("btnOK", "OK");
   SetDefaultButton(btnOK);
-  setFocusProxy(cmbTeam);
 }
 
 void ViewPlayer::LayOut() {

@@ -22,7 +22,6 @@ void frmProbowl::BuildControls() {
   btnNFCroster = NewButton("btnNFCroster", "NFC");
   btnOK = NewButton("btnOK", "OK");
   SetDefaultButton(btnOK);
-  setFocusProxy(btnAFCroster);
 }
 
 void frmProbowl::LayOut() {

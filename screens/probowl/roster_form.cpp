@@ -79,7 +79,6 @@ void frmRoster::BuildControls() {
   }
   btnOK = NewButton("btnOK", "OK");
   SetDefaultButton(btnOK);
-  setFocusProxy(labels_[1]);
 }
 
 void frmRoster::LayOut() {

@@ -26,7 +26,6 @@ void ViewSchedule::LayOut() {
   auto* whole = new QVBoxLayout(this);
   whole->setContentsMargins(0, 0, 0, 0);
   whole->addWidget(grdSchedule);
-  setFocusProxy(grdSchedule);
 }
 
 void ViewSchedule::Form_Load() {

@@ -36,7 +36,6 @@ void frmEditGameSettings::BuildControls() {
   SetDefaultButton(cmdOK);
   cmdCancel = NewButton("cmdCancel", "Cancel");
   SetCancelButton(cmdCancel);
-  setFocusProxy(txtRosterYear);
 }
 
 void frmEditGameSettings::LayOut() {

@@ -70,7 +70,6 @@ void frmAllPlayers::BuildControls() {
   btnShow = NewButton("btnShow", "Show");
   btnOK = NewButton("btnOK", "OK");
   SetCancelButton(btnOK);
-  setFocusProxy(txtFind);
 }
 
 void frmAllPlayers::BuildGrid() {

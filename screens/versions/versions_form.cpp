@@ -90,7 +90,6 @@ void frmVersions::BuildControls() {
   btnOK = NewButton("btnOK", "OK");
   SetDefaultButton(btnOK);
   SetCancelButton(btnOK);
-  setFocusProxy(lstVersions);
 }
 
 void frmVersions::LayOut() {

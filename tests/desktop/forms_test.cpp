@@ -1,0 +1,33 @@
+#include <QFile>
+
+#include "tests/desktop/all_forms.h"
+#include "tests/desktop/describe.h"
+#include "tests/desktop/use_controls.h"
+
+namespace rostermill::test {
+namespace {
+
+QString TextIn(const QString& path) {
+  QFile file(path);
+  EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path.toStdString();
+  return QString::fromUtf8(file.readAll());
+}
+
+// This test writes the file anew when a form has changed. Read the difference before you keep it.
+TEST_F(AllForms, ShowAndDoWhatTheFileOfFormsSays) {
+  const QStringList expected = TextIn(FORMS_TEXT).trimmed().split("\n\n");
+  QStringList shown;
+  VisitAll([&](QWidget& form) {
+    const QStringList first{Described(form)};
+    const QString text = (first + ChangesByControl(form)).join('\n');
+    EXPECT_EQ(text.toStdString(), expected.value(shown.size()).toStdString());
+    shown << text;
+  });
+  EXPECT_EQ(shown.size(), expected.size());
+  if (!HasFailure()) return;
+  WriteFile("forms.txt", shown.join("\n\n").toStdString() + '\n');
+  ADD_FAILURE() << "If all is as it should be, copy forms.txt from here to " << FORMS_TEXT;
+}
+
+}  // namespace
+}  // namespace rostermill::test
