@@ -1,7 +1,6 @@
 #include "screens/check/check_league_form.h"
 
 #include <QDialogButtonBox>
-#include <QHeaderView>
 #include <QLabel>
 #include <QTreeWidget>
 #include <QVBoxLayout>
@@ -36,7 +35,6 @@ void frmCheckLeague::BuildControls() {
   lstFindings->setAccessibleName("Findings");
   lstFindings->setHeaderHidden(true);
   lstFindings->setWordWrap(true);
-  lstFindings->header()->setStretchLastSection(true);
   btnShow = NewButton("btnShow", "Show");
   btnOK = NewButton("btnOK", "OK");
   SetDefaultButton(btnShow);  // for Enter in the list

@@ -2,7 +2,6 @@
 
 #include <QDialogButtonBox>
 #include <QGridLayout>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QSignalBlocker>
@@ -64,7 +63,6 @@ void frmCompare::BuildControls() {
   lstChanges->setUniformRowHeights(true);
   lstChanges->setAllColumnsShowFocus(true);
   OutlineTicks(*lstChanges);
-  lstChanges->header()->setStretchLastSection(true);
   lblCount = NewLabel("lblCount");
   btnTake = NewButton("btnTake", "Take");
   btnShow = NewButton("btnShow", "Show");

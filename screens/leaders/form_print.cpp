@@ -30,7 +30,6 @@ void FormPrint::BuildControls() {
   radFile->setObjectName("radFile");
   lblFile = NewLabel("lblFile", "(Output.txt)");
   btnOK = NewButton("btnOK", "OK");
-  btnOK->setDefault(true);
   btnCancel = NewButton("btnCancel", "Cancel");
 }
 

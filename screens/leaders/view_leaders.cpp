@@ -49,7 +49,6 @@ void ViewLeaders::BuildControls() {
   scrBar->setObjectName("scrBar");
   scrBar->setAccessibleName("First visible row");
   scrBar->setMinimum(1);
-  scrBar->setSingleStep(1);
   scrBar->setPageStep(1);
   btnPrint = NewButton("btnPrint", "Print...");
   btnOK = NewButton("btnOK", "OK");

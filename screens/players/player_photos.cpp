@@ -46,7 +46,6 @@ void PlayerPhotos::BuildControls() {
   radBlack->setObjectName("radBlack");
   imgNew = new PictureBox("imgNew", face, FaceMagnification);
   btnOK = NewButton("btnOK", "OK");
-  btnOK->setDefault(true);
   btnCancel = NewButton("btnCancel", "Cancel");
 }
 

@@ -51,7 +51,6 @@ void frmChoosePlayer::BuildControls() {
   cmbPlayer = new DropDownList("cmbPlayer");
   cmbTeam->AskForRoom(LongestTeamText);
   btnOK = NewButton("btnOK", "OK");
-  btnOK->setDefault(true);
   btnCancel = NewButton("btnCancel", "Cancel");
 }
 

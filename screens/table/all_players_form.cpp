@@ -80,7 +80,6 @@ void frmAllPlayers::BuildGrid() {
   grdPlayers->setTabKeyNavigation(false);
   // A double click on a name shows the player instead.
   grdPlayers->setEditTriggers(QAbstractItemView::AnyKeyPressed | QAbstractItemView::EditKeyPressed);
-  grdPlayers->setWordWrap(false);
   grdPlayers->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
   grdPlayers->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
   grdPlayers->verticalHeader()->hide();

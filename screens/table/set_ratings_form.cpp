@@ -78,7 +78,6 @@ void frmSetRatings::BuildControls() {
   lblEffect = NewLabel("lblEffect");
   btnOK = NewButton("btnOK", "OK");
   btnCancel = NewButton("btnCancel", "Cancel");
-  btnOK->setDefault(true);
 }
 
 void frmSetRatings::LayOut() {

@@ -42,7 +42,6 @@ void ChooseColor::BuildControls() {
   picCurrentColor->setAccessibleName("Picked color");
   lblColor = new ElidedLabel("lblColor");
   btnOK = NewButton("btnOK", "OK");
-  btnOK->setDefault(true);
   btnCancel = NewButton("btnCancel", "Cancel");
 }
 

@@ -44,7 +44,6 @@ void ChoosePlay::BuildControls() {
   font.setBold(true);
   lblChosen->setFont(font);
   btnOK = NewButton("btnOK", "OK");
-  btnOK->setDefault(true);
   btnCancel = NewButton("btnCancel", "Cancel");
 }
 

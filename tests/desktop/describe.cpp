@@ -127,6 +127,7 @@ class FormText {
   static QString ContentOf(QWidget& widget) {
     if (auto* label = qobject_cast<QLabel*>(&widget)) {
       QString text = ' ' + Quoted(label->text());
+      if (!label->pixmap().isNull()) text += ", picture " + Size(label->pixmap().size());
       if (label->buddy() != nullptr) text += " of " + label->buddy()->objectName();
       if (label->alignment() & Qt::AlignRight) text += ", right";
       if (label->alignment() & Qt::AlignHCenter) text += ", centered";
@@ -134,12 +135,13 @@ class FormText {
     }
     if (auto* button = qobject_cast<QAbstractButton*>(&widget)) {
       QString text = ' ' + Quoted(button->text());
-      if (!button->icon().isNull()) text += ", icon";
+      if (!button->icon().isNull()) text += ", icon " + Size(button->iconSize());
       if (button->isCheckable()) text += button->isChecked() ? ", on" : ", off";
       if (button->autoRepeat()) text += ", repeats";
       auto* push = qobject_cast<QPushButton*>(button);
       if (push != nullptr && push->isDefault()) text += ", default";
-      if (auto* menu = push != nullptr ? push->menu() : nullptr) text += ", " + ItemsOf(*menu);
+      if (auto* menu = push != nullptr ? push->menu() : nullptr)
+        text += ", " + ItemsOf(menu->actions());
       return text;
     }
     if (auto* group = qobject_cast<QGroupBox*>(&widget)) return ' ' + Quoted(group->title());
@@ -159,7 +161,11 @@ class FormText {
              QString(" of %1 to %2").arg(number->minimum()).arg(number->maximum());
     }
     if (auto* bar = qobject_cast<QScrollBar*>(&widget)) {
-      return QString(" %1 of %2 to %3").arg(bar->value()).arg(bar->minimum()).arg(bar->maximum());
+      return QString(" %1 of %2 to %3, pages of %4")
+          .arg(bar->value())
+          .arg(bar->minimum())
+          .arg(bar->maximum())
+          .arg(bar->pageStep());
     }
     if (qobject_cast<ColorBox*>(&widget)) {
       const QImage shown = widget.grab().toImage();
@@ -171,9 +177,9 @@ class FormText {
     return {};
   }
 
-  static QString ItemsOf(const QMenu& menu) {
+  static QString ItemsOf(const QList<QAction*>& actions) {
     QStringList items;
-    for (const QAction* action : menu.actions()) {
+    for (const QAction* action : actions) {
       const QString tick = action->isChecked() ? "[x] " : "[ ] ";
       items << (action->isCheckable() ? tick : QString()) + action->text();
     }
@@ -199,6 +205,8 @@ class FormText {
       heads << model.headerData(column, Qt::Horizontal).toString() +
                    (tip.isEmpty() ? "" : " (tip " + tip + ')');
     }
+    if (table != nullptr && !table->verticalHeader()->isHidden()) Add(depth, "numbered");
+    if (!view.actions().isEmpty()) Add(depth, ItemsOf(view.actions()));
     if (!header->isHidden()) Add(depth, "heads " + heads.join(" | "));
     AddRowsOf(depth, view, {});
   }

@@ -1,5 +1,6 @@
 #include <QFile>
 
+#include "shell/start_page.h"
 #include "tests/desktop/all_forms.h"
 #include "tests/desktop/describe.h"
 #include "tests/desktop/use_controls.h"
@@ -17,11 +18,20 @@ QString TextIn(const QString& path) {
 TEST_F(AllForms, ShowAndDoWhatTheFileOfFormsSays) {
   const QStringList expected = TextIn(FORMS_TEXT).trimmed().split("\n\n");
   QStringList shown;
-  VisitAll([&](QWidget& form) {
-    const QStringList first{Described(form)};
-    const QString text = (first + ChangesByControl(form)).join('\n');
+  const auto compare = [&](const QStringList& lines) {
+    const QString text = lines.join('\n');
     EXPECT_EQ(text.toStdString(), expected.value(shown.size()).toStdString());
     shown << text;
+  };
+  LeagueSession session_without_image;
+  FRSMform empty(session_without_image, &settings_);
+  empty.AddRecentFile("/league.nes");
+  for (QWidget* window : {static_cast<QWidget*>(&empty), static_cast<QWidget*>(&window_)}) {
+    compare({Described(Find<StartPage>(*window, "StartPage"))});
+  }
+  VisitAll([&](QWidget& form) {
+    const QStringList first{Described(form)};
+    compare(first + ChangesByControl(form));
   });
   EXPECT_EQ(shown.size(), expected.size());
   if (!HasFailure()) return;

@@ -152,5 +152,16 @@ TEST_F(AllForms, ADarkInactiveWindowShowsItsSignsAndItsFrame) {
   QApplication::setPalette(standard);
 }
 
+TEST_F(AllForms, ALightWindowHasTheFrameOfTheDesktopsStyle) {
+  Pick("mViePlayerData");
+  Pick("mVieLeaders");
+  for (const char* form : {"ViewPlayer", "ViewLeaders"}) {
+    QWidget& frame = *Form(form).parentWidget();
+    const QImage shown = frame.grab().toImage();
+    frame.setStyle(QApplication::style());
+    EXPECT_EQ(shown, frame.grab().toImage()) << form;
+  }
+}
+
 }  // namespace
 }  // namespace rostermill::test

@@ -75,7 +75,14 @@ int ExpectReadableItems(QMenu& menu) {
 
 TEST(StandingOut, ChangesAColorOnlyWhereItDoesNotStandOut) {
   EXPECT_EQ(StandingOut(QColor(0x20, 0x40, 0x60), Qt::white).name(), "#204060");
-  EXPECT_GE(Contrast(StandingOut(QColor(0xA0, 0xC0, 0xE0), Qt::white).rgb(), 0xFFFFFF), 4.5);
+  for (const QRgb ground : {0xFFFFFFU, 0x808080U, 0x606060U, 0xFF0000U, 0x00A000U, 0x4040FFU, 0U}) {
+    for (const QRgb color : {0xA0C0E0U, 0x203040U, 0x40A040U}) {
+      const QRgb standing_out = StandingOut(QColor(color), QColor(ground), 4).rgb();
+      EXPECT_GE(Contrast(standing_out, ground), 3.9) << std::hex << ground << " " << color;
+      const bool stood_out = Contrast(color, ground) >= 4;
+      EXPECT_LE(Contrast(standing_out, ground), stood_out ? 21 : 4.6) << "no more than needed";
+    }
+  }
 }
 
 /// Sets the palette before there is a window, as a desktop does.

@@ -72,12 +72,19 @@ TEST_F(ComboBoxTest, WhatIsTypedOverAnEntryIsFilteredAndUndone) {
 }
 
 TEST_F(ComboBoxTest, KeysAndWheelGoToTheEntryThatTheLettersBegin) {
-  for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up}) {
+  for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_PageDown, Qt::Key_PageUp}) {
     box->SetText("p");
     QTest::keyClick(box, key);
     EXPECT_EQ(box->Text(), "POR.");
   }
-  EXPECT_EQ(clicks, 2);
+  EXPECT_EQ(clicks, 4);
+  for (const auto modifier : {Qt::AltModifier, Qt::ControlModifier}) {
+    box->SetText("p");
+    QTest::keyClick(box, Qt::Key_Down, modifier);
+    box->hidePopup();
+    EXPECT_EQ(box->Text(), "p");
+  }
+  box->SetListIndex(2);
   QTest::keyClick(box, Qt::Key_Up);
   EXPECT_EQ(box->Text(), "HAR.") << "from an entry they go to the next one";
   box->SetText("x");
@@ -108,7 +115,12 @@ TEST_F(ComboBoxTest, EnterAndEscAreLeftToTheForm) {
 TEST_F(ComboBoxTest, OnlyAnotherControlTakesTheFocus) {
   box->showPopup();
   box->hidePopup();
-  EXPECT_EQ(losses, 0);
+  for (const auto reason :
+       {Qt::PopupFocusReason, Qt::MenuBarFocusReason, Qt::ActiveWindowFocusReason}) {
+    QFocusEvent leaves(QEvent::FocusOut, reason);
+    QApplication::sendEvent(box, &leaves);
+  }
+  EXPECT_EQ(losses, 0) << "the focus comes back from there";
   QTest::keyClick(box, Qt::Key_Tab);
   EXPECT_TRUE(other->hasFocus());
   EXPECT_EQ(losses, 1);

@@ -3,12 +3,15 @@
 #include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
+#include <QToolTip>
 #include <QVBoxLayout>
 #include <gtest/gtest.h>
 
 #include "tests/support/sample.h"
 #include "tests/support/typing.h"
+#include "toolkit/click_label.h"
 #include "toolkit/color_box.h"
+#include "toolkit/copy_text.h"
 #include "toolkit/drop_down_list.h"
 #include "toolkit/elided_button.h"
 #include "toolkit/elided_label.h"
@@ -44,10 +47,12 @@ TEST(DropDownList, ClickFollowsRealChangesOfTheSelectionOnly) {
 
 TEST(DropDownList, SortsWithoutRegardToAsciiCaseAndKeepsEqualsInOrder) {
   DropDownList list("list", ListOrder::Sorted);
-  for (const char* text : {"beta", "Alpha", "ALPHA", "alphabet", "", "Beta"}) list.AddItem(text);
+  for (const char* text : {"beta", "Zoo", "Alpha", "ALPHA", "alphabet", "", "yak", "Beta"}) {
+    list.AddItem(text);
+  }
   QStringList order;
   for (int index = 0; index < list.ListCount(); ++index) order << list.List(index);
-  EXPECT_EQ(order, QStringList({"", "Alpha", "ALPHA", "alphabet", "beta", "Beta"}));
+  EXPECT_EQ(order, QStringList({"", "Alpha", "ALPHA", "alphabet", "beta", "Beta", "yak", "Zoo"}));
 }
 
 TEST(DropDownList, AnEntryThatDoesNotFitKeepsItsEnd) {
@@ -83,6 +88,46 @@ TEST(PictureBox, PaintsThePixelsOfTheLastFileThatCouldBeLoadedMagnified) {
     EXPECT_NE(box.grab().toImage().pixel(frame + 5, frame + 5),
               painted.pixel(frame + 5, frame + 5));
   }
+}
+
+TEST(PictureBox, AnotherSizeIsCenteredOrShrunkIntoItsPlace) {
+  for (const auto& [side, ink] : {std::pair(2, QRect(3, 3, 2, 2)), {20, QRect(0, 0, 8, 8)}}) {
+    PictureBox box("box", QSize(8, 8));
+    QImage picture(side, side, QImage::Format_RGB32);
+    picture.fill(Qt::red);
+    box.SetPicture(picture);
+    box.resize(box.sizeHint());
+    const QImage shown = box.grab(box.contentsRect()).toImage();
+    QRect red;
+    for (int y = 0; y < 8; ++y) {
+      for (int x = 0; x < 8; ++x) {
+        if (shown.pixelColor(x, y) == QColor(Qt::red)) red |= QRect(x, y, 1, 1);
+      }
+    }
+    EXPECT_EQ(red, ink);
+  }
+}
+
+TEST(ClickLabel, IsPressedByTheLeftButtonReleasedInside) {
+  ClickLabel label("heading");
+  label.resize(60, 20);
+  QString pressed;
+  QObject::connect(&label, &ClickLabel::Click, [&] { pressed += "click "; });
+  QObject::connect(&label, &ClickLabel::DblClick, [&] { pressed += "double "; });
+  QTest::mouseClick(&label, Qt::RightButton);
+  QTest::mouseDClick(&label, Qt::RightButton);
+  QTest::mouseRelease(&label, Qt::LeftButton, {}, QPoint(70, 10));
+  EXPECT_EQ(pressed, "");
+  QTest::mousePress(&label, Qt::LeftButton);
+  EXPECT_EQ(pressed, "") << "a press can still be taken back";
+  QTest::mouseRelease(&label, Qt::LeftButton, {}, QPoint(59, 19));
+  QTest::mouseDClick(&label, Qt::LeftButton);
+  QTest::keyClick(&label, Qt::Key_Space);
+  EXPECT_EQ(pressed, "click double click ");
+  Hold(label, Qt::Key_A);
+  QKeyEvent repeated(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier, {}, true);
+  QApplication::sendEvent(&label, &repeated);
+  EXPECT_EQ(pressed, "click double click ");
 }
 
 TEST(ColorIcon, HasARimAllAround) {
@@ -157,6 +202,9 @@ TEST(ElidedLabel, NeverAsksForRoomForItsWholeText) {
   EXPECT_GE(label.sizeHint().width() - 2 * 7,
             label.fontMetrics().horizontalAdvance(QString(40, 'W')));
   EXPECT_LT(label.minimumSizeHint().width(), 400);
+  const QSize least = label.minimumSizeHint();
+  label.setMargin(9);
+  EXPECT_EQ(label.minimumSizeHint(), least + QSize(4, 4));
 }
 
 TEST(ElidedButton, AnIconTakesNoRoomFromTheText) {
@@ -169,6 +217,37 @@ TEST(ElidedButton, AnIconTakesNoRoomFromTheText) {
   button.setIconSize(picture.size());
   EXPECT_GE(button.sizeHint().width(), width + 16);
   EXPECT_GE(button.sizeHint().height(), 40);
+}
+
+TEST(ElidedButton, ShowsItsCaptionLiterallyAndWhatIsTooLongInTheToolTip) {
+  ElidedButton button("Q & A", "Q & A");
+  EXPECT_EQ(button.text(), "Q && A");
+  EXPECT_EQ(button.toolTip(), "");
+  button.SetCaption("Q & A and more");
+  EXPECT_EQ(button.toolTip(), "Q & A and more");
+  EXPECT_EQ(button.Caption(), "Q & A and more");
+  button.resize(button.sizeHint());
+  for (const QSize icon : {QSize(), QSize(16, 16)}) {
+    QPixmap picture(icon);
+    picture.fill(Qt::red);
+    button.setIcon(picture);
+    button.setIconSize(icon);
+    const auto with_end = [&button](const char* end) {
+      button.SetCaption(QString(40, 'i') + end);
+      return button.grab().toImage();
+    };
+    EXPECT_EQ(with_end("A"), with_end("B")) << "the end is cut off";
+  }
+}
+
+TEST(CopyText, SeparatorsInsideACellBecomeBlanks) {
+  EXPECT_EQ(TabSeparatedText({{"a\tb", "c\nd\re"}, {"f"}}), "a b\tc d e\nf\n");
+}
+
+TEST(PlainToolTip, ShowsMarkupLiterallyAndNoNovel) {
+  EXPECT_EQ(PlainToolTip("plain & simple"), "plain & simple");
+  EXPECT_EQ(PlainToolTip("<b>x</b>"), "<span style='white-space: pre'>&lt;b&gt;x&lt;/b&gt;</span>");
+  EXPECT_EQ(PlainToolTip(QString(5000, 'x')), QString(400, 'x'));
 }
 
 TEST(PictureCache, DecodesAFileOnceAndAgainOnlyWhenItHasChanged) {
@@ -200,6 +279,7 @@ class Grid : public testing::Test {
     for (int index = 0; index < 5; ++index) {
       auto* cell = new PictureBox(QString::number(index), QSize(4, 4));
       cell->SetClickable("Cell");
+      cell->setToolTip("Cell " + QString::number(index));
       row->addWidget(cell);
       cells.push_back(cell);
     }
@@ -227,6 +307,7 @@ TEST_F(Grid, ArrowsWalkItAndTabStopsOnceAtTheCellLastVisited) {
   EXPECT_EQ(After({Qt::Key_Tab}), "0");
   EXPECT_EQ(After({Qt::Key_Left, Qt::Key_Up}), "0");
   EXPECT_EQ(After({Qt::Key_Right}), "1");
+  EXPECT_EQ(QToolTip::text(), "Cell 1") << "as under the mouse";
   EXPECT_EQ(After({Qt::Key_Down}), "4");
   EXPECT_EQ(After({Qt::Key_Right, Qt::Key_Down}), "4") << "the last row is short";
   EXPECT_EQ(After({Qt::Key_Home}), "3");

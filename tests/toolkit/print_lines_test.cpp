@@ -34,6 +34,17 @@ TEST(PrintLines, PagesFollowThePaperAndNarrowPaperTakesSmallerLettersAndFailures
 
   QPdfWriter writer("/no such folder/list.pdf");
   EXPECT_EQ(PrintLines(writer, {"a line"}).Failure, "the printer could not be started.");
+  class Jammed : public QPdfWriter {
+   public:
+    using QPdfWriter::QPdfWriter;
+    bool newPage() override { return false; }
+  };
+  QBuffer buffer;
+  buffer.open(QIODevice::WriteOnly);
+  Jammed jammed(&buffer);
+  const PrintResult result = PrintLines(jammed, QStringList(500, "a line"));
+  EXPECT_EQ(result.Failure, "the printer gave no new page.");
+  EXPECT_EQ(result.Pages, 0);
 }
 
 TEST(Printers, TakesTheDefaultOrTheOnlyPrinterAndOtherwiseNamesThem) {

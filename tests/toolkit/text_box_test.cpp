@@ -62,6 +62,27 @@ TEST(TextBox, TypingStaysAtTheCaretAndCanBeUndone) {
   EXPECT_FALSE(box.isUndoAvailable()) << "a text set by the program has nothing to undo";
 }
 
+TEST(TextBox, LeavesUndoToTheWindowWhileItHasNothingToUndo) {
+  TextBox box("box", 16);
+  const auto claims = [&box](Qt::Key key, Qt::KeyboardModifiers modifiers) {
+    QKeyEvent event(QEvent::ShortcutOverride, key, modifiers, QString(QChar(key)));
+    event.ignore();
+    QApplication::sendEvent(&box, &event);
+    return event.isAccepted();
+  };
+  const auto claimed = [&] {
+    return QString("%1%2%3")
+        .arg(claims(Qt::Key_Z, Qt::ControlModifier) ? "undo " : "")
+        .arg(claims(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier) ? "redo " : "")
+        .arg(claims(Qt::Key_A, Qt::NoModifier) ? "a" : "");
+  };
+  EXPECT_EQ(claimed(), "a");
+  QTest::keyClicks(&box, "b");
+  EXPECT_EQ(claimed(), "undo a");
+  Undo(box);
+  EXPECT_EQ(claimed(), "redo a");
+}
+
 TEST(TextBox, OfAnEnteredTextOnlyTheCharactersOutsideLatin1AreLost) {
   TextBox box("box", 8);
   QTest::sendKeyEvent(QTest::Click, &box, Qt::Key_unknown, Utf8("Ж"), Qt::NoModifier);
