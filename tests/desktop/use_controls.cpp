@@ -10,6 +10,7 @@
 #include <QTest>
 
 #include "tests/desktop/describe.h"
+#include "tests/desktop/expected_text.h"
 #include "toolkit/click_label.h"
 #include "toolkit/picture_box.h"
 
@@ -52,18 +53,6 @@ QString Use(QWidget& control) {
   if (!picked && !qobject_cast<ClickLabel*>(&control)) return {};
   QTest::mouseClick(&control, Qt::LeftButton);
   return "click";
-}
-
-/// The lines of `after` that `before` doesn't have in the same place; of very many the first and
-/// the last ones.
-QStringList NewLines(const QStringList& before, const QStringList& after) {
-  QStringList lines;
-  for (int at = 0; at < after.size(); ++at) {
-    if (after[at] != before.value(at)) lines << after[at].trimmed();
-  }
-  constexpr int enough = 12;
-  while (lines.size() > enough) lines.removeAt(enough / 2);
-  return lines;
 }
 
 /// Whether a control has an equal one before it and another after it in its array.

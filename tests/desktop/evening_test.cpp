@@ -1,0 +1,170 @@
+#include <QLabel>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QRegularExpression>
+#include <QStatusBar>
+#include <QTableView>
+#include <QTreeWidget>
+
+#include "tests/desktop/describe.h"
+#include "tests/desktop/expected_text.h"
+#include "tests/support/main_window.h"
+#include "tests/support/typing.h"
+#include "toolkit/color_box.h"
+#include "toolkit/drop_down_list.h"
+#include "toolkit/text_box.h"
+#include "toolkit/up_down.h"
+
+namespace rostermill::test {
+namespace {
+
+/// All forms are open at once, and each step is told by what it changes in any of them.
+class Evening : public MainWindow {
+ protected:
+  Evening() {
+    EXPECT_TRUE(window_.OpenImageFile(path_));
+    Activate(window_);
+    for (const char* item :
+         {"mViePlayerData", "mVieTeamData", "mSchVieAll", "mAFCe1", "mSchEdit", "mVieLeaders",
+          "mnuEditGameSettings", "mToolVersions", "mToolCheck", "mToolPlayers", "mDatProbowl"}) {
+      Pick(item);
+    }
+    Press("frmProbowl", "btnAFCroster");
+    Press("ViewPlayer", "btnEdit");
+    Press("ViewTeams", "btnEdit");
+    before_ = Parts();
+  }
+
+  /// Takes a step, answering the messages that it brings with these buttons.
+  void Step(const QString& title, const QStringList& answers, const std::function<void()>& act) {
+    QString told = title;
+    for (const QString& answer : answers) {
+      OnNextDialog([&told, answer](QDialog& dialog) {
+        const auto& box = dynamic_cast<QMessageBox&>(dialog);
+        QString text = box.text() + ' ' + box.informativeText();
+        text.replace('\n', "\\n");
+        told += "\n  message " + box.windowTitle() + ": " + text + " -> " + answer;
+        ClickButton(dialog, answer);
+      });
+    }
+    act();
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    const auto now = Parts();
+    for (const auto& [name, lines] : now.asKeyValueRange()) {
+      const QStringList changed = NewLines(before_.value(name), lines);
+      if (!changed.isEmpty()) told += "\n  " + name + "\n    " + changed.join("\n    ");
+    }
+    for (const auto& [name, lines] : before_.asKeyValueRange()) {
+      if (!now.contains(name)) told += "\n  " + name + " is closed";
+    }
+    before_ = now;
+    // Times and folders are others each time.
+    static const QRegularExpression time("(\\d\\d\\d\\d-\\d\\d-\\d\\d |yesterday )?\\d\\d:\\d\\d");
+    story_
+        << told.replace(time, "(time)").replace(QString::fromStdString(folder_.Path()), "(folder)");
+  }
+  void Type(const QString& form, const QString& box, const QString& text) {
+    auto& line = Find<QLineEdit>(Form(form), box);
+    line.selectAll();
+    QTest::keyClicks(&line, text);
+  }
+  void PickEntry(const QString& form, const QString& list, int index) {
+    Find<DropDownList>(Form(form), list).SetListIndex(index);
+  }
+
+  QStringList story_;
+
+ private:
+  using Described = QMap<QString, QStringList>;
+
+  Described Parts() {
+    Described parts;
+    QStringList window{window_.windowTitle()};
+    for (const QLabel* label : window_.statusBar()->findChildren<QLabel*>()) {
+      window << label->objectName() + ' ' + label->text() + " (tip " + label->toolTip() + ')';
+    }
+    window << "message " + window_.statusBar()->currentMessage();
+    for (const QAction* action : window_.findChildren<QAction*>(QRegularExpression("^m"))) {
+      window << action->objectName() + ' ' + action->text() + (action->isEnabled() ? "" : ", gray");
+    }
+    parts["the window"] = window;
+    for (QMdiSubWindow* frame : Area().subWindowList()) {
+      parts[frame->widget()->objectName()] = test::Described(*frame->widget()).split('\n');
+    }
+    return parts;
+  }
+
+  Described before_;
+};
+
+TEST_F(Evening, EveryFormFollowsEveryStep) {
+  Step("A player of the team on view gets a name and a power", {}, [&] {
+    Type("EditPlayer", "txtPlayer", "Ann Auk");
+    Press("EditPlayer", "btnPlus(0)");
+    Press("EditPlayer", "btnSavePlayer");
+  });
+  Step("A back returns kicks", {}, [&] {
+    PickEntry("ViewPlayer", "cmbPosition", 2);
+    Find<QAbstractButton>(Form("EditPlayer"), "chkKick").click();
+    Press("EditPlayer", "btnSavePlayer");
+  });
+  Step("The team moves", {}, [&] {
+    Type("EditTeam", "txtCity", "Ankle");
+    Type("EditTeam", "txtAbbreviation", "ankl");
+    PickEntry("EditTeam", "cmbFormation", 1);
+    Press("EditTeam", "btnSave");
+  });
+  Step("It gets a champion's color", {}, [&] {
+    OnNextDialog([](QDialog& dialog) {
+      emit Find<ColorBox>(dialog, "picColor(9)").Click();
+      ClickButton(dialog, "OK");
+    });
+    emit Find<ColorBox>(Form("EditTeam"), "picDivChamp(1)").Click();
+  });
+  Step("A game less in the first week", {}, [&] {
+    emit Find<UpDown>(Form("frmEditSchedule"), "upGames").DownClick();
+    Press("frmEditSchedule", "cmdOK");
+  });
+  Step("Another year", {}, [&] {
+    Type("frmEditGameSettings", "txtRosterYear", "2031");
+    Press("frmEditGameSettings", "cmdOK");
+  });
+  Step("A cell of the table", {}, [&] {
+    auto& grid = Find<QTableView>(Form("frmAllPlayers"), "grdPlayers");
+    grid.model()->setData(grid.model()->index(0, 3), "Heron", Qt::EditRole);
+  });
+  Step("An all-star", {}, [&] {
+    OnNextDialog([](QDialog& dialog) {
+      Find<DropDownList>(dialog, "cmbTeam").SetListIndex(3);
+      Find<DropDownList>(dialog, "cmbPlayer").SetListIndex(1);
+      ClickButton(dialog, "OK");
+    });
+    QTest::keyClick(&Find<QWidget>(Form("frmRoster"), "lblQB(1)"), Qt::Key_Space);
+  });
+  for (const char* what : {"the all-star", "the cell", "the year", "the game", "the color",
+                           "the move", "the returner", "the name"}) {
+    Step(QString("Undo ") + what, {}, [&] { Pick("mnuEditUndo"); });
+  }
+  Step("Redo the name", {}, [&] { Pick("mnuEditRedo"); });
+  Step("Redo the returner", {}, [&] { Pick("mnuEditRedo"); });
+  Step("A number is typed but not stored", {}, [&] { Press("EditPlayer", "btnPlus(8)"); });
+  Step("A save is declined", {"No"}, [&] { Pick("mFilSaveROM"); });
+  Step("A save", {"Yes"}, [&] { Pick("mFilSaveROM"); });
+  Step("The first state is compared", {}, [&] { Press("frmVersions", "btnCompare"); });
+  Step("The first state is brought back", {}, [&] { Press("frmVersions", "btnBring"); });
+  Step("Not any more", {}, [&] { Pick("mnuEditUndo"); });
+  Step("A part of it is taken", {}, [&] {
+    Find<QTreeWidget>(Form("frmCompare"), "lstChanges")
+        .topLevelItem(0)
+        ->setCheckState(0, Qt::Checked);
+    Press("frmCompare", "btnTake");
+  });
+  Step("The image is not unloaded", {"No"}, [&] { Pick("mFilUnloadROM"); });
+  Step("The image is unloaded", {"Yes"}, [&] { Pick("mFilUnloadROM"); });
+  Step("It is loaded again", {}, [&] { EXPECT_TRUE(window_.OpenImageFile(path_)); });
+  ExpectTextOfFile("evening.txt", story_);
+}
+
+}  // namespace
+}  // namespace rostermill::test

@@ -1,0 +1,35 @@
+#include "tests/desktop/expected_text.h"
+
+#include <QFile>
+#include <gtest/gtest.h>
+
+#include "tests/support/sample.h"
+
+namespace rostermill::test {
+
+QStringList NewLines(const QStringList& before, const QStringList& after) {
+  QStringList lines;
+  for (int at = 0; at < after.size(); ++at) {
+    if (after[at] != before.value(at)) lines << after[at].trimmed();
+  }
+  constexpr int enough = 12;
+  while (lines.size() > enough) lines.removeAt(enough / 2);
+  return lines;
+}
+
+void ExpectTextOfFile(const QString& name, const QStringList& sections) {
+  QFile file(QString(TEXT_FOLDER "/") + name);
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << file.fileName().toStdString();
+  const QString expected = QString::fromUtf8(file.readAll()).trimmed();
+  const QStringList parts = expected.split("\n\n");
+  for (int at = 0; at < std::max(parts.size(), sections.size()); ++at) {
+    EXPECT_EQ(sections.value(at).toStdString(), parts.value(at).toStdString());
+  }
+  const QString shown = sections.join("\n\n");
+  if (shown == expected) return;
+  WriteFile(name.toStdString(), shown.toStdString() + '\n');
+  ADD_FAILURE() << "If all is as it should be, copy " << name.toStdString() << " from here to "
+                << TEXT_FOLDER;
+}
+
+}  // namespace rostermill::test
