@@ -7,7 +7,7 @@
 #include <QTreeWidget>
 
 #include "tests/desktop/describe.h"
-#include "tests/desktop/expected_text.h"
+#include "tests/support/expected_text.h"
 #include "tests/support/main_window.h"
 #include "tests/support/typing.h"
 #include "toolkit/color_box.h"
@@ -163,7 +163,7 @@ TEST_F(Evening, EveryFormFollowsEveryStep) {
   Step("The image is not unloaded", {"No"}, [&] { Pick("mFilUnloadROM"); });
   Step("The image is unloaded", {"Yes"}, [&] { Pick("mFilUnloadROM"); });
   Step("It is loaded again", {}, [&] { EXPECT_TRUE(window_.OpenImageFile(path_)); });
-  ExpectTextOfFile("evening.txt", story_);
+  ExpectTextOfFile("desktop/evening.txt", story_);
 }
 
 }  // namespace

@@ -1,8 +1,8 @@
 #include "shell/start_page.h"
 #include "tests/desktop/all_forms.h"
 #include "tests/desktop/describe.h"
-#include "tests/desktop/expected_text.h"
 #include "tests/desktop/use_controls.h"
+#include "tests/support/expected_text.h"
 
 namespace rostermill::test {
 namespace {
@@ -21,7 +21,7 @@ TEST_F(AllForms, ShowAndDoWhatTheFileOfFormsSays) {
       shown.back() += '\n' + changes.join('\n');
     }
   });
-  ExpectTextOfFile("forms.txt", shown);
+  ExpectTextOfFile("desktop/forms.txt", shown);
 }
 
 }  // namespace

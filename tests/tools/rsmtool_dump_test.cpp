@@ -1,9 +1,3 @@
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-
-#include <regex>
-
 #include "tests/support/damage.h"
 #include "tests/tools/rsmtool_fixture.h"
 
@@ -29,8 +23,7 @@ TEST_F(RsmtoolDump, EveryFieldIsInItsPlaceAndOrder) {
                                           {0x301A, {0x9A, 0xBC, 0x00, 0xDE}},
                                           {0x239D3, {0x23}}});
   const std::string out = Out({"dump", path});
-  // One value a line; here they are in one.
-  const std::string text = std::regex_replace(out.substr(0, 5000), std::regex("\n *"), " ");
+  const std::string text = InOneLine(out.substr(0, 5000));
   const std::string head =
       R"({ "rosterYear": "1993", "leagueText": [ "ABC", "\"\\\u0007", "xéz" ], "teams": [ { )"
       R"("index": 1, "city": "HARBORTON", "nickname": "SPARROWS", "abbreviation": "A.B ", )"
@@ -58,36 +51,21 @@ TEST_F(RsmtoolDump, OtherGroupsScheduleAndAllStars) {
                                           {0x329DB, {0x1B, 0x00}},
                                           {0x32853, {0x1B, 0x1D}},
                                           {0x32853 + 60, {0x00, 0x00}}});
-  const std::string out = Out({"dump", path});
-  const QJsonObject root = QJsonDocument::fromJson(QByteArray::fromStdString(out)).object();
-  const QJsonArray players = root["teams"][0]["players"].toArray();
-  ASSERT_EQ(players.size(), 30);
-  const auto expect_player = [&](int slot, const char* label, const char* group, int face,
-                                 const QJsonObject& own) {
-    const QJsonObject player = players[slot - 1].toObject();
-    QJsonObject ratings{
-        {"rushingPower", 1}, {"runningSpeed", 2}, {"maximumSpeed", 3}, {"hittingPower", 4}};
-    for (auto one = own.begin(); one != own.end(); ++one) ratings[one.key()] = one.value();
-    EXPECT_EQ(player["label"].toString(), label);
-    EXPECT_EQ(player["group"].toString(), group);
-    EXPECT_EQ(player["face"].toInt(), face);
-    EXPECT_EQ(player["ratings"].toObject(), ratings) << label;
-    EXPECT_FALSE(player.contains("kickReturner")) << label;
-  };
-  expect_player(13, "C", "Line", 0x80, {});
-  expect_player(18, "RE", "Defense", 0x81, {{"passInterception", 5}, {"quickness", 6}});
-  expect_player(29, "K", "Kick", 0x82, {{"kickingAbility", 6}, {"avoidKickBlock", 7}});
-
-  EXPECT_NE(out.find("  \"schedule\": [\n    [\n      {\n        \"away\": 27,\n"
-                     "        \"home\": 0\n      }\n    ],\n    [],\n"),
-            std::string::npos)
-      << "counted from 0, and only the games in use";
-  EXPECT_EQ(root["schedule"].toArray().size(), 17);
-  EXPECT_NE(out.find("  \"probowl\": [\n    [\n      {\n        \"team\": 28,\n"
-                     "        \"slot\": 30\n      },\n"),
-            std::string::npos);
-  EXPECT_EQ(root["probowl"][1][0]["team"].toInt(), 1) << "counted from 1";
-  EXPECT_EQ(root["probowl"][1].toArray().size(), 30);
+  const std::string text = InOneLine(Out({"dump", path}));
+  const std::string ratings =
+      R"("ratings": { "rushingPower": 1, "runningSpeed": 2, "maximumSpeed": 3, "hittingPower": 4)";
+  // The schedule is counted from 0 and has only the games in use; all-stars are counted from 1.
+  for (const std::string& part :
+       {R"("slot": 13, "label": "C", "group": "Line", "firstName": "toby", "lastName": "YARROW", )"
+        R"("jerseyNumber": "59", "face": 128, )" +
+            ratings + " } }, {",
+        R"("face": 129, )" + ratings + R"(, "passInterception": 5, "quickness": 6 } }, {)",
+        R"("face": 130, )" + ratings + R"(, "kickingAbility": 6, "avoidKickBlock": 7 } }, {)",
+        std::string(R"( "schedule": [ [ { "away": 27, "home": 0 } ], [], [ {)"),
+        std::string(R"( "probowl": [ [ { "team": 28, "slot": 30 }, {)"),
+        std::string(R"( } ], [ { "team": 1, "slot": 1 }, {)")}) {
+    EXPECT_NE(text.find(part), std::string::npos) << part;
+  }
 }
 
 TEST_F(RsmtoolResave, TheCopyIsWhatASaveOfTheEditorWrites) {
@@ -97,8 +75,6 @@ TEST_F(RsmtoolResave, TheCopyIsWhatASaveOfTheEditorWrites) {
   EXPECT_EQ(BytesOf(in), before) << "the source stays as it is";
   const Bytes after = BytesOf(Path("out.nes"));
   EXPECT_EQ(after, SavedBytes(SampleLeague()));
-  EXPECT_EQ(after[0x21642], 0x8A);
-  EXPECT_EQ(after[0x328D3], after[0x239D3]);
 }
 
 TEST_F(RsmtoolResave, BytesAfterTheImageAndPipesAreCarried) {

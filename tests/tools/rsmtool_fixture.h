@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <initializer_list>
+#include <regex>
 #include <sstream>
 
 #include "tests/support/sample.h"
@@ -36,6 +37,11 @@ class RsmtoolTest : public testing::Test {
     const Result result = Run(arguments);
     EXPECT_EQ(result.Code, code) << arguments.join(' ').toStdString() << "\n" << result.Err;
     return result.Out;
+  }
+
+  /// JSON has one value a line; here they are in one.
+  static std::string InOneLine(const std::string& json) {
+    return std::regex_replace(json, std::regex("\n *"), " ");
   }
 
   /// Expects that a call ends with this code and writes nothing but this line about itself.

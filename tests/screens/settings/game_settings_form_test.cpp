@@ -52,9 +52,7 @@ class GameSettingsFormTest : public ScreenTest {
 };
 
 TEST_F(GameSettingsFormTest, ShowsTheStoredTextsAndStoresWhatIsTypedAtItsFixedLength) {
-  EXPECT_EQ(form->windowTitle(), "Game Settings");
   EXPECT_EQ(Shown(), "1991|XFL|N  |A\xC9 ");
-  EXPECT_EQ(QApplication::focusWidget(), &Box("txtRosterYear"));
   EXPECT_EQ(Box("txtRosterYear").selectedText(), "1991");
   Replace("txtRosterYear", "20X45");
   Replace("txtLeague(0)", "abcd");
@@ -85,7 +83,6 @@ TEST_F(GameSettingsFormTest, EscStoresNothingAndOkKeepsAnyBytes) {
   ASSERT_FALSE(form);
   Open();
   EXPECT_EQ(Shown(), "1991|XFL|N  |A\xC9 ");
-  EXPECT_EQ(Texts(), Shown());
 
   Press("cmdCancel");
   for (int byte = 0; byte <= 0xFF; byte += 3) {

@@ -53,9 +53,6 @@ class TeamForms : public ScreenTest {
     return {rec.Red, rec.Green, rec.Blue};
   }
   QString Named(int index) { return FromUtf8(League().PaletteData[index].Name); }
-  QString NameAndNumber(int index) {
-    return Named(index) + QString(", %1 ($%2)").arg(index).arg(FromLatin1(HexByteText(index)));
-  }
   /// The picture of a play as the program has it in its folder; slots and choices as in the league.
   static QImage PlayPicture(int slot, int choice) {
     const char kind = slot <= 4 ? 'r' : 'p';

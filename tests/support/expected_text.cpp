@@ -1,6 +1,7 @@
-#include "tests/desktop/expected_text.h"
+#include "tests/support/expected_text.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <gtest/gtest.h>
 
 #include "tests/support/sample.h"
@@ -17,19 +18,24 @@ QStringList NewLines(const QStringList& before, const QStringList& after) {
   return lines;
 }
 
-void ExpectTextOfFile(const QString& name, const QStringList& sections) {
-  QFile file(QString(TEXT_FOLDER "/") + name);
-  ASSERT_TRUE(file.open(QIODevice::ReadOnly)) << file.fileName().toStdString();
-  const QString expected = QString::fromUtf8(file.readAll()).trimmed();
+QString TextOfTestFile(const QString& path) {
+  QFile file(QString(TESTS_FOLDER "/") + path);
+  EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << file.fileName().toStdString();
+  return QString::fromUtf8(file.readAll()).trimmed();
+}
+
+void ExpectTextOfFile(const QString& path, const QStringList& sections) {
+  const QString expected = TextOfTestFile(path);
   const QStringList parts = expected.split("\n\n");
   for (int at = 0; at < std::max(parts.size(), sections.size()); ++at) {
     EXPECT_EQ(sections.value(at).toStdString(), parts.value(at).toStdString());
   }
   const QString shown = sections.join("\n\n");
   if (shown == expected) return;
+  const QString name = QFileInfo(path).fileName();
   WriteFile(name.toStdString(), shown.toStdString() + '\n');
   ADD_FAILURE() << "If all is as it should be, copy " << name.toStdString() << " from here to "
-                << TEXT_FOLDER;
+                << TESTS_FOLDER "/" << path.toStdString();
 }
 
 }  // namespace rostermill::test

@@ -8,8 +8,10 @@ namespace rostermill::test {
 /// the last ones.
 QStringList NewLines(const QStringList& before, const QStringList& after);
 
-/// Compares sections of text with those of a file in this folder, where empty lines separate them.
+QString TextOfTestFile(const QString& path);
+
+/// Compares sections of text with those of a file below `tests`, where empty lines separate them.
 /// If they differ, the file is written anew in the current folder, to be read before it is kept.
-void ExpectTextOfFile(const QString& name, const QStringList& sections);
+void ExpectTextOfFile(const QString& path, const QStringList& sections);
 
 }  // namespace rostermill::test
