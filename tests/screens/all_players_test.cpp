@@ -1,6 +1,7 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -55,6 +56,11 @@ class AllPlayers : public MainWindow {
     QTest::keyClicks(editor, text);
     QTest::keyClick(editor, Qt::Key_Return);
     QCoreApplication::processEvents();
+  }
+  void Act(const QString& caption) {
+    for (QAction* action : Grid().actions()) {
+      if (action->text() == caption) action->trigger();
+    }
   }
   void Key(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) {
     QTest::keyClick(&Grid(), key, modifiers);
@@ -146,8 +152,51 @@ TEST_F(AllPlayers, AMenuOfTheHeadingsHidesAndShowsColumns) {
       menu->actions().at(Column("Photo"))->trigger();
       menu->close();
     });
-    emit Grid().horizontalHeader()->customContextMenuRequested({5, 5});
+    if (hides) {
+      QWidget& head = *Grid().horizontalHeader()->viewport();
+      QContextMenuEvent event(QContextMenuEvent::Mouse, {5, 5}, head.mapToGlobal(QPoint(5, 5)));
+      QApplication::sendEvent(&head, &event);
+    } else {
+      Act("Choose Columns...");
+    }
     EXPECT_EQ(Grid().isColumnHidden(Column("Photo")), hides);
+  }
+}
+
+TEST_F(AllPlayers, ThePlayerStaysThroughASortAndTheFirstOneComesWithAFilter) {
+  const QHeaderView& head = *Grid().horizontalHeader();
+  EXPECT_EQ(head.sortIndicatorSection(), -1);
+  GoTo(Cell(31, "First"));
+  Head("RP");
+  EXPECT_EQ(head.sortIndicatorSection(), Column("RP"));
+  EXPECT_EQ(Text(Grid().currentIndex().row(), "Last"), "BRACKEN");
+  EXPECT_EQ(Grid().currentIndex().column(), Column("RP"));
+  EXPECT_EQ(Grid().selectionModel()->selectedIndexes().size(), 1) << "and not the column";
+  EXPECT_TRUE(Grid().viewport()->rect().contains(Grid().visualRect(Grid().currentIndex())));
+  Act("Sort &Within by This Column");
+  EXPECT_EQ(head.sortIndicatorOrder(), Qt::DescendingOrder);
+  session_.Change("another", [](LeagueData& league) { league.NameData[1][1].LastName = "ABBOT"; });
+  EXPECT_EQ(Text(Grid().currentIndex().row(), "Last"), "BRACKEN");
+  Box().setText("sparrows");
+  EXPECT_EQ(Grid().currentIndex().row(), 0);
+  Box().setText("nobody of that name");
+  EXPECT_EQ(Count(), "0 of 840 players");
+  for (const char* button : {"btnSet", "btnShow"}) {
+    EXPECT_FALSE(Find<QPushButton>(Form("frmAllPlayers"), button).isEnabled()) << button;
+  }
+}
+
+TEST_F(AllPlayers, ADoubleClickShowsThePlayerOrEditsTheCell) {
+  for (const char* heading : {"Team", "Pos", "First", "Last", "No", "RS", "KR"}) {
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    session_.CurSlot = 0;
+    GoTo(Cell(4, heading));
+    emit Grid().doubleClicked(Cell(4, heading));
+    const bool edits = Grid().viewport()->findChild<QLineEdit*>() != nullptr;
+    const bool shows = session_.CurSlot == 5;
+    EXPECT_EQ(shows, QStringList({"Team", "Pos", "First", "Last"}).contains(heading)) << heading;
+    EXPECT_EQ(edits, !shows) << heading;
+    Pick("mToolPlayers");
   }
 }
 
@@ -162,17 +211,12 @@ TEST_F(AllPlayers, HeadingsSortAndShiftSortsWithin) {
     }
   }
   GoTo(Cell(0, "No"));
-  const auto act = [this](const QString& caption) {
-    for (QAction* action : Grid().actions()) {
-      if (action->text() == caption) action->trigger();
-    }
-  };
-  act("&Sort by This Column");
+  Act("&Sort by This Column");
   for (int row = 1; row < 840; ++row) ASSERT_LE(Text(row - 1, "No"), Text(row, "No")) << row;
-  act("&Sort by This Column");
+  Act("&Sort by This Column");
   for (int row = 1; row < 840; ++row) ASSERT_GE(Text(row - 1, "No"), Text(row, "No")) << row;
   const auto move = [&](const QString& caption) {
-    act(caption);
+    Act(caption);
     return Grid().horizontalHeader()->visualIndex(Column("No"));
   };
   for (const int place : {3, 2, 1, 0, 0}) EXPECT_EQ(move("Move Column &Left"), place);
@@ -272,6 +316,20 @@ TEST_F(AllPlayers, WholeRowsAreCopiedWithHeadingsAndPastedBack) {
   EXPECT_TRUE(session_.League() == before);
   Paste(QString(copied).replace("\t01\t", "\t77\t"));
   EXPECT_EQ(session_.League().NameData[1][1].JerseyNumber, "77");
+  // Columns as they stand, without the hidden ones and so without headings.
+  Grid().horizontalHeader()->moveSection(Column("No"), 0);
+  Grid().setColumnHidden(Column("Last"), true);
+  Grid().selectionModel()->select(QItemSelection(Cell(0, "First"), Cell(1, "No")),
+                                  QItemSelectionModel::ClearAndSelect);
+  Key(Qt::Key_C, Qt::ControlModifier);
+  EXPECT_EQ(QGuiApplication::clipboard()->text(), "77\tsam\n17\ttad\n");
+  GoTo(Cell(0, "No"));
+  Paste("78\tHARBORTON SPARROWS\tQB 1\tal\t98\n");
+  EXPECT_EQ(Text(0, "No") + Text(0, "First") + Text(0, "Last") + Text(0, "Photo"), "78alPLOVER98");
+  Grid().clearSelection();
+  QGuiApplication::clipboard()->setText("kept");
+  Paste("99");
+  EXPECT_EQ(Text(0, "No"), "78") << "nothing is selected";
 }
 
 TEST_F(AllPlayers, RatingsAreSetForManyAtOnce) {

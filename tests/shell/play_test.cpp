@@ -1,3 +1,5 @@
+#include <QDir>
+#include <QFileInfo>
 #include <QInputDialog>
 
 #include "shell/emulator.h"
@@ -27,6 +29,14 @@ TEST(Emulator, TheFirstUsualOneThatIsInstalledIsTaken) {
   installed << "nestopia"
             << "mednafen";
   EXPECT_EQ(UsualEmulator(find, cores), "\"/bin/mednafen\"");
+}
+
+TEST(Emulator, CoresAreLookedForWhereDebianHasThemToo) {
+  const QStringList folders = CoreFolders();
+  EXPECT_EQ(folders[0], QDir::homePath() + "/.config/retroarch/cores");
+  EXPECT_EQ(folders[1], "/usr/lib/libretro");
+  if (!QFileInfo("/usr/lib/x86_64-linux-gnu").isDir()) GTEST_SKIP() << "another processor";
+  EXPECT_TRUE(folders.contains("/usr/lib/x86_64-linux-gnu/libretro"));
 }
 
 class Play : public MainWindow {

@@ -98,6 +98,11 @@ TEST_F(StartPageTest, TheSizeOfTheWindowIsKeptAndFitsTheScreen) {
     FRSMform next(other, &settings_);
     EXPECT_EQ(next.size(), opened.expandedTo(next.minimumSizeHint()));
   }
+  window_.show();
+  window_.resize(600, 500);
+  window_.showMaximized();
+  window_.close();
+  EXPECT_EQ(settings_.value("Window/Size").toSize(), QSize(600, 500)) << "not the screen's";
 }
 
 TEST(CommandLine, TakesOneFileOrAsksForATextAndRefusesTheRest) {

@@ -192,6 +192,23 @@ TEST(FlexGrid, ItsFixedColumnCoversTheFirstOneAndScrollsWithIt) {
   EXPECT_EQ(fixed.rowHeight(0), grid.rowHeight(0));
 }
 
+TEST(FlexGrid, OpensWithAsManyColumnsAsFitIntoItsWidthAndGrowsWithItsTexts) {
+  FlexGrid grid("grid", 3, 12);
+  const int bar = grid.verticalScrollBar()->sizeHint().width();
+  const int width = grid.columnWidth(0);
+  EXPECT_EQ(grid.sizeHint().width(), 8 * width + bar);
+  EXPECT_GT(grid.sizeHint().height(), 3 * grid.rowHeight(0));
+  grid.SetTextMatrix(0, 1, QString(200, 'W'));
+  grid.SetTextMatrix(1, 2, "x");
+  for (const int column : {1, 2, 3}) grid.WidenToText(column);
+  EXPECT_EQ(grid.columnWidth(1), std::max(2 * width, grid.columnWidth(1)));
+  EXPECT_GT(grid.columnWidth(1), width);
+  EXPECT_LT(grid.columnWidth(1), 4 * width) << "a damaged text doesn't fill the window";
+  EXPECT_EQ(grid.columnWidth(2), width);
+  grid.SetColWidth(0, 144'000);
+  EXPECT_EQ(grid.sizeHint().width(), 10 * grid.logicalDpiX()) << "ten inches at most";
+}
+
 TEST(ElidedLabel, NeverAsksForRoomForItsWholeText) {
   ElidedLabel label("label");
   label.SetText(QString(60'000, 'W'));

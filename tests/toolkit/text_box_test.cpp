@@ -83,6 +83,13 @@ TEST(TextBox, LeavesUndoToTheWindowWhileItHasNothingToUndo) {
   EXPECT_EQ(claimed(), "redo a");
 }
 
+TEST(TextBox, ShiftInsertPastesWhatWasCopied) {
+  TextBox box("box", 16);
+  QApplication::clipboard()->setText("copied");
+  QTest::keyClick(&box, Qt::Key_Insert, Qt::ShiftModifier);
+  EXPECT_EQ(box.Text(), "copied");
+}
+
 TEST(TextBox, OfAnEnteredTextOnlyTheCharactersOutsideLatin1AreLost) {
   TextBox box("box", 8);
   QTest::sendKeyEvent(QTest::Click, &box, Qt::Key_unknown, Utf8("Ж"), Qt::NoModifier);

@@ -89,6 +89,18 @@ TEST_F(EditScheduleTest, StepsThroughTheWeeks) {
   EXPECT_EQ(Caption("lblWeek"), "Week: 1");
 }
 
+TEST_F(EditScheduleTest, EveryTeamCanBePicked) {
+  Open();
+  for (int team = 0; team < 28; ++team) {
+    const auto abbreviation = QString::fromStdString(League().TeamData[team + 1].Abbreviation);
+    Box(0).SetListIndex(Box(0).findText(abbreviation));
+    Press("cmdOK");
+    EXPECT_EQ(League().ScheduleData[0].Games[0].AwayTeam, team);
+    Open();
+    EXPECT_EQ(Box(0).Text(), abbreviation);
+  }
+}
+
 TEST_F(EditScheduleTest, AHiddenGameKeepsItsTeams) {
   League().ScheduleData[2].GameCount = 14;
   Open();
