@@ -2,18 +2,16 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QPointer>
 #include <QTimer>
 
 namespace rostermill {
 
 namespace {
 
-constexpr const char* rest_name = "CaretRest";
-
 class CaretRest : public QObject {
  public:
   CaretRest() : QObject(qApp), usual_flash_time_(QApplication::cursorFlashTime()) {
-    setObjectName(rest_name);
     idle_.setSingleShot(true);
     idle_.callOnTimeout(this, [] { QApplication::setCursorFlashTime(0); });
     qApp->installEventFilter(this);
@@ -37,9 +35,9 @@ class CaretRest : public QObject {
 }  // namespace
 
 void LetCaretRest(std::chrono::milliseconds after) {
-  auto* rest = qApp->findChild<QObject*>(rest_name, Qt::FindDirectChildrenOnly);
+  static QPointer<CaretRest> rest;  // goes with the application
   if (rest == nullptr) rest = new CaretRest;
-  static_cast<CaretRest*>(rest)->RestAfter(after);
+  rest->RestAfter(after);
 }
 
 }  // namespace rostermill

@@ -3,12 +3,11 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QKeyEvent>
+#include <QPointer>
 
 namespace rostermill {
 
 namespace {
-
-constexpr const char* filter_name = "HeldKeysActOnce";
 
 class HeldKeysFilter : public QObject {
  public:
@@ -46,9 +45,9 @@ class HeldKeysFilter : public QObject {
 }  // namespace
 
 void LetHeldKeysActOnce() {
-  if (qApp->findChild<QObject*>(filter_name, Qt::FindDirectChildrenOnly) != nullptr) return;
-  auto* filter = new HeldKeysFilter(qApp);
-  filter->setObjectName(filter_name);
+  static QPointer<HeldKeysFilter> filter;  // goes with the application
+  if (filter != nullptr) return;
+  filter = new HeldKeysFilter(qApp);
   qApp->installEventFilter(filter);
 }
 

@@ -32,6 +32,28 @@ class OpenSave : public testing::Test {
   clsOpenSave dialog_;
 };
 
+TEST_F(OpenSave, ANewObjectHasItsDefaultsAndAFilterReadsBackWithoutUpToTwoBars) {
+  EXPECT_EQ(dialog_.FileExt(), 0);
+  EXPECT_EQ(dialog_.hWnd(), nullptr);
+  EXPECT_EQ(dialog_.MaxFileSize(), 260);
+  EXPECT_EQ(dialog_.InitDir(), "C:\\");
+  EXPECT_EQ(dialog_.Flags(), 0);
+  EXPECT_EQ(dialog_.Filter(), "All Files (*.*)|*.*");
+  EXPECT_EQ(dialog_.FilterIndex(), 1);
+  EXPECT_EQ(dialog_.FileTitle() + dialog_.fileName() + dialog_.DialogTitle() + dialog_.DefaultExt(),
+            "");
+  EXPECT_FALSE(dialog_.CancelError());
+  const QString pairs = "NES (*.nes)|*.nes|All Files|*.*";
+  for (const auto& [set, read] : {std::pair{pairs, pairs},
+                                  {pairs + "|", pairs},
+                                  {pairs + "||", pairs},
+                                  {pairs + "|||", pairs + "|"},
+                                  {"", ""}}) {
+    dialog_.SetFilter(set);
+    EXPECT_EQ(dialog_.Filter(), read) << set.toStdString();
+  }
+}
+
 TEST_F(OpenSave, TheDialogShowsWhatThePropertiesSay) {
   QWidget owner;
   dialog_.SetHWnd(&owner);
@@ -63,6 +85,7 @@ TEST_F(OpenSave, TheDialogShowsWhatThePropertiesSay) {
 
 TEST_F(OpenSave, AChosenFileFillsTheProperties) {
   dialog_.SetInitDir("  " + Path("") + " ");
+  dialog_.SetFlags(4);
   dialog_.SetFilter("NES (*.nes)|*.nes|All Files|*.*");
   dialog_.SetFilterIndex(2);
   AnswerNextFileDialog(Path("league.one.nes"));
@@ -72,6 +95,7 @@ TEST_F(OpenSave, AChosenFileFillsTheProperties) {
   EXPECT_EQ(dialog_.fileName().mid(dialog_.FileExt()), "nes");
   EXPECT_EQ(dialog_.FilterIndex(), 2);
   EXPECT_EQ(dialog_.InitDir(), Path(""));
+  EXPECT_EQ(dialog_.Flags(), 4);
 
   AnswerNextFileDialog(Path("plain"));
   dialog_.ShowOpen();
@@ -103,12 +127,14 @@ TEST_F(OpenSave, ACancelIsReportedAsCancelErrorAsks) {
     ADD_FAILURE() << "no error was raised";
   } catch (const RaisedError& error) {
     EXPECT_EQ(error.Number, 32755);
-    EXPECT_STREQ(error.what(), "Cancel was selected");
+    EXPECT_EQ(error.Source, "Run-time error");
+    EXPECT_EQ(error.Description, "Cancel was selected");
   }
   EXPECT_EQ(dialog_.fileName(), Path("plain"));
   AnswerNextFileDialog("");
   EXPECT_NO_THROW(dialog_.ShowOpen());
   EXPECT_EQ(dialog_.fileName(), "?error?");
+  EXPECT_EQ(dialog_.InitDir(), "C:\\") << "nothing else changes";
 }
 
 }  // namespace
