@@ -7,6 +7,7 @@
 #include <QMenuBar>
 #include <QScopeGuard>
 #include <QStyleOptionGroupBox>
+#include <QTreeView>
 
 #include "tests/desktop/all_forms.h"
 #include "tests/desktop/contrast.h"
@@ -165,6 +166,10 @@ TEST_F(AllForms, FormsOpenAtTheSizeOfTheirContentInsideTheWindowWithALargeFontTo
     VisitAll([this](QWidget& form) {
       EXPECT_GE(form.width(), form.minimumSizeHint().width());
       EXPECT_GE(form.height(), form.minimumSizeHint().height());
+      for (const QTreeView* list : form.findChildren<QTreeView*>()) {
+        EXPECT_GT(list->height(), 8 * list->fontMetrics().height());
+        EXPECT_GT(list->width(), 60 * list->fontMetrics().averageCharWidth());
+      }
       if (auto* frame = qobject_cast<QMdiSubWindow*>(form.parentWidget())) {
         EXPECT_TRUE(Area().viewport()->rect().contains(frame->geometry()));
       } else {

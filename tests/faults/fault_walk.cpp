@@ -26,12 +26,9 @@ void ForEachFault(const std::vector<SystemCall>& trace, Effect kind, int number,
 }
 
 std::string TextOf(const Fault& fault) {
-  const char* effect = fault.Kind == Effect::Kill    ? "killed"
-                       : fault.Kind == Effect::Hold  ? "held"
-                       : fault.Kind == Effect::Lie   ? "a lie"
-                       : fault.Kind == Effect::Short ? "short"
-                                                     : std::strerror(fault.Number);
-  return fault.Call + " " + std::to_string(fault.At) + (fault.Onward ? " and on: " : ": ") + effect;
+  static const char* const effects[] = {"", "short", "a lie", "held", "killed"};
+  return fault.Call + " " + std::to_string(fault.At) + (fault.Onward ? " and on: " : ": ") +
+         (fault.Kind == Effect::Error ? std::strerror(fault.Number) : effects[int(fault.Kind)]);
 }
 
 bool KilledWhile(const std::function<void()>& act) {
@@ -59,7 +56,7 @@ bool HeldWhile(const std::function<bool()>& act, const std::function<void()>& me
 
 std::set<std::string> WalkFaults(const std::function<void()>& prepare,
                                  const std::function<void()>& act,
-                                 const std::function<void(bool)>& check) {
+                                 const std::function<void(bool)>& check, Killing killing) {
   prepare();
   StartFaults({});
   act();
@@ -88,6 +85,7 @@ std::set<std::string> WalkFaults(const std::function<void()>& prepare,
   };
   ForEachFault(trace, Effect::Error, EIO, failing);
   ForEachFault(trace, Effect::Short, 0, failing);
+  if (killing == Killing::Never) return refused;
   ForEachFault(trace, Effect::Kill, 0, [&](const Fault& fault) {
     SCOPED_TRACE(TextOf(fault));
     prepare();

@@ -22,11 +22,14 @@ bool KilledWhile(const std::function<void()>& act);
 /// `act`; true when it was held and has given true.
 bool HeldWhile(const std::function<bool()>& act, const std::function<void()>& meanwhile);
 
+enum class Killing { BeforeEachCall, Never };
+
 /// Calls `act` without a fault, then under each fault of its own calls: a failing, a short, and one
 /// that it is killed before. `prepare` is called before each, `check` after each with whether `act`
 /// returned without an exception. Gives the names of the calls that `act` threw for.
 std::set<std::string> WalkFaults(const std::function<void()>& prepare,
                                  const std::function<void()>& act,
-                                 const std::function<void(bool done)>& check);
+                                 const std::function<void(bool done)>& check,
+                                 Killing killing = Killing::BeforeEachCall);
 
 }  // namespace rostermill::test

@@ -191,38 +191,24 @@ TEST_F(HistoryFaults, AnEditorsSaveHarmsNoImageAndKeepsWhatItReplaces) {
     history->Loaded(old);
     session->Change("Edit Team", [](LeagueData& league) { league.TeamData[3].City = "FAULTON"; });
   };
-  const auto kept_old = [&] {
-    const auto list = versions_.List(image_);
-    return std::ranges::any_of(list, [&](const Version& version) {
-      return versions_.Read(image_, version.Number).Bytes == old;
-    });
-  };
   Bytes saved;
   auto outcome = SaveOutcome::Declined;
-  int untold = 0;
   WalkFaults(
       prepare, [&] { outcome = SaveImage(*session, host, *history); },
       [&](bool done) {
         const Bytes now = FileBytes(image_);
         if (saved.empty()) saved = now;  // the first time nothing fails
-        EXPECT_TRUE(now == saved || (now == old && outcome != SaveOutcome::Saved) ||
-                    (now == old && !done));
-        const bool told = done && !host.messages.empty();
-        if (now == saved && !kept_old() && !told) ++untold;
+        EXPECT_TRUE(now == saved || (now == old && (outcome != SaveOutcome::Saved || !done)));
+        bool kept = false;
         for (const Version& version : versions_.List(image_)) {
-          EXPECT_NO_THROW(versions_.Read(image_, version.Number)) << "a torn version";
+          kept = versions_.Read(image_, version).Bytes == old || kept;
         }
+        EXPECT_TRUE(now == old || kept || (done && !host.messages.empty()))
+            << "the save went over a state that wasn't kept, without a word";
         EXPECT_EQ(session->League().TeamData[3].City, "FAULTON");
         EXPECT_FALSE(host.busy);
-        if (now == saved) return;
-        LeagueHistory again(*session, base_);
-        again.Loaded(now);
-        session->Change("Edit Team", [](LeagueData& league) { league.TeamData[3].City = "AGAIN"; });
-        EXPECT_EQ(SaveImage(*session, host, again), SaveOutcome::Saved);
-        EXPECT_NE(FileBytes(image_), now);
       });
   EXPECT_NE(saved, old);
-  EXPECT_EQ(untold, 0) << "saves went over a state that wasn't kept, without a word";
 }
 
 /// It can be entered and written, but not opened to be synced.

@@ -9,66 +9,51 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class FileStateTest : public testing::Test {
- protected:
-  FileStateTest() {
-    WriteFile(path_, bytes_);
-    fs::create_symlink("league.nes", link_);
-    known_ = FileStateOf(StampOf(link_), bytes_);
-  }
-
-  TempFolder folder_;
-  std::string path_ = folder_.Path("league.nes");
-  std::string link_ = folder_.Path("link.nes");
-  std::vector<std::uint8_t> bytes_ = SampleBytes();
-  FileState known_;
-};
-
 // Each would hide another program's work if its fact were left out.
-TEST_F(FileStateTest, EveryWayOfChangingAFileIsSeenAndNothingElse) {
-  EXPECT_EQ(known_.Stamp->Size, 393'232u);
-  EXPECT_FALSE(StatSaysChanged(known_, link_));
-  EXPECT_FALSE(StatSaysChanged(known_, path_));
-  const auto time = fs::last_write_time(path_);
-  auto other = bytes_;
-  other[0x3010] ^= 1;
+TEST(FileState, EveryWayOfChangingAFileIsSeenAndNothingElse) {
+  const TempFolder folder;
+  const std::string path = folder.Path("league.nes"), link = folder.Path("link.nes");
+  const auto bytes = SampleBytes();
+  WriteFile(path, bytes);
+  fs::create_symlink("league.nes", link);
+  FileState known = FileStateOf(StampOf(link), bytes);
+  EXPECT_EQ(known.Stamp->Size, 393'232u);
+  EXPECT_FALSE(StatSaysChanged(known, link));
+  EXPECT_FALSE(StatSaysChanged(known, path));
+  const auto time = fs::last_write_time(path);
   const auto expect_changed = [&](const char* how) {
-    fs::last_write_time(path_, time);
-    EXPECT_TRUE(StatSaysChanged(known_, link_)) << how;
-    known_ = FileStateOf(StampOf(path_), bytes_);
+    fs::last_write_time(path, time);
+    EXPECT_TRUE(StatSaysChanged(known, link)) << how;
+    known = FileStateOf(StampOf(path), bytes);
   };
-  WriteFile(path_, other);
+  WriteFile(path, bytes);
   expect_changed("in place, and its time put back");
-  WriteFile(folder_.Path("new"), other);
-  fs::rename(folder_.Path("new"), path_);
+  WriteFile(folder.Path("new"), bytes);
+  fs::rename(folder.Path("new"), path);
   expect_changed("by another file");
-  other.push_back(0);
-  WriteFile(path_, other);
+  auto longer = bytes;
+  longer.push_back(0);
+  WriteFile(path, longer);
   expect_changed("longer");
-  EXPECT_TRUE(BytesDiffer(known_, other));
-  known_.Stamp->Modified -= 1;
-  EXPECT_TRUE(StatSaysChanged(known_, path_)) << "a nanosecond";
+  known.Stamp->Modified -= 1;
+  EXPECT_TRUE(StatSaysChanged(known, path)) << "a nanosecond";
+  fs::remove(path);
+  EXPECT_FALSE(StampOf(path).has_value());
+  EXPECT_FALSE(StatSaysChanged(known, path)) << "a file that is gone is left to the save";
+  WriteFile(path, bytes);
+  EXPECT_TRUE(StatSaysChanged(FileStateOf(std::nullopt, bytes), path));
 }
 
-TEST_F(FileStateTest, TheSameBytesOfANewFileAreTheSame) {
-  WriteFile(path_, bytes_);
-  EXPECT_TRUE(StatSaysChanged(known_, path_));
-  EXPECT_FALSE(BytesDiffer(known_, bytes_));
-  auto longer = bytes_;
+TEST(FileState, OnlyTheBytesOfTheImageCount) {
+  const auto bytes = SampleBytes();
+  const FileState known = FileStateOf(std::nullopt, bytes);
+  EXPECT_FALSE(BytesDiffer(known, bytes));
+  auto longer = bytes;
   longer.push_back(7);
-  EXPECT_FALSE(BytesDiffer(known_, longer)) << "a save carries over what follows the image";
+  EXPECT_FALSE(BytesDiffer(known, longer)) << "a save carries over what follows the image";
   longer[393'231] ^= 1;
-  EXPECT_TRUE(BytesDiffer(known_, longer));
-  EXPECT_TRUE(BytesDiffer(known_, std::span(bytes_).first(393'231)));
-}
-
-TEST_F(FileStateTest, AFileThatIsGoneIsLeftToTheSave) {
-  fs::remove(path_);
-  EXPECT_FALSE(StampOf(path_).has_value());
-  EXPECT_FALSE(StatSaysChanged(known_, path_));
-  const FileState never_seen = FileStateOf(std::nullopt, bytes_);
-  WriteFile(path_, bytes_);
-  EXPECT_TRUE(StatSaysChanged(never_seen, path_));
+  EXPECT_TRUE(BytesDiffer(known, longer));
+  EXPECT_TRUE(BytesDiffer(known, std::span(bytes).first(393'231)));
 }
 
 }  // namespace

@@ -22,12 +22,12 @@ namespace {
 
 class Editor : public QObject {
  public:
-  Editor(Place place, const Writer& writer, unsigned seed)
-      : place_(std::move(place)),
-        writer_(writer),
-        chances_(seed, writer),
-        log_(place_.Log(writer.Name())),
-        settings_(FromUtf8(place_.File(writer.Name() + ".ini")), QSettings::IniFormat),
+  Editor(const Place& place, std::string name, unsigned seed)
+      : place_(place),
+        name_(std::move(name)),
+        chances_(seed, name_),
+        log_(place.Log(), name_),
+        settings_(FromUtf8(place.File(name_ + ".ini")), QSettings::IniFormat),
         window_(session_, &settings_) {
     session_.AppDir = BinFolder();
     driver::on_error = [this](const std::string& text) { log_.Write(Fault, text); };
@@ -66,9 +66,7 @@ class Editor : public QObject {
 
   void Step() {
     const int kind = chances_.Below(100);
-    if (session_.ImageLoaded == 0) {
-      LoadByDialog();
-    } else if (kind < 6) {
+    if (session_.ImageLoaded == 0 || kind < 6) {
       Load();
     } else if (kind < 8) {
       BringBack();
@@ -77,7 +75,7 @@ class Editor : public QObject {
     } else if (kind < 20 && CanPick("mnuEditRedo")) {
       Pick("mnuEditRedo");
     } else {
-      const std::string stamp = Stamp(writer_.Letter, writer_.Start, ++serial_);
+      const std::string stamp = Stamp(name_, ++serial_);
       session_.Change("Stamp " + stamp, [&](LeagueData& league) {
         LeagueData stamped = StampedLeague(stamp);
         stamped.PaletteData = league.PaletteData;
@@ -87,18 +85,9 @@ class Editor : public QObject {
     if (session_.ImageLoaded != 0 && !chances_.OneIn(8)) Save();
   }
 
-  void LoadByDialog() {
-    driver::AnswerNextFileDialog(FromUtf8(place_.Image()));
-    Pick("mFilLoadROM");
-    CheckLoaded();
-  }
-
   void Load() {
-    Pick("mnuFileRecent(0)");
-    CheckLoaded();
-  }
-
-  void CheckLoaded() {
+    if (session_.ImageLoaded == 0) driver::AnswerNextFileDialog(FromUtf8(place_.Image()));
+    Pick(session_.ImageLoaded == 0 ? "mFilLoadROM" : "mnuFileRecent(0)");
     if (session_.ImageLoaded == 0) throw std::runtime_error("no load: " + talk_.Error);
     if (!StampOf(session_.League())) throw std::runtime_error("a mixed league was loaded");
   }
@@ -157,7 +146,7 @@ class Editor : public QObject {
   }
 
   Place place_;
-  Writer writer_;
+  std::string name_;
   Chances chances_;
   WriterLog log_;
   QSettings settings_;
@@ -171,8 +160,8 @@ class Editor : public QObject {
 
 }  // namespace
 
-void RunEditor(const Place& place, const Writer& writer, unsigned seed) {
-  Editor(place, writer, seed).Run();
+void RunEditor(const Place& place, const std::string& name, unsigned seed) {
+  Editor(place, name, seed).Run();
 }
 
 }  // namespace rostermill::test

@@ -15,11 +15,8 @@ namespace {
 
 class ToolUser {
  public:
-  ToolUser(Place place, const Writer& writer, unsigned seed)
-      : place_(std::move(place)),
-        writer_(writer),
-        chances_(seed, writer),
-        log_(place_.Log(writer.Name())) {
+  ToolUser(const Place& place, std::string name, unsigned seed)
+      : place_(place), name_(std::move(name)), chances_(seed, name_), log_(place.Log(), name_) {
     WriteFile(Own("first.nes"), StampedImage(FirstStamp));
   }
 
@@ -28,20 +25,16 @@ class ToolUser {
   }
 
  private:
-  std::string Own(const std::string& name) const { return place_.File(writer_.Name() + name); }
-
-  /// The file, now with a stamped image.
-  const std::string& Stamped(const std::string& file, const std::string& stamp) const {
-    WriteFile(file, StampedImage(stamp));
-    return file;
-  }
+  std::string Own(const std::string& name) const { return place_.File(name_ + name); }
 
   void Step() {
     const std::string image = place_.Image();
     const int kind = chances_.Below(100);
     if (kind < 15) return Call({"resave", image, image});
     if (kind < 30) return Restore();
-    const std::string stamp = Stamp(writer_.Letter, writer_.Start, ++serial_);
+    const std::string stamp = Stamp(name_, ++serial_);
+    const std::string theirs = Own("theirs.nes");
+    WriteFile(theirs, StampedImage(stamp));
     if (kind < 55) {
       WriteFile(Own("players.csv"), StampTable(stamp));
       Call({"import-players", image, Own("players.csv")}, stamp);
@@ -52,11 +45,10 @@ class ToolUser {
       // Without --theirs there are conflicts, except when the image is the first state.
       std::vector<std::string> merge{"merge"};
       if (!chances_.OneIn(4)) merge.push_back("--theirs");
-      merge.insert(merge.end(), {Own("first.nes"), image, Stamped(Own("theirs.nes"), stamp)});
+      merge.insert(merge.end(), {Own("first.nes"), image, theirs});
       Call(merge, stamp);
     } else {
       // The patch doesn't fit any more where somebody else has saved after it was made.
-      const std::string theirs = Stamped(Own("theirs.nes"), stamp);
       Call({"make-patch", image, theirs, Own("patch.bps")});
       Call({"apply-patch", image, Own("patch.bps")}, stamp);
     }
@@ -82,14 +74,14 @@ class ToolUser {
     const bool ended = tool.waitForFinished(120'000) && tool.exitStatus() == QProcess::NormalExit;
     const int code = ended ? tool.exitCode() : -1;
     const std::string message = tool.readAllStandardError().toStdString();
-    constexpr int written = 0, conflicts = 1, trouble = 2, unconfirmed = 3;
+    const bool has_conflicts = code == 1 && command == "merge";
+    const bool trouble = code == 2 || code == 3;
     if (message.find("could not be kept") != std::string::npos) log_.Write(NotKept, message);
     if (message.find("Sanitizer") != std::string::npos) {
       log_.Write(Fault, command + ": " + message);
-    } else if (code == written) {
+    } else if (code == 0) {
       log_.Write(stamp == "-" ? Done : Saved, stamp + " by " + command);
-    } else if ((code == conflicts && command == "merge") || code == trouble ||
-               code == unconfirmed) {
+    } else if (has_conflicts || trouble) {
       if (message.empty()) log_.Write(Fault, command + " says nothing about its trouble");
       log_.Write(Refused, stamp + " " + message);
     } else {
@@ -98,7 +90,7 @@ class ToolUser {
   }
 
   Place place_;
-  Writer writer_;
+  std::string name_;
   Chances chances_;
   WriterLog log_;
   int serial_ = 0;
@@ -106,8 +98,8 @@ class ToolUser {
 
 }  // namespace
 
-void RunToolUser(const Place& place, const Writer& writer, unsigned seed) {
-  ToolUser(place, writer, seed).Run();
+void RunToolUser(const Place& place, const std::string& name, unsigned seed) {
+  ToolUser(place, name, seed).Run();
 }
 
 }  // namespace rostermill::test

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <fstream>
+#include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace rostermill::test {
@@ -10,6 +12,7 @@ namespace rostermill::test {
 /// What a writer says about its saves. The text begins with the stamp of the state, if there is one
 /// that is known.
 struct LogLine {
+  std::string Writer;
   std::string Kind;  ///< one of those below
   std::string Text;
 
@@ -26,19 +29,21 @@ inline const std::string NotKept = "not-kept";   ///< saved, but what it replace
 inline const std::string Done = "done";    ///< a command that doesn't say which state it saved
 inline const std::string Fault = "fault";  ///< what a user should never meet
 
+/// All writers have one log, to which each adds lines.
 class WriterLog {
  public:
-  explicit WriterLog(const std::string& path) {
+  WriterLog(const std::string& path, std::string writer) : writer_(std::move(writer)) {
     file_.exceptions(std::ios::failbit | std::ios::badbit);
-    file_.open(path, std::ios::binary);
+    file_.open(path, std::ios::binary | std::ios::app);
   }
 
   void Write(const std::string& kind, std::string text) {
     std::ranges::replace(text, '\n', ' ');
-    file_ << kind + " " + text + "\n" << std::flush;
+    file_ << writer_ + " " + kind + " " + text + "\n" << std::flush;
   }
 
  private:
+  std::string writer_;
   std::ofstream file_;
 };
 
@@ -53,8 +58,10 @@ class LogReader {
     file.seekg(at_);
     std::vector<LogLine> lines;
     for (std::string text; std::getline(file, text) && !file.eof(); at_ = file.tellg()) {
-      const std::size_t space = text.find(' ');
-      lines.push_back({text.substr(0, space), text.substr(space + 1)});
+      LogLine& line = lines.emplace_back();
+      std::istringstream words(text);
+      words >> line.Writer >> line.Kind >> std::ws;
+      std::getline(words, line.Text);
     }
     return lines;
   }
