@@ -169,6 +169,9 @@ TEST_F(AllForms, FormsOpenAtTheSizeOfTheirContentInsideTheWindowWithALargeFontTo
       for (const QTreeView* list : form.findChildren<QTreeView*>()) {
         EXPECT_GT(list->height(), 8 * list->fontMetrics().height());
         EXPECT_GT(list->width(), 60 * list->fontMetrics().averageCharWidth());
+        for (int column = 0; column < list->model()->columnCount(); ++column) {
+          EXPECT_GT(list->columnWidth(column), 6 * list->fontMetrics().averageCharWidth());
+        }
       }
       if (auto* frame = qobject_cast<QMdiSubWindow*>(form.parentWidget())) {
         EXPECT_TRUE(Area().viewport()->rect().contains(frame->geometry()));

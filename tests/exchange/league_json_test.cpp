@@ -130,10 +130,6 @@ TEST(LeagueJson, AWeekThatIsGivenIsWhole) {
   expected.ScheduleData[2].GameCount = 0;
   EXPECT_TRUE(Applied(R"({"schedule": [null, [{"away": 28, "home": 29}, {"away": 5, "home": 5}],
                           []]})") == expected);
-  EXPECT_THAT(
-      ErrorsOf(R"({"schedule": [[{"away": 28}, null, {"away": null, "home": 30}]]})"),
-      ElementsAre("schedule[0][0].home: must be given", "schedule[0][1]: must be given",
-                  "schedule[0][2].away: must be given", "schedule[0][2].home: must be 0 to 29"));
 }
 
 TEST(LeagueJson, ADutyGoesFromItsHolderToThePlayerWhoIsGivenIt) {
@@ -166,75 +162,7 @@ TEST(LeagueJson, ADutyGoesFromItsHolderToThePlayerWhoIsGivenIt) {
   EXPECT_TRUE(league == before) << "more has changed";
 }
 
-TEST(LeagueJson, EveryErrorIsListed) {
-  EXPECT_THAT(
-      ErrorsOf(R"({
-    "rosterYear": "19955", "leagueText": ["a", "abcd", 7, "x"], "season": [],
-    "teams": [{"index": 4, "city": "Aœ", "nickname": ["x"], "formation": 3, "colors": [1, -1, 256],
-               "plays": [10, 0.5, "1"], "divChampColors": {}, "abbreviation": "ABCDE"},
-              {"index": 4}, {"city": 1}, {"index": 29}, 5,
-              {"index": 2, "players": [
-                {"slot": 1, "face": 256, "jerseyNumber": "123",
-                 "ratings": {"accuracy": 16, "receptions": 1, "passControl": 18446744073709551615}},
-                {"slot": 31}, {"slot": 1.0}, {"slot": 3, "jerseyNumber": "x", "ratings": [],
-                 "puntReturner": 1, "label": "RB 2", "group": "QB", "lastName": null},
-                {"slot": 1}]}],
-    "probowl": [[{"team": 0, "slot": 257}], [], []], "a \u001b\"": 1})"),
-      ElementsAre(
-          "rosterYear: must have at most 4 characters", "leagueText: must be an array of at most 3",
-          "teams[0].city: has a character outside Latin-1", "teams[0].nickname: must be a string",
-          "teams[0].abbreviation: must have at most 4 characters",
-          "teams[0].formation: must be 0 to 2", "teams[0].colors[1]: must be 0 to 255",
-          "teams[0].colors[2]: must be 0 to 255",
-          "teams[0].divChampColors: must be an array of at most 5",
-          "teams[0].plays[0]: must be 0 to 9", "teams[0].plays[1]: must be a whole number, 0 to 9",
-          "teams[0].plays[2]: must be a whole number, 0 to 9", "teams[1].index: appears twice",
-          "teams[2].index: must be given", "teams[3].index: must be 1 to 28",
-          "teams[4]: must be an object",
-          "teams[5].players[0].jerseyNumber: must be one or two digits",
-          "teams[5].players[0].face: must be 0 to 255",
-          "teams[5].players[0].ratings.passControl: must be 0 to 15",
-          "teams[5].players[0].ratings.accuracy: must be 0 to 15",
-          "teams[5].players[0].ratings.receptions: unknown key; the keys here are rushingPower, "
-          "runningSpeed, maximumSpeed, hittingPower, passingSpeed, passControl, accuracy, "
-          "avoidPassBlock",
-          "teams[5].players[1].slot: must be 1 to 30",
-          "teams[5].players[2].slot: must be a whole number, 1 to 30",
-          "teams[5].players[3].label: can't be changed; it is \"RB 1\"",
-          "teams[5].players[3].group: can't be changed; it is \"Skill\"",
-          "teams[5].players[3].jerseyNumber: must be one or two digits",
-          "teams[5].players[3].ratings: must be an object",
-          "teams[5].players[3].puntReturner: must be true or false",
-          "teams[5].players[4].slot: appears twice", "probowl: must be an array of at most 2",
-          "season: unknown key; the keys here are rosterYear, leagueText, teams, schedule, probowl",
-          "[\"a \\u001b\\\"\"]: unknown key; the keys here are rosterYear, leagueText, teams, "
-          "schedule, probowl"));
-}
-
-TEST(LeagueJson, AKeyThatAppearsTwiceIsAnErrorAtItsPlace) {
-  EXPECT_THAT(ErrorsOf(R"({"rosterYear": "1990", "teams": [[1, {"a": 1}], {}, {"index": 3,
-                 "players": [null, {"slot": 1, "ratings": {"accuracy": 1, "accuracy": 2}}],
-                 "city": "A", "city": "A"}], "rosterYear": "1991"})"),
-              testing::Contains("teams[2].players[1].ratings.accuracy: appears twice"));
-  EXPECT_THAT(ErrorsOf(R"({"teams": [{"index": 3}, {"index": 4, "city": "A", "city": "B"}],
-                           "rosterYear": "1990", "rosterYear": "1990"})"),
-              ElementsAre("teams[1].city: appears twice", "rosterYear: appears twice"));
-}
-
-TEST(LeagueJson, WhatIsNotJsonIsRefusedWithItsPlace) {
-  EXPECT_THAT(ErrorsOf("{\n  \"teams\": [1,\n  2"),
-              ElementsAre("this is not JSON: line 3, column 4: unexpected end of input; expected "
-                          "']'"));
-  EXPECT_THAT(ErrorsOf("{} x"), ElementsAre("this is not JSON: line 1, column 4: invalid literal"));
-  EXPECT_THAT(ErrorsOf("{\"rosterYear\": \"\xFF\"}"),
-              ElementsAre("this is not JSON: line 1, column 17: invalid string: ill-formed UTF-8 "
-                          "byte"));
-  EXPECT_THAT(ErrorsOf(R"({"rosterYear": "\ud800"})"), testing::SizeIs(1));
-  for (const char* text : {"null", "[]", "\"text\"", "7"}) {
-    EXPECT_THAT(ErrorsOf(text), ElementsAre("the text must be a JSON object")) << text;
-  }
-  EXPECT_THAT(ErrorsOf(R"({"rosterYear": 1e999})"),
-              ElementsAre("a number in the text is too large"));
+TEST(LeagueJson, ACutTextIsRefused) {
   const std::string dump = WriteLeagueJson(SampleLeague());
   for (std::size_t size = 0; size + 2 < dump.size(); size += 40'099) {
     EXPECT_THAT(ErrorsOf(std::string_view(dump).substr(0, size)), testing::SizeIs(1)) << size;

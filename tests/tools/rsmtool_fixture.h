@@ -39,11 +39,6 @@ class RsmtoolTest : public testing::Test {
     return result.Out;
   }
 
-  /// JSON has one value a line; here they are in one.
-  static std::string InOneLine(const std::string& json) {
-    return std::regex_replace(json, std::regex("\n *"), " ");
-  }
-
   /// Expects that a call ends with this code and writes nothing but this line about itself.
   void ExpectMessage(const QStringList& arguments, int code, const std::string& line) {
     const Result result = Run(arguments);

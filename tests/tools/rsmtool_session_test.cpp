@@ -16,6 +16,7 @@ namespace {
 ///                           without a line end
 ///     @ file.nes 6DA: 12 7  bytes that are set in a copy of the sample, in hexadecimal
 ///     ? file.nes 6DA 3      shows three bytes
+///     < file.json 10 5      shows five lines of a text, from the tenth on
 ///     $ command > file      runs rsmtool; without "> file" its output is shown
 class Session : public RsmtoolTest, public testing::WithParamInterface<const char*> {
  protected:
@@ -28,6 +29,7 @@ class Session : public RsmtoolTest, public testing::WithParamInterface<const cha
     if (line.startsWith("= ")) file_ = line.mid(2);
     if (line.startsWith("@ ")) SetBytes(line.mid(2));
     if (line.startsWith("? ")) return {ShownBytes(line.mid(2))};
+    if (line.startsWith("< ")) return ShownLines(line.mid(2));
     return line.startsWith("$ ") ? Shown(line.mid(2)) : QStringList();
   }
 
@@ -66,6 +68,11 @@ class Session : public RsmtoolTest, public testing::WithParamInterface<const cha
     const int at = words.section(' ', 1, 1).toInt({}, 16);
     return all.mid(at, words.section(' ', 2).toInt()).toHex(' ').toUpper();
   }
+  static QStringList ShownLines(const QString& words) {
+    const Bytes bytes = FileBytes(words.section(' ', 0, 0).toStdString());
+    const QStringList lines = QString::fromStdString({bytes.begin(), bytes.end()}).split('\n');
+    return lines.mid(words.section(' ', 1, 1).toInt() - 1, words.section(' ', 2).toInt());
+  }
   QStringList Shown(const QString& command) {
     QStringList words = QString(command).split(' ');
     const qsizetype to_file = words.indexOf(">");
@@ -78,7 +85,7 @@ class Session : public RsmtoolTest, public testing::WithParamInterface<const cha
     static const QRegularExpression time("\\d{4}-\\d\\d-\\d\\d[ T]\\d\\d:\\d\\d:\\d\\dZ?");
     QStringList lines = text.replace(time, "(time)").remove('\r').split('\n');
     lines.removeLast();
-    constexpr int enough = 30;
+    constexpr int enough = 40;
     while (lines.size() > enough) lines.removeAt(enough - 3);
     if (result.Code != 0) lines << QString("(exit %1)").arg(result.Code);
     return lines;
@@ -89,8 +96,8 @@ class Session : public RsmtoolTest, public testing::WithParamInterface<const cha
 };
 
 INSTANTIATE_TEST_SUITE_P(Rsmtool, Session,
-                         testing::Values("changes", "check", "find", "imports", "json", "merge",
-                                         "patches", "players", "season", "teams", "usage",
+                         testing::Values("changes", "check", "dump", "find", "imports", "json",
+                                         "merge", "patches", "players", "season", "teams", "usage",
                                          "versions"),
                          [](const auto& name) { return std::string(name.param); });
 

@@ -50,31 +50,6 @@ class RsmtoolVersions : public RsmtoolTest {
   const QString players_ = Path("p.csv");
 };
 
-TEST_F(RsmtoolVersions, WhatACommandReplacesIsKeptAndNothingElse) {
-  const QString without = Image("without.nes"), table = Path("table.csv"), fresh = Path("new.nes");
-  const std::vector<QStringList> calls{{"import-players", "--dry-run", league_, players_},
-                                       {"import-players", "--no-version", without, players_},
-                                       {"export-players", league_, table},
-                                       {"export-players", league_, table},
-                                       {"resave", league_, fresh},
-                                       {"resave", league_, "-"}};
-  for (const QStringList& call : calls) Out(call);
-  for (const QString& path : {league_, without, table, fresh}) {
-    ExpectMessage({"versions", path}, 0, "no versions of " + path.toStdString() + " are kept");
-  }
-
-  Out({"import-players", league_, players_});
-  const Bytes imported = BytesOf(league_);
-  Out({"resave", league_, league_});
-  EXPECT_EQ(Listed(league_), "2  before resave\n1  first state, before import-players\n");
-  EXPECT_EQ(Kept(league_, 1), SampleBytes());
-  EXPECT_EQ(Kept(league_, 2), imported);
-
-  WriteFile(folder_.Path("notes.txt"), std::string("notes"));
-  Out({"resave", league_, Path("notes.txt")});
-  EXPECT_EQ(Kept(Path("notes.txt"), 1), (Bytes{'n', 'o', 't', 'e', 's'}));
-}
-
 TEST_F(RsmtoolVersions, TimesAreLocalInTheListAndUniversalInJson) {
   Out({"resave", league_, league_});
   const auto when = VersionStore(DataFolder()).List(name_)[0].When;
@@ -160,27 +135,9 @@ TEST_F(RsmtoolVersions, OfALongFileTheStartIsRestoredAndTheRestStays) {
                     ", which has the rest, is not there");
 }
 
-TEST_F(RsmtoolVersions, AWrongNameOrNumberIsToldAndNothingIsWritten) {
+TEST_F(RsmtoolVersions, ADamagedVersionIsToldAndNothingIsWritten) {
   Out({"import-players", league_, players_});
   Out({"restore", league_, "1"});
-  const QString other = Image("other.nes", {{0x6DA, {0x12}}});
-  const std::string none = name_ + " has no version ", numbers = "; it has 2, 1";
-  const std::vector<std::pair<QStringList, std::string>> calls{
-      {{"restore", league_, "3"}, none + "3" + numbers},
-      {{"restore", league_, "1x"}, none + "1x" + numbers},
-      {{"restore", league_, "99999999999"}, none + "99999999999" + numbers},
-      {{"restore", other, "1"}, "no versions of " + other.toStdString() + " are kept"},
-      {{"restore", league_, "2", other},
-       other.toStdString() +
-           " is a cartridge image, and this would write over it; choose another name, or remove it "
-           "first"},
-      {{"restore", "-", "1"}, "restore needs the image as a file"},
-      {{"versions", "-"}, "versions needs the image as a file"},
-      {{"versions", Path("leauge.nes")},
-       folder_.Path("leauge.nes") + ": No such file or directory"}};
-  for (const auto& [arguments, line] : calls) ExpectMessage(arguments, 2, line);
-  EXPECT_EQ(BytesOf(other)[0x6DA], 0x12);
-
   for (const auto& entry : fs::directory_iterator(ImageFolder(DataFolder(), name_))) {
     if (entry.path().extension() == ".nes") WriteFile(entry.path(), Bytes(393'232));
   }
