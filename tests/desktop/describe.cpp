@@ -11,7 +11,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMap>
-#include <QMenu>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSpinBox>
@@ -93,8 +92,9 @@ class FormText {
       if (grid.itemAt(at)->alignment() != 0) place += " aligned";
       items.insert(place, grid.itemAt(at));
     }
-    for (const auto& [place, item] : items.asKeyValueRange())
+    for (const auto& [place, item] : items.asKeyValueRange()) {
       AddItem(depth + 1, place + ' ', *item);
+    }
   }
 
   void AddItem(int depth, const QString& place, QLayoutItem& item) {
@@ -140,8 +140,6 @@ class FormText {
       if (button->autoRepeat()) text += ", repeats";
       auto* push = qobject_cast<QPushButton*>(button);
       if (push != nullptr && push->isDefault()) text += ", default";
-      if (auto* menu = push != nullptr ? push->menu() : nullptr)
-        text += ", " + ItemsOf(menu->actions());
       return text;
     }
     if (auto* group = qobject_cast<QGroupBox*>(&widget)) return ' ' + Quoted(group->title());

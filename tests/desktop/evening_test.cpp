@@ -1,5 +1,4 @@
 #include <QLabel>
-#include <QMenuBar>
 #include <QMessageBox>
 #include <QRegularExpression>
 #include <QStatusBar>
@@ -12,7 +11,6 @@
 #include "tests/support/typing.h"
 #include "toolkit/color_box.h"
 #include "toolkit/drop_down_list.h"
-#include "toolkit/text_box.h"
 #include "toolkit/up_down.h"
 
 namespace rostermill::test {
@@ -60,7 +58,7 @@ class Evening : public MainWindow {
     }
     before_ = now;
     // Times and folders are others each time.
-    static const QRegularExpression time("(\\d\\d\\d\\d-\\d\\d-\\d\\d |yesterday )?\\d\\d:\\d\\d");
+    static const QRegularExpression time("(\\d\\d\\d\\d-\\d\\d-\\d\\d )?\\d\\d:\\d\\d");
     story_
         << told.replace(time, "(time)").replace(QString::fromStdString(folder_.Path()), "(folder)");
   }
@@ -76,10 +74,11 @@ class Evening : public MainWindow {
   QStringList story_;
 
  private:
-  using Described = QMap<QString, QStringList>;
+  /// The lines that describe the window and each form.
+  using LinesOfParts = QMap<QString, QStringList>;
 
-  Described Parts() {
-    Described parts;
+  LinesOfParts Parts() {
+    LinesOfParts parts;
     QStringList window{window_.windowTitle()};
     for (const QLabel* label : window_.statusBar()->findChildren<QLabel*>()) {
       window << label->objectName() + ' ' + label->text() + " (tip " + label->toolTip() + ')';
@@ -90,12 +89,12 @@ class Evening : public MainWindow {
     }
     parts["the window"] = window;
     for (QMdiSubWindow* frame : Area().subWindowList()) {
-      parts[frame->widget()->objectName()] = test::Described(*frame->widget()).split('\n');
+      parts[frame->widget()->objectName()] = Described(*frame->widget()).split('\n');
     }
     return parts;
   }
 
-  Described before_;
+  LinesOfParts before_;
 };
 
 TEST_F(Evening, EveryFormFollowsEveryStep) {

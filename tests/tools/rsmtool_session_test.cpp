@@ -11,13 +11,13 @@ namespace {
 /// Runs the commands of a file in `sessions` and writes below each what it does. The lines there:
 ///
 ///     # a title, which begins a section
-///     = file.csv            a file, its lines below with "| " before them; a "\" ends the last
-///     line
-///                           without a line end
+///     = file.csv            a file, made of the lines below with "| " before them; without a line
+///                           end where the last one ends with a "\"
 ///     @ file.nes 6DA: 12 7  bytes that are set in a copy of the sample, in hexadecimal
 ///     ? file.nes 6DA 3      shows three bytes
 ///     < file.json 10 5      shows five lines of a text, from the tenth on
-///     $ command > file      runs rsmtool; without "> file" its output is shown
+///     $ command > file      runs rsmtool; without "> file" its output is shown. An underscore is a
+///                           blank within an argument.
 class Session : public RsmtoolTest, public testing::WithParamInterface<const char*> {
  protected:
   Session() { std::filesystem::current_path(folder_.Path()); }
@@ -25,7 +25,7 @@ class Session : public RsmtoolTest, public testing::WithParamInterface<const cha
 
   QStringList Follow(const QString& line) {
     if (line.startsWith("| ")) content_ << line.mid(2);
-    if (!line.startsWith("| ") || line.startsWith("= ")) WriteContent();
+    if (!line.startsWith("| ")) WriteContent();
     if (line.startsWith("= ")) file_ = line.mid(2);
     if (line.startsWith("@ ")) SetBytes(line.mid(2));
     if (line.startsWith("? ")) return {ShownBytes(line.mid(2))};
