@@ -139,6 +139,11 @@ std::optional<Json> ParseJson(std::string_view text, std::vector<JsonError>& err
                           ", and the limit is " + QuantityText(LargestLeagueJson, "byte")});
     return std::nullopt;
   }
+  // The library takes it for the end, whatever follows.
+  if (const std::size_t zero = text.find('\0'); zero != std::string_view::npos) {
+    errors.push_back({{}, "this is not JSON: " + PlaceText(text, zero + 1) + ": a byte of 0"});
+    return std::nullopt;
+  }
   Watcher watcher(errors);
   try {
     return Json::parse(text, [&watcher](int, Json::parse_event_t event, const Json& parsed) {
