@@ -57,10 +57,8 @@ QString Use(QWidget& control) {
 
 /// Whether a control has an equal one before it and another after it in its array.
 bool IsBetweenOthers(const QWidget& form, const QWidget& control) {
-  const auto [array, index] = [&control] {
-    const QString name = control.objectName();
-    return std::pair(name.section('(', 0, 0), name.section('(', 1).section(')', 0, 0).toInt());
-  }();
+  const QString array = control.objectName().section('(', 0, 0);
+  const int index = control.objectName().section('(', 1).section(')', 0, 0).toInt();
   const auto has = [&](int at) {
     return form.findChild<QWidget*>(QString("%1(%2)").arg(array).arg(at)) != nullptr;
   };

@@ -92,6 +92,18 @@ TEST_F(AllPlayers, WordsAndConditionsFindPlayers) {
     Box().setText(text);
     EXPECT_EQ(Count(), count) << text;
   }
+  const auto found = [this](const char* text) {
+    Box().setText(text);
+    return Count().section(' ', 0, 0).toInt();
+  };
+  const int below = found("RS<38"), equal = found("RS=38"), above = found("RS>38");
+  EXPECT_TRUE(below > 0 && equal > 0 && above > 0);
+  EXPECT_EQ(below + equal + above, 840);
+  EXPECT_EQ(found("RS<=38"), below + equal);
+  EXPECT_EQ(found("RS>=38"), above + equal);
+  EXPECT_EQ(found("RS!=38"), below + above);
+  EXPECT_EQ(found("RS<>38"), below + above);
+  EXPECT_EQ(found("RS==38"), equal);
   const QString before = Count();
   const QColor ground = Box().palette().color(QPalette::Base);
   const std::vector<std::pair<const char*, const char*>> wrong{

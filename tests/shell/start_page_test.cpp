@@ -35,6 +35,7 @@ TEST_F(StartPageTest, OffersRecentFilesThenScreensAndGivesWayToForms) {
 
   Activate(window_);
   auto& first = Find<QPushButton>(Page(), "btnLink(0)");
+  EXPECT_GE(first.width(), first.fontMetrics().horizontalAdvance(first.text()) + 6);
   first.setFocus();
   const QImage with_focus = first.grab().toImage();
   Find<QPushButton>(Page(), "btnLink(1)").setFocus();

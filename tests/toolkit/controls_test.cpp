@@ -174,6 +174,7 @@ TEST(FlexGrid, ItsFixedColumnCoversTheFirstOneAndScrollsWithIt) {
   for (const int height : {100, 300}) {
     grid.SetColWidth(0, height * 10);
     EXPECT_EQ(fixed.width(), grid.columnWidth(0));
+    EXPECT_EQ(fixed.columnWidth(0), grid.columnWidth(0));
     grid.resize(150, height);
     EXPECT_EQ(fixed.geometry(), QRect(0, 0, grid.columnWidth(0), grid.viewport()->height()));
   }
