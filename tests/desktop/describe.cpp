@@ -32,7 +32,8 @@ QString Size(QSize size) {
   return QString("%1x%2").arg(size.width()).arg(size.height());
 }
 
-/// The cells of a row, with the ticks, tool tips and weights of their texts.
+/// The cells of a row, with the ticks, tool tips and weights of their texts. One that stands at the
+/// right has a ">", one that can be changed a "*".
 QString RowText(const QAbstractItemModel& model, int row, const QModelIndex& parent) {
   QStringList cells;
   for (int column = 0; column < model.columnCount(parent); ++column) {
@@ -43,6 +44,7 @@ QString RowText(const QAbstractItemModel& model, int row, const QModelIndex& par
     const QString tip = cell.data(Qt::ToolTipRole).toString();
     if (!tip.isEmpty() && tip != text) text += " (tip " + tip + ')';
     if (cell.data(Qt::FontRole).value<QFont>().bold()) text += " (bold)";
+    if ((cell.data(Qt::TextAlignmentRole).toInt() & Qt::AlignRight) != 0) text += '>';
     if (cell.flags().testFlag(Qt::ItemIsEditable)) text += '*';
     cells << text;
   }
