@@ -194,20 +194,23 @@ class FormText {
     return more.isEmpty() ? text : text + " and " + Quoted(more);
   }
 
+  static const QHeaderView& HeaderOf(QAbstractItemView& view) {
+    if (auto* tree = qobject_cast<QTreeView*>(&view)) return *tree->header();
+    return *dynamic_cast<QTableView&>(view).horizontalHeader();
+  }
+
   void AddRows(int depth, QAbstractItemView& view) {
     const QAbstractItemModel& model = *view.model();
     QStringList heads;
-    const auto* tree = qobject_cast<QTreeView*>(&view);
-    const auto* table = qobject_cast<QTableView*>(&view);
-    const QHeaderView* header = tree ? tree->header() : table->horizontalHeader();
     for (int column = 0; column < model.columnCount(); ++column) {
       const QString tip = model.headerData(column, Qt::Horizontal, Qt::ToolTipRole).toString();
       heads << model.headerData(column, Qt::Horizontal).toString() +
                    (tip.isEmpty() ? "" : " (tip " + tip + ')');
     }
+    const auto* table = qobject_cast<QTableView*>(&view);
     if (table != nullptr && !table->verticalHeader()->isHidden()) Add(depth, "numbered");
     if (!view.actions().isEmpty()) Add(depth, ItemsOf(view.actions()));
-    if (!header->isHidden()) Add(depth, "heads " + heads.join(" | "));
+    if (!HeaderOf(view).isHidden()) Add(depth, "heads " + heads.join(" | "));
     AddRowsOf(depth, view, {});
   }
 

@@ -60,8 +60,8 @@ inline std::string StampTable(const std::string& stamp) {
   std::string table = "Team,Slot,First Name,Last Name,Face\n";
   for (int team = 1; team <= TeamCount; ++team) {
     const std::string number = std::to_string(team);
-    table += number + "," + number + ",w," + stamp + "," +
-             std::to_string(StampedFace(stamp, team)) + "\n";
+    table.append(number).append(",").append(number).append(",w,").append(stamp);
+    table.append(",").append(std::to_string(StampedFace(stamp, team))).append("\n");
   }
   return table;
 }
