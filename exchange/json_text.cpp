@@ -139,9 +139,10 @@ std::optional<Json> ParseJson(std::string_view text, std::vector<JsonError>& err
                           ", and the limit is " + QuantityText(LargestLeagueJson, "byte")});
     return std::nullopt;
   }
-  // The library takes it for the end, whatever follows.
+  // The library would stop reading at a null byte and ignore the rest.
   if (const std::size_t zero = text.find('\0'); zero != std::string_view::npos) {
-    errors.push_back({{}, "this is not JSON: " + PlaceText(text, zero + 1) + ": a byte of 0"});
+    errors.push_back(
+        {{}, "this is not JSON: " + PlaceText(text, zero + 1) + ": unexpected null byte"});
     return std::nullopt;
   }
   Watcher watcher(errors);

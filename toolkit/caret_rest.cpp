@@ -35,7 +35,7 @@ class CaretRest : public QObject {
 }  // namespace
 
 void LetCaretRest(std::chrono::milliseconds after) {
-  static QPointer<CaretRest> rest;  // goes with the application
+  static QPointer<CaretRest> rest;  // destroyed with the application
   if (rest == nullptr) rest = new CaretRest;
   rest->RestAfter(after);
 }

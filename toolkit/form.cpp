@@ -126,7 +126,7 @@ void ChildArea::ShadeBackground() {
 
 void ChildArea::ShowForm(ChildForm* form) {
   auto* window = qobject_cast<QMdiSubWindow*>(form->parentWidget());
-  // A window that opens gives the focus to whatever comes first.
+  // Opening the window moves the focus to the first control.
   QWidget* focused = form->focusWidget();
   if (window == nullptr) {
     window = addSubWindow(form);

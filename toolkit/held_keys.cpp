@@ -45,7 +45,7 @@ class HeldKeysFilter : public QObject {
 }  // namespace
 
 void LetHeldKeysActOnce() {
-  static QPointer<HeldKeysFilter> filter;  // goes with the application
+  static QPointer<HeldKeysFilter> filter;  // destroyed with the application
   if (filter != nullptr) return;
   filter = new HeldKeysFilter(qApp);
   qApp->installEventFilter(filter);

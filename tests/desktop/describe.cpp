@@ -32,8 +32,8 @@ QString Size(QSize size) {
   return QString("%1x%2").arg(size.width()).arg(size.height());
 }
 
-/// The cells of a row, with the ticks, tool tips and weights of their texts. One that stands at the
-/// right has a ">", one that can be changed a "*".
+/// The cells of a row with their check marks and tool tips; bold text is noted. A ">" marks a
+/// right-aligned cell, a "*" an editable one.
 QString RowText(const QAbstractItemModel& model, int row, const QModelIndex& parent) {
   QStringList cells;
   for (int column = 0; column < model.columnCount(parent); ++column) {

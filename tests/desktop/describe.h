@@ -5,8 +5,8 @@
 
 namespace rostermill::test {
 
-/// What a form shows, one control a line in the order and with the places of its layouts, as a text
-/// that doesn't depend on fonts and screens.
+/// Describes what a form shows: one line per control, in layout order and with its place in the
+/// layout. The text does not depend on fonts or screens.
 QString Described(QWidget& form);
 
 }  // namespace rostermill::test

@@ -16,7 +16,7 @@
 namespace rostermill::test {
 namespace {
 
-/// All forms are open at once, and each step is told by what it changes in any of them.
+/// Opens all forms and records what each step changes in any of them.
 class Evening : public MainWindow {
  protected:
   Evening() {
@@ -33,7 +33,7 @@ class Evening : public MainWindow {
     before_ = Parts();
   }
 
-  /// Takes a step, answering the messages that it brings with these buttons.
+  /// Performs a step and answers its messages with these buttons.
   void Step(const QString& title, const QStringList& answers, const std::function<void()>& act) {
     QString told = title;
     for (const QString& answer : answers) {
@@ -57,7 +57,7 @@ class Evening : public MainWindow {
       if (!now.contains(name)) told += "\n  " + name + " is closed";
     }
     before_ = now;
-    // Times and folders are others each time.
+    // These differ from run to run.
     static const QRegularExpression time("(\\d\\d\\d\\d-\\d\\d-\\d\\d )?\\d\\d:\\d\\d");
     story_
         << told.replace(time, "(time)").replace(QString::fromStdString(folder_.Path()), "(folder)");

@@ -18,7 +18,7 @@ namespace rostermill::test {
 
 namespace {
 
-/// What was done; empty for a control that is left alone.
+/// Uses the control and returns how; empty if it is skipped.
 QString Use(QWidget& control) {
   if (auto* list = qobject_cast<QComboBox*>(&control)) {
     const Qt::Key key = list->isEditable() ? Qt::Key_Down : Qt::Key_End;
@@ -55,7 +55,7 @@ QString Use(QWidget& control) {
   return "click";
 }
 
-/// Whether a control has an equal one before it and another after it in its array.
+/// Whether a control is neither the first nor the last of its array.
 bool IsBetweenOthers(const QWidget& form, const QWidget& control) {
   const QString array = control.objectName().section('(', 0, 0);
   const int index = control.objectName().section('(', 1).section(')', 0, 0).toInt();

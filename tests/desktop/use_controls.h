@@ -5,9 +5,8 @@
 
 namespace rostermill::test {
 
-/// Uses the controls of a form one after another in a way that each kind is made for, and returns
-/// for each the lines of its description that are different then. Buttons that close a form or
-/// open another are left alone.
+/// Uses each control of a form once and returns the lines of the form's description that change.
+/// Buttons that close the form or open another one are skipped.
 QStringList ChangesByControl(QWidget& form);
 
 }  // namespace rostermill::test

@@ -2,11 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "exchange/league_json.h"
 #include "tests/support/random_league.h"
-#include "tests/support/sample.h"
 
 namespace rostermill::test {
 namespace {

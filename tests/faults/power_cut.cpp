@@ -18,7 +18,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-// Beside the numbers of nodes.
+// Special node numbers.
 constexpr int none = -1;
 constexpr int every = -2;
 

@@ -76,7 +76,7 @@ TEST_F(LeagueHistoryTest, OldVersionsGoSoonAfterASave) {
   EXPECT_TRUE(versions.back().FirstState);
 }
 
-TEST(LocalTimeText, HasTheDateOfAnotherDayOnly) {
+TEST(LocalTimeText, ShowsTheDateOnlyForAnotherDay) {
   using std::chrono::days, std::chrono::hours;
   const std::chrono::sys_seconds noon =
       std::chrono::sys_days{std::chrono::year{2026} / 11 / 26} + hours(12);

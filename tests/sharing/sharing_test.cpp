@@ -26,7 +26,7 @@ unsigned Seed() {
   return static_cast<unsigned>(qEnvironmentVariableIntValue("ROSTERMILL_SHARING_SEED"));
 }
 
-/// A letter's processes, one after another.
+/// Runs the processes of one writer, one after another.
 class WriterRow {
  public:
   WriterRow(char letter, Place place) : letter_(letter), place_(std::move(place)) {

@@ -34,7 +34,7 @@ void ExpectTextOfFile(const QString& path, const QStringList& sections) {
   if (shown == expected) return;
   const QString name = QFileInfo(path).fileName();
   WriteFile(name.toStdString(), shown.toStdString() + '\n');
-  ADD_FAILURE() << "If all is as it should be, copy " << name.toStdString() << " from here to "
+  ADD_FAILURE() << "If the changes are intended, copy " << name.toStdString() << " from here to "
                 << TESTS_FOLDER "/" << path.toStdString();
 }
 

@@ -202,8 +202,7 @@ TEST(FlexGrid, OpensWithAsManyColumnsAsFitIntoItsWidthAndGrowsWithItsTexts) {
   grid.SetTextMatrix(0, 1, QString(200, 'W'));
   grid.SetTextMatrix(1, 2, "x");
   for (const int column : {1, 2, 3}) grid.WidenToText(column);
-  EXPECT_EQ(grid.columnWidth(1), std::max(2 * width, grid.columnWidth(1)));
-  EXPECT_GT(grid.columnWidth(1), width);
+  EXPECT_GE(grid.columnWidth(1), 2 * width);
   EXPECT_LT(grid.columnWidth(1), 4 * width) << "a damaged text doesn't fill the window";
   EXPECT_EQ(grid.columnWidth(2), width);
   grid.SetColWidth(0, 144'000);
@@ -262,7 +261,7 @@ TEST(CopyText, SeparatorsInsideACellBecomeBlanks) {
   EXPECT_EQ(TabSeparatedText({{"a\tb", "c\nd\re"}, {"f"}}), "a b\tc d e\nf\n");
 }
 
-TEST(PlainToolTip, ShowsMarkupLiterallyAndNoNovel) {
+TEST(PlainToolTip, ShowsMarkupLiterallyAndCutsALongText) {
   EXPECT_EQ(PlainToolTip("plain & simple"), "plain & simple");
   EXPECT_EQ(PlainToolTip("<b>x</b>"), "<span style='white-space: pre'>&lt;b&gt;x&lt;/b&gt;</span>");
   EXPECT_EQ(PlainToolTip(QString(5000, 'x')), QString(400, 'x'));

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <initializer_list>
-#include <regex>
 #include <sstream>
 
 #include "tests/support/sample.h"

@@ -8,24 +8,30 @@
 namespace rostermill::test {
 namespace {
 
-/// Runs the commands of a file in `sessions` and writes below each what it does. The lines there:
+/// Runs the commands in a file of the `sessions` folder and compares their output with the indented
+/// lines below them. The other lines are:
 ///
-///     # a title, which begins a section
-///     = file.csv            a file, made of the lines below with "| " before them; without a line
-///                           end where the last one ends with a "\"
-///     @ file.nes 6DA: 12 7  bytes that are set in a copy of the sample, in hexadecimal
-///     ? file.nes 6DA 3      shows three bytes
-///     < file.json 10 5      shows five lines of a text, from the tenth on
-///     $ command > file      runs rsmtool; without "> file" its output is shown. An underscore is a
-///                           blank within an argument.
+///     # title               starts a section
+///     = file.csv            creates a file from the lines that follow and begin with "| "; a "\"
+///     at
+///                           the end of the last line omits the final newline
+///     @ file.nes 6DA: 12 7  sets bytes of an image, which starts as a copy of the sample; all
+///                           numbers are hexadecimal
+///     ? file.nes 6DA 3      shows three bytes from a hexadecimal offset
+///     < file.json 10 5      shows five lines of a text file, starting with line 10
+///     $ command > file      runs rsmtool; shows its output unless it is redirected. An underscore
+///                           in an argument stands for a blank.
 class Session : public RsmtoolTest, public testing::WithParamInterface<const char*> {
  protected:
   Session() { std::filesystem::current_path(folder_.Path()); }
   ~Session() override { std::filesystem::current_path(before_); }
 
   QStringList Follow(const QString& line) {
-    if (line.startsWith("| ")) content_ << line.mid(2);
-    if (!line.startsWith("| ")) WriteContent();
+    if (line.startsWith("| ")) {
+      content_ << line.mid(2);
+      return {};
+    }
+    WriteContent();
     if (line.startsWith("= ")) file_ = line.mid(2);
     if (line.startsWith("@ ")) SetBytes(line.mid(2));
     if (line.startsWith("? ")) return {ShownBytes(line.mid(2))};
@@ -44,7 +50,7 @@ class Session : public RsmtoolTest, public testing::WithParamInterface<const cha
     file_.clear();
     content_.clear();
   }
-  /// "\xE9" is a byte.
+  /// Replaces escapes such as "\xE9" by their byte.
   static std::string Unescaped(QByteArray text) {
     for (qsizetype at = 0; (at = text.indexOf("\\x", at)) >= 0; ++at) {
       text.replace(at, 4, QByteArray::fromHex(text.mid(at + 2, 2)));

@@ -31,7 +31,7 @@ class PlayersModelTest : public testing::Test {
   PlayersModel model_{*session_};
 };
 
-TEST_F(PlayersModelTest, SortsNumbersAsNumbersAndWhatAPlayerHasNotLast) {
+TEST_F(PlayersModelTest, SortsNumbersByValueAndMissingOnesLast) {
   League().NameData[28][30].JerseyNumber = "?7";
   League().NameData[1][1].LastName = "aaron";
   SetFace(League(), 2, 1, 3);
