@@ -2,6 +2,7 @@
 #include <QProcess>
 #include <gtest/gtest.h>
 
+#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <deque>
@@ -11,6 +12,7 @@
 #include "history/store_folder.h"
 #include "history/unsaved_store.h"
 #include "tests/sharing/observer.h"
+#include "tests/sharing/stamp.h"
 #include "tests/sharing/writers.h"
 #include "tests/support/own_home.h"
 #include "toolkit/qt_strings.h"
