@@ -64,7 +64,7 @@ std::optional<Number> ParseNumber(std::string_view text, std::size_t digits) {
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   const bool whole = error == std::errc() && end == text.data() + text.size();
   const bool as_written = text.size() == digits || (text.size() > digits && text[0] != '0');
-  return whole && as_written && text[0] != '-' ? std::optional(number) : std::nullopt;
+  return whole && as_written ? std::optional(number) : std::nullopt;
 }
 
 /// The version of this name; nothing where NameOf doesn't write it.

@@ -20,9 +20,6 @@ class GridWalk : public QObject {
   /// `cells` row by row; they must accept the focus and outlive this object.
   GridWalk(std::vector<QWidget*> cells, int columns, QObject* parent);
 
-  /// Makes this cell, counted from 0, the one that Tab stops at.
-  void SetCurrent(int cell);
-
   /// Lets Enter on the cell that is already picked press the button, and a double click as well,
   /// whose first click picks the cell.
   void TakeBy(QAbstractButton* button, std::function<bool(int cell)> is_picked);
@@ -30,6 +27,8 @@ class GridWalk : public QObject {
   bool eventFilter(QObject* watched, QEvent* event) override;
 
  private:
+  /// Makes this cell, counted from 0, the one that Tab stops at.
+  void SetCurrent(int cell);
   /// The cell that the key leads to; -1 for a key that does not move.
   int Target(int key) const;
   /// Moves where the key leads; false for a key that does not move.

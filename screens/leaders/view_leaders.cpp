@@ -265,11 +265,7 @@ void ViewLeaders::PrintToPrinter() {
     lines << FromLatin1(line);
   }
   printer->setDocName("Rostermill");
-  const PrintResult result = PrintLines(*printer, lines);
-  failure = result.Failure;
-  if (failure.isEmpty() && printer->printerState() == QPrinter::Error) {
-    failure = "the printer reports an error.";
-  }
+  failure = PrintLines(*printer, lines).Failure;
   if (!failure.isEmpty()) ShowPrintFailure(failure + '\n' + printer->printerName());
 }
 

@@ -81,7 +81,6 @@ void ChooseColor::Form_Load() {
     ShowColor(*picColor[index], session_.League(), index);
   }
   if (CurrentColor < PaletteSize) {
-    walk_->SetCurrent(CurrentColor);
     picColor[CurrentColor]->setFocus();
   } else {
     // Enter without another pick keeps the color, which no box shows.
