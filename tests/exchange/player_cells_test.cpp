@@ -32,6 +32,7 @@ TEST(ShiftRatings, APercentageLeadsToTheNearestRating) {
                                                {25, -10, 25},
                                                {94, 10, 100},
                                                {100, 10, 100},
+                                               {13, -30, 6},
                                                {6, -100, 6}}) {
     LeagueData league = SampleLeague();
     std::int16_t& code = league.QBData[1][1].HittingPower;

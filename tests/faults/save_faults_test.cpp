@@ -12,6 +12,7 @@
 #include "tests/faults/rights.h"
 #include "tests/support/damage.h"
 #include "tests/support/fake_host.h"
+#include <fcntl.h>
 #include <sys/xattr.h>
 #include <unistd.h>
 
@@ -149,6 +150,10 @@ class SaveFaults : public testing::Test {
 TEST_F(SaveFaults, EveryFailingCallLeavesTheOldImageOrTheNewOne) {
   const auto trace = TraceOfSave();
   EXPECT_GT(trace.size(), 30u);
+  for (const SystemCall& call : trace) {
+    if (call.Name != "open" || !call.Path.ends_with("/league.nes")) continue;
+    EXPECT_NE(call.Flags & O_NONBLOCK, 0) << "a pipe in its place would stop the program";
+  }
   const auto one = [this](const Fault& fault) { SaveUnder(fault); };
   for (const int number : {EIO, ENOSPC}) ForEachFault(trace, Effect::Error, number, one);
   for (const Effect effect : {Effect::Short, Effect::Lie, Effect::Kill}) {
@@ -187,6 +192,16 @@ TEST_F(SaveFaults, TwoSavesOfOneImageTakeTurns) {
     EXPECT_EQ(FileBytes(file_), new_);
     EXPECT_EQ(Names(), std::set<std::string>{"league.nes"});
   }
+}
+
+TEST_F(SaveFaults, AFileThatHasTheNameOfTheTemporaryOneIsLeftAlone) {
+  int at = 0;
+  for (const SystemCall& call : TraceOfSave()) {
+    at += call.Name == "open" ? 1 : 0;
+    if ((call.Flags & O_EXCL) != 0) break;
+  }
+  SaveUnder({"open", at, false, Effect::Error, EEXIST});
+  EXPECT_FALSE(refused_.contains("open")) << "another name is free";
 }
 
 TEST_F(SaveFaults, ATemporaryFileThatIsGoneIsNotAMissingImage) {

@@ -117,6 +117,7 @@ TEST_F(UndoStackTest, TwoHundredStepsAreKept) {
   EXPECT_EQ(league_.TeamData[7].City, "Town 203");
   EXPECT_FALSE(stack_.CanRedo());
   stack_.Clear();
+  EXPECT_FALSE(stack_.CanRedo());
   EXPECT_FALSE(stack_.CanUndo());
   EXPECT_EQ(league_.TeamData[7].City, "Town 203");
 }

@@ -239,6 +239,12 @@ TEST_F(VersionStoreTest, DamagedAndForeignFilesArePassedOverAndStay) {
 }
 
 TEST_F(VersionStoreTest, WhatCannotBeKeptIsReported) {
+  const std::string longest = "azAZ09 -,.'()" + std::string(47, 'x');
+  Keep("abc", "league.nes", longest);
+  EXPECT_EQ(store_.List(Image())[0].What, longest);
+  EXPECT_THAT(ImageFolder(base_, "/azAZ09.-{(" + std::string(40, 'x')),
+              testing::ContainsRegex("/azAZ09\\.-__x{30}-[0-9a-f]{16}$"));
+  fs::remove_all(folder_.Path("share"));
   WriteFile(folder_.Path("share"), "a file");
   EXPECT_THAT([this] { Keep("abc"); }, testing::ThrowsMessage<FileError>("Not a directory"));
   for (const std::string& what : {std::string(), std::string("a/b"), std::string(61, 'a')}) {

@@ -85,9 +85,10 @@ TEST_F(AllPlayers, WordsAndConditionsFindPlayers) {
   EXPECT_EQ(Grid().verticalScrollMode(), QAbstractItemView::ScrollPerPixel);
   EXPECT_GE(Grid().viewport()->height(), 18 * Grid().rowHeight(0));
   const std::vector<std::pair<const char*, const char*>> texts{
-      {"plover sparrow", "1 of 840 players"}, {"qb1 #01 harb", "1 of 840 players"},
-      {"kr=yes", "28 of 840 players"},        {"KR=yes PR=yes", "1 of 840 players"},
-      {"pc>=0", "56 of 840 players"},         {"RS<=6 team!=x", "18 of 840 players"}};
+      {"plover sparrow", "1 of 840 players"},   {"qb1 #01 harb", "1 of 840 players"},
+      {"kr=yes", "28 of 840 players"},          {"KR=yes PR=yes", "1 of 840 players"},
+      {"pc>=0", "56 of 840 players"},           {"RS<=6 team!=x", "18 of 840 players"},
+      {"teamno>27 slot<3", "2 of 840 players"}, {"no>=0 photo>=0", "840 of 840 players"}};
   for (const auto& [text, count] : texts) {
     Box().setText(text);
     EXPECT_EQ(Count(), count) << text;

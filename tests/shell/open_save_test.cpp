@@ -97,8 +97,14 @@ TEST_F(OpenSave, AChosenFileFillsTheProperties) {
   EXPECT_EQ(dialog_.InitDir(), Path(""));
   EXPECT_EQ(dialog_.Flags(), 4);
 
-  AnswerNextFileDialog(Path("plain"));
+  OnNextDialog([this](QDialog& shown) {
+    auto& files = dynamic_cast<QFileDialog&>(shown);
+    files.selectNameFilter(files.nameFilters().front());
+    files.selectFile(Path("plain"));
+    shown.accept();
+  });
   dialog_.ShowOpen();
+  EXPECT_EQ(dialog_.FilterIndex(), 1);
   EXPECT_EQ(dialog_.FileTitle(), "plain");
   EXPECT_EQ(dialog_.FileExt(), 0) << "a dot in the folder's name is no extension";
 

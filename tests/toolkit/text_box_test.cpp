@@ -108,6 +108,11 @@ TEST(TextBox, OfAnEnteredTextOnlyTheCharactersOutsideLatin1AreLost) {
   Compose(box, Utf8("ふ"), {});
   Compose(box, {}, Utf8("Fu文mi"));
   EXPECT_EQ(box.Text(), Utf8("Fumi Ané"));
+  box.setSelection(0, 4);
+  QTest::keyClick(&box, Qt::Key_Backspace);
+  Compose(box, Utf8("ふ"), {});
+  Compose(box, {}, {});
+  EXPECT_EQ(box.Text(), Utf8(" Ané")) << "what was deleted since stays deleted";
 }
 
 TEST(TextBox, EveryWayInBlanksControlCharactersWhereItIsToldSo) {
