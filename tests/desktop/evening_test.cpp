@@ -1,11 +1,8 @@
-#include <QLabel>
 #include <QMessageBox>
-#include <QRegularExpression>
-#include <QStatusBar>
 #include <QTableView>
 #include <QTreeWidget>
 
-#include "tests/desktop/describe.h"
+#include "tests/desktop/story.h"
 #include "tests/support/expected_text.h"
 #include "tests/support/main_window.h"
 #include "tests/support/typing.h"
@@ -30,7 +27,7 @@ class Evening : public MainWindow {
     Press("frmProbowl", "btnAFCroster");
     Press("ViewPlayer", "btnEdit");
     Press("ViewTeams", "btnEdit");
-    before_ = Parts();
+    story_.emplace(window_, session_, QString::fromStdString(folder_.Path()));
   }
 
   /// Performs a step and answers its messages with these buttons.
@@ -39,28 +36,15 @@ class Evening : public MainWindow {
     for (const QString& answer : answers) {
       OnNextDialog([&told, answer](QDialog& dialog) {
         const auto& box = dynamic_cast<QMessageBox&>(dialog);
-        QString text = box.text() + ' ' + box.informativeText();
-        text.replace('\n', "\\n");
-        told += "\n  message " + box.windowTitle() + ": " + text + " -> " + answer;
+        const QString text = box.text() + ' ' + box.informativeText();
+        told += ", message " + box.windowTitle() + ": " + text + " -> " + answer;
         ClickButton(dialog, answer);
       });
     }
     act();
     QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-    const auto now = Parts();
-    for (const auto& [name, lines] : now.asKeyValueRange()) {
-      const QStringList changed = NewLines(before_.value(name), lines);
-      if (!changed.isEmpty()) told += "\n  " + name + "\n    " + changed.join("\n    ");
-    }
-    for (const auto& [name, lines] : before_.asKeyValueRange()) {
-      if (!now.contains(name)) told += "\n  " + name + " is closed";
-    }
-    before_ = now;
-    // These differ from run to run.
-    static const QRegularExpression time("(\\d\\d\\d\\d-\\d\\d-\\d\\d )?\\d\\d:\\d\\d");
-    story_
-        << told.replace(time, "(time)").replace(QString::fromStdString(folder_.Path()), "(folder)");
+    story_->Tell(told);
   }
   void Type(const QString& form, const QString& box, const QString& text) {
     auto& line = Find<QLineEdit>(Form(form), box);
@@ -71,30 +55,7 @@ class Evening : public MainWindow {
     Find<DropDownList>(Form(form), list).SetListIndex(index);
   }
 
-  QStringList story_;
-
- private:
-  /// The lines that describe the window and each form.
-  using LinesOfParts = QMap<QString, QStringList>;
-
-  LinesOfParts Parts() {
-    LinesOfParts parts;
-    QStringList window{window_.windowTitle()};
-    for (const QLabel* label : window_.statusBar()->findChildren<QLabel*>()) {
-      window << label->objectName() + ' ' + label->text() + " (tip " + label->toolTip() + ')';
-    }
-    window << "message " + window_.statusBar()->currentMessage();
-    for (const QAction* action : window_.findChildren<QAction*>(QRegularExpression("^m"))) {
-      window << action->objectName() + ' ' + action->text() + (action->isEnabled() ? "" : ", gray");
-    }
-    parts["the window"] = window;
-    for (QMdiSubWindow* frame : Area().subWindowList()) {
-      parts[frame->widget()->objectName()] = Described(*frame->widget()).split('\n');
-    }
-    return parts;
-  }
-
-  LinesOfParts before_;
+  std::optional<Story> story_;
 };
 
 TEST_F(Evening, EveryFormFollowsEveryStep) {
@@ -162,7 +123,7 @@ TEST_F(Evening, EveryFormFollowsEveryStep) {
   Step("The image is not unloaded", {"No"}, [&] { Pick("mFilUnloadROM"); });
   Step("The image is unloaded", {"Yes"}, [&] { Pick("mFilUnloadROM"); });
   Step("It is loaded again", {}, [&] { EXPECT_TRUE(window_.OpenImageFile(path_)); });
-  ExpectTextOfFile("desktop/evening.txt", story_);
+  ExpectTextOfFile("desktop/evening.txt", story_->Sections());
 }
 
 }  // namespace

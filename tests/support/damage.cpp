@@ -35,6 +35,16 @@ LeagueData SampleLeague() {
   return LeagueOfChanged([](auto&) {});
 }
 
+std::vector<std::uint8_t> DamagedImage(std::mt19937& random, unsigned most) {
+  std::vector<std::uint8_t> image = SampleBytes();
+  const std::vector<int> sections = DifferingOffsets(image, SavedBytes(RandomLeague(random)));
+  for (auto hits = 1 + random() % most; hits > 0; --hits) {
+    image[static_cast<std::size_t>(sections[random() % sections.size()])] =
+        static_cast<std::uint8_t>(random());
+  }
+  return image;
+}
+
 std::vector<std::uint8_t> OddImage(std::mt19937& random) {
   std::vector<std::uint8_t> image = SampleBytes();
   const auto below = [&](std::size_t end) { return random() % end; };
@@ -49,12 +59,7 @@ std::vector<std::uint8_t> OddImage(std::mt19937& random) {
       image[below(16)] ^= 0x11;
       break;
     default:
-      if (kind > 6) break;
-      const std::vector<int> sections = DifferingOffsets(image, SavedBytes(RandomLeague(random)));
-      for (auto hits = 1 + below(40); hits > 0; --hits) {
-        image[static_cast<std::size_t>(sections[below(sections.size())])] =
-            static_cast<std::uint8_t>(random());
-      }
+      return kind > 6 ? image : DamagedImage(random, 40);
   }
   return image;
 }

@@ -23,6 +23,9 @@ std::vector<std::uint8_t> SavedBytes(const LeagueData& league);
 /// The sample league as loaded.
 LeagueData SampleLeague();
 
+/// A valid image with up to this many bytes of the league replaced.
+std::vector<std::uint8_t> DamagedImage(std::mt19937& random, unsigned most);
+
 /// A file that a user might load: a valid image, one damaged in its sections, one that is random
 /// after its header, one of a wrong length, or one with a bad header.
 std::vector<std::uint8_t> OddImage(std::mt19937& random);

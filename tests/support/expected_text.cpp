@@ -1,5 +1,6 @@
 #include "tests/support/expected_text.h"
 
+#include <QCryptographicHash>
 #include <QFile>
 #include <QFileInfo>
 #include <gtest/gtest.h>
@@ -8,14 +9,20 @@
 
 namespace rostermill::test {
 
+QString ShortHash(const QString& text) {
+  return QCryptographicHash::hash(text.toUtf8(), QCryptographicHash::Md5).toHex().left(8);
+}
+
 QStringList NewLines(const QStringList& before, const QStringList& after) {
   QStringList lines;
   for (int at = 0; at < after.size(); ++at) {
     if (after[at] != before.value(at)) lines << after[at].trimmed();
   }
-  constexpr int enough = 12;
-  while (lines.size() > enough) lines.removeAt(enough / 2);
-  return lines;
+  constexpr int enough = 10;
+  if (lines.size() <= enough) return lines;
+  const QString rest = lines.mid(enough).join('\n');
+  return lines.first(enough)
+         << QString("(%1 more, #%2)").arg(lines.size() - enough).arg(ShortHash(rest));
 }
 
 QString TextOfTestFile(const QString& path) {

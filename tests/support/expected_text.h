@@ -4,8 +4,11 @@
 
 namespace rostermill::test {
 
-/// The lines of `after` that differ from the line at the same index in `before`. A long list is
-/// reduced to its first and last six lines.
+/// Eight hexadecimal digits that stand for what would be too long to read.
+QString ShortHash(const QString& text);
+
+/// The lines of `after` that differ from the line at the same index in `before`; of a long list the
+/// first ten, the number of the others and their hash.
 QStringList NewLines(const QStringList& before, const QStringList& after);
 
 /// The text of a file in the `tests` folder; a file that can't be opened fails the test.

@@ -1,0 +1,49 @@
+#include <QDir>
+
+#include "tests/desktop/story.h"
+#include "tests/support/expected_text.h"
+#include "tests/support/main_window.h"
+#include "tests/walker/walker.h"
+
+namespace rostermill::test {
+namespace {
+
+/// Of a long line its beginning, and a hash that changes with the rest. What can't be printed is
+/// shown as "\\x07".
+QString Shortened(const QString& section) {
+  QStringList lines = section.split('\n');
+  for (QString& line : lines) {
+    QString shown;
+    for (const QChar c : line) {
+      shown += c.isPrint() ? QString(c) : QString("\\x%1").arg(c.unicode(), 2, 16, QChar('0'));
+    }
+    constexpr int longest = 160;
+    line = shown.size() <= longest ? shown : shown.left(longest) + "... #" + ShortHash(shown);
+  }
+  return lines.join('\n');
+}
+
+class Walk : public MainWindow {};
+
+TEST_F(Walk, StepsAtRandomDoWhatTheFileOfTheWalkSays) {
+  qputenv("CUPS_SERVER", "localhost:1");
+  settings_.setValue("Emulator/Program", "true");  // starts nothing
+  const QString here = QDir::currentPath();
+  QDir::setCurrent(QString::fromStdString(folder_.Path()));
+  EXPECT_TRUE(window_.OpenImageFile(path_));
+  Activate(window_);
+  Story story(window_, session_, QString::fromStdString(folder_.Path()));
+  Walker walker(window_, session_, folder_.Path(""), 7);
+  walker.NewImage = [](std::mt19937& random) { return DamagedImage(random, 3); };
+  walker.AfterStep = [&](const QString& step) { story.Tell(step); };
+  walker.Run(1000);
+  QDir::setCurrent(here);
+  QStringList sections;
+  for (const QString& section : story.Sections()) {
+    if (section.contains('\n')) sections << Shortened(section);
+  }
+  ExpectTextOfFile("desktop/walk.txt", sections);
+}
+
+}  // namespace
+}  // namespace rostermill::test
