@@ -23,7 +23,8 @@ QString OneLine(QString text) {
 
 QString DescribedDialog(QWidget& dialog) {
   if (const auto* box = qobject_cast<QMessageBox*>(&dialog)) {
-    return box->windowTitle() + ": " + OneLine(box->text() + ' ' + box->informativeText());
+    const QString text = QString(box->text()).replace(qVersion(), "(version)");
+    return box->windowTitle() + ": " + OneLine(text + ' ' + box->informativeText());
   }
   // What else it shows is Qt's.
   if (const auto* files = qobject_cast<QFileDialog*>(&dialog)) {

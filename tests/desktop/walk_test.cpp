@@ -9,7 +9,7 @@ namespace rostermill::test {
 namespace {
 
 /// Of a long line its beginning, and a hash that changes with the rest. What can't be printed is
-/// shown as "\\x07".
+/// shown as "\x07".
 QString Shortened(const QString& section) {
   QStringList lines = section.split('\n');
   for (QString& line : lines) {
@@ -26,7 +26,7 @@ QString Shortened(const QString& section) {
 class Walk : public MainWindow {};
 
 TEST_F(Walk, StepsAtRandomDoWhatTheFileOfTheWalkSays) {
-  qputenv("CUPS_SERVER", "localhost:1");
+  qputenv("CUPS_SERVER", "localhost:1");  // has no printers
   settings_.setValue("Emulator/Program", "true");  // starts nothing
   const QString here = QDir::currentPath();
   QDir::setCurrent(QString::fromStdString(folder_.Path()));

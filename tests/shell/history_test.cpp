@@ -148,6 +148,9 @@ TEST_F(History, ASaveKeepsWhatItReplaces) {
   Pick("mnuEditRedo");
   EXPECT_EQ(told, "Not a directory");
   Pick("mnuEditUndo");  // and no message again
+  RenamePlayer("Ann Owl");
+  EXPECT_TRUE(QTest::qWaitFor([this] { return ChangedLabel() == "Changed, not kept"; }))
+      << "it is told without another step";
   std::filesystem::remove(DataFolder());
   std::filesystem::rename(DataFolder() + " elsewhere", DataFolder());
 }

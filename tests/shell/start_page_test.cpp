@@ -35,7 +35,9 @@ TEST_F(StartPageTest, OffersRecentFilesThenScreensAndGivesWayToForms) {
 
   Activate(window_);
   auto& first = Find<QPushButton>(Page(), "btnLink(0)");
-  EXPECT_GE(first.width(), first.fontMetrics().horizontalAdvance(first.text()) + 6);
+  const int text_width = first.fontMetrics().horizontalAdvance(first.text());
+  EXPECT_GE(first.width(), text_width + 6);
+  EXPECT_LE(first.width(), text_width + 20) << "beside its text it is no link";
   first.setFocus();
   const QImage with_focus = first.grab().toImage();
   Find<QPushButton>(Page(), "btnLink(1)").setFocus();
@@ -77,6 +79,8 @@ TEST_F(StartPageTest, TheWindowMenuListsTheFormsInCtrlTabsOrderAndClosesThem) {
             "&5 RSM Schedule Editor, &6 View Teams, &7 View Player Statstistics");
   Pick("mWinForm(5)");
   EXPECT_EQ(listed().substr(0, 14), "*&1 View Teams");
+  for (const char* item : {"mSchVieAll", "mAFCe1", "mToolCheck"}) Pick(item);
+  EXPECT_TRUE(listed().ends_with(", &9 RSM Schedule Editor, View Player Statstistics")) << listed();
   Pick("mWinCascade");
   EXPECT_NE(Form("ViewTeams").parentWidget()->pos(), QPoint(0, 0));
   Pick("mWinCloseAll");

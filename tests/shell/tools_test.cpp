@@ -242,6 +242,23 @@ TEST_F(Tools, AMergeTicksWhatOnlyTheOthersChanged) {
   EXPECT_EQ(session_.League().NameData[1][1].JerseyNumber, "55");
 }
 
+TEST_F(Tools, AMergeNeedsALeagueThatBothWereMadeFrom) {
+  AnswerNextFileDialog(OtherImage({}));
+  OnNextDialog([](QDialog& dialog) {
+    dynamic_cast<QInputDialog&>(dialog).setTextValue("Another file...");
+    dialog.accept();
+  });
+  AnswerNextFileDialog(QString::fromStdString(BinFolder() + "colors.txt"));
+  QString told;
+  OnNextDialog([&told](QDialog& dialog) {
+    told = dialog.windowTitle() + ": " + dynamic_cast<QMessageBox&>(dialog).text();
+    dialog.accept();
+  });
+  Pick("mToolMerge");
+  EXPECT_EQ(told, "Merge: It is not an image of this game.");
+  EXPECT_FALSE(IsOpen("frmCompare"));
+}
+
 TEST_F(Tools, APatchHoldsWhatIsInMemory) {
   session_.Change("a number",
                   [](LeagueData& league) { league.NameData[1][1].JerseyNumber = "77"; });

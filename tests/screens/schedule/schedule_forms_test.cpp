@@ -79,7 +79,11 @@ TEST_F(EditScheduleTest, StepsThroughTheWeeks) {
   League().ScheduleData[16].GameCount = 1;
   Open();
   EXPECT_EQ(RowsShown(), 12);
+  const auto& steps = Find<UpDown>(*form, "upGames");
+  const int place = steps.x();
   Step("udWeek", "Down");
+  QApplication::sendPostedEvents();
+  EXPECT_NEAR(steps.x(), place, 1) << "the buttons stay under the pointer";
   EXPECT_EQ(Caption("lblWeek"), "Week: 17");
   EXPECT_EQ(Caption("lblGames"), "Games: 1");
   EXPECT_EQ(Box(0).Text(), "BB. ");
