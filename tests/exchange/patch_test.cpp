@@ -141,6 +141,16 @@ TEST(Patch, WhatAnEditorChangesStaysSmall) {
   EXPECT_LE(size_of(PatchFormat::Bps, trade), 1'100u);
 }
 
+TEST(Patch, OfPlacesThatBeginAlikeTheLongestIsCopied) {
+  Random random(2);
+  const Bytes target = RandomBytes(random, 200, 256);
+  Bytes base;
+  for (int place = 0; place < 9; ++place)
+    base.insert(base.end(), target.begin(), target.begin() + 9);
+  base.insert(base.end(), target.begin(), target.end());
+  EXPECT_EQ(MakePatch(PatchFormat::Bps, base, target).size(), 25u);
+}
+
 TEST(Patch, ManyEditsOfWhatHasMovedStaySmallAmidLookAlikes) {
   Random random(1);
   const Bytes base = RandomBytes(random, 20'000, 2);

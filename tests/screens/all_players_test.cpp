@@ -149,6 +149,15 @@ TEST_F(AllPlayers, ARatingsBarIsAsLongAsItsShare) {
   const QRect name = Grid().visualRect(Cell(1, "Last"));
   const int quarter = name.height() / 4;
   EXPECT_GT(InkContrast(*Grid().viewport(), name.adjusted(0, quarter, 0, -quarter)), 4.5);
+  const QImage capitals = Grid().viewport()->grab(name).toImage();
+  std::vector<int> inked;
+  for (int y = 2; y < capitals.height() - 2; ++y) {
+    for (int x = 2; x < capitals.width() - 2; ++x) {
+      if (capitals.pixel(x, y) != capitals.pixel(2, 2)) inked.push_back(y);
+    }
+  }
+  ASSERT_FALSE(inked.empty());
+  EXPECT_NEAR(inked.front() + inked.back(), capitals.height() - 1, 4) << "in the middle of the row";
 }
 
 TEST_F(AllPlayers, AMenuOfTheHeadingsHidesAndShowsColumns) {
