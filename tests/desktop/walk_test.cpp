@@ -26,7 +26,7 @@ QString Shortened(const QString& section) {
 class Walk : public MainWindow {};
 
 TEST_F(Walk, StepsAtRandomDoWhatTheFileOfTheWalkSays) {
-  qputenv("CUPS_SERVER", "localhost:1");  // has no printers
+  qputenv("CUPS_SERVER", "localhost:1");           // has no printers
   settings_.setValue("Emulator/Program", "true");  // starts nothing
   const QString here = QDir::currentPath();
   QDir::setCurrent(QString::fromStdString(folder_.Path()));
