@@ -265,7 +265,11 @@ void ViewLeaders::PrintToPrinter() {
     lines << FromLatin1(line);
   }
   printer->setDocName("Rostermill");
-  failure = PrintLines(*printer, lines).Failure;
+  const PrintResult result = PrintLines(*printer, lines);
+  failure = result.Failure;
+  if (failure.isEmpty() && printer->printerState() == QPrinter::Error) {
+    failure = "the printer reports an error.";
+  }
   if (!failure.isEmpty()) ShowPrintFailure(failure + '\n' + printer->printerName());
 }
 
