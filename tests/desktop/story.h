@@ -9,11 +9,11 @@
 
 namespace rostermill::test {
 
-/// Tells step by step what changes in the main window, its menu, the forms and dialogs that are
-/// open and, by a hash, in the league, in lines that a file of expected text can hold.
+/// Records, step by step, what changes in the main window, its menu, and the open forms and
+/// dialogs, as lines for a file of expected text. A change to the league is recorded as a hash.
 class Story {
  public:
-  /// `folder` is named "(folder)" wherever the window shows it.
+  /// Where the window shows `folder`, "(folder)" is recorded.
   Story(FRSMform& window, const LeagueSession& session, QString folder);
 
   /// Adds a section with what has changed since the last one.

@@ -8,8 +8,8 @@
 namespace rostermill::test {
 namespace {
 
-/// Of a long line its beginning, and a hash that changes with the rest. What can't be printed is
-/// shown as "\x07".
+/// Keeps the start of a long line, followed by a hash of the whole line. Unprintable characters are
+/// shown like "\x07".
 QString Shortened(const QString& section) {
   QStringList lines = section.split('\n');
   for (QString& line : lines) {
@@ -25,7 +25,7 @@ QString Shortened(const QString& section) {
 
 class Walk : public MainWindow {};
 
-TEST_F(Walk, StepsAtRandomDoWhatTheFileOfTheWalkSays) {
+TEST_F(Walk, RandomStepsChangeWhatTheirRecordSays) {
   qputenv("CUPS_SERVER", "localhost:1");           // has no printers
   settings_.setValue("Emulator/Program", "true");  // starts nothing
   const QString here = QDir::currentPath();

@@ -141,7 +141,7 @@ TEST(Patch, WhatAnEditorChangesStaysSmall) {
   EXPECT_LE(size_of(PatchFormat::Bps, trade), 1'100u);
 }
 
-TEST(Patch, OfPlacesThatBeginAlikeTheLongestIsCopied) {
+TEST(Patch, TheLongestOfSeveralMatchesIsCopied) {
   Random random(2);
   const Bytes target = RandomBytes(random, 200, 256);
   Bytes base;

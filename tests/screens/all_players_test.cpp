@@ -85,19 +85,15 @@ TEST_F(AllPlayers, WordsAndConditionsFindPlayers) {
   EXPECT_EQ(Grid().horizontalScrollMode(), QAbstractItemView::ScrollPerPixel);
   EXPECT_EQ(Grid().verticalScrollMode(), QAbstractItemView::ScrollPerPixel);
   EXPECT_GE(Grid().viewport()->height(), 18 * Grid().rowHeight(0));
-  const std::vector<std::pair<const char*, const char*>> texts{
-      {"plover sparrow", "1 of 840 players"},   {"qb1 #01 harb", "1 of 840 players"},
-      {"kr=yes", "28 of 840 players"},          {"KR=yes PR=yes", "1 of 840 players"},
-      {"pc>=0", "56 of 840 players"},           {"RS<=6 team!=x", "18 of 840 players"},
-      {"teamno>27 slot<3", "2 of 840 players"}, {"no>=0 photo>=0", "840 of 840 players"}};
-  for (const auto& [text, count] : texts) {
-    Box().setText(text);
-    EXPECT_EQ(Count(), count) << text;
-  }
   const auto found = [this](const char* text) {
     Box().setText(text);
     return Count().section(' ', 0, 0).toInt();
   };
+  const std::vector<std::pair<const char*, int>> texts{
+      {"plover sparrow", 1},   {"qb1 #01 harb", 1},    {"kr=yes", 28},
+      {"KR=yes PR=yes", 1},    {"pc>=0", 56},          {"RS<=6 team!=x", 18},
+      {"teamno>27 slot<3", 2}, {"no>=0 photo>=0", 840}};
+  for (const auto& [text, count] : texts) EXPECT_EQ(found(text), count) << text;
   const int below = found("RS<38"), equal = found("RS=38"), above = found("RS>38");
   EXPECT_TRUE(below > 0 && equal > 0 && above > 0);
   EXPECT_EQ(below + equal + above, 840);

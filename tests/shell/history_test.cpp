@@ -150,7 +150,7 @@ TEST_F(History, ASaveKeepsWhatItReplaces) {
   Pick("mnuEditUndo");  // and no message again
   RenamePlayer("Ann Owl");
   EXPECT_TRUE(QTest::qWaitFor([this] { return ChangedLabel() == "Changed, not kept"; }))
-      << "it is told without another step";
+      << "shown without another step";
   std::filesystem::remove(DataFolder());
   std::filesystem::rename(DataFolder() + " elsewhere", DataFolder());
 }

@@ -37,7 +37,7 @@ TEST_F(StartPageTest, OffersRecentFilesThenScreensAndGivesWayToForms) {
   auto& first = Find<QPushButton>(Page(), "btnLink(0)");
   const int text_width = first.fontMetrics().horizontalAdvance(first.text());
   EXPECT_GE(first.width(), text_width + 6);
-  EXPECT_LE(first.width(), text_width + 20) << "beside its text it is no link";
+  EXPECT_LE(first.width(), text_width + 20) << "only the text can be clicked";
   first.setFocus();
   const QImage with_focus = first.grab().toImage();
   Find<QPushButton>(Page(), "btnLink(1)").setFocus();

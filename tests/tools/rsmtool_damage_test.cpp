@@ -23,8 +23,8 @@ class Damage : public RsmtoolTest {
     return items[Below(items.size())];
   }
 
-  /// A few bytes of the league are any; of a wild one also some pointers, which lead to the limits
-  /// of their banks.
+  /// Replaces a few random bytes of the league. In a wild image, some pointers also lead to the
+  /// limits of their banks.
   void MakeImage(const char* file, bool wild) {
     Bytes bytes = DamagedImage(random_, 4);
     constexpr std::array words{0x7FF0, 0x7FF1, 0x8000, 0x86CA, 0x86CB, 0xBFFF, 0xC000, 0xFFFF};
@@ -38,8 +38,8 @@ class Damage : public RsmtoolTest {
     WriteFile(file, bytes);
   }
 
-  /// The first line of a table and one in so many of the others, with cells, signs and ends of
-  /// lines that a user may get wrong.
+  /// The first line of a table and about one in `lines_in_one` of the others, with random mistakes
+  /// in cells, separators and line ends.
   std::string Mangled(const Bytes& table, std::size_t lines_in_one) {
     std::istringstream lines({table.begin(), table.end()});
     std::string text, line;
@@ -51,7 +51,7 @@ class Damage : public RsmtoolTest {
         "",   "0",  "1",   "2",  "6",   "15",  "16", "28", "29",   "30",  "100",  "101",   "255",
         "-1", "99", "yes", "no", "bye", "QB1", "k",  "x",  "AB C", "$0F", "\xE9", "\"a\"", "1.5"};
     for (std::size_t edits = 1 + Below(5); edits > 0 && !text.empty(); --edits) {
-      // A heading that isn't known leaves all below unread.
+      // An unknown heading keeps the rest of the table from being read.
       const std::size_t first = Below(6) == 0 ? 0 : std::min(text.find('\n') + 1, text.size() - 1);
       const std::size_t at = first + Below(text.size() - first);
       const std::size_t end = std::min(text.find_first_of(",\n", at), text.size());
@@ -73,8 +73,8 @@ class Damage : public RsmtoolTest {
     return text;
   }
 
-  /// Runs a command and tells its code, the beginning of what it says, and the hash of that and of
-  /// the file that it writes.
+  /// Runs a command and records its exit code, the start of its output, and a hash of the whole
+  /// output and of the file that it writes.
   void Tell(const QStringList& arguments, const char* written = nullptr) {
     const Result result = Run(arguments);
     std::string all = result.Out + "\n" + result.Err;
@@ -95,7 +95,7 @@ class Damage : public RsmtoolTest {
   QStringList told_;
 };
 
-TEST_F(Damage, EveryCommandSaysOfItWhatTheFileOfDamageSays) {
+TEST_F(Damage, EveryCommandHandlesItAsRecorded) {
   WriteFile("stock.nes", SampleBytes());
   QStringList rounds;
   for (int round = 0; round < 25; ++round) {

@@ -29,8 +29,8 @@ class Walker : public QObject {
 
   /// Makes the images to load.
   std::function<std::vector<std::uint8_t>(std::mt19937& random)> NewImage = OddImage;
-  /// Called after each step, also one in a dialog, with the step's number and what it did; again
-  /// where nothing was found to be done after it.
+  /// Called after each step, including those in dialogs, with the step's number and description.
+  /// May be called again with the same step.
   std::function<void(const QString& step)> AfterStep = [](const QString&) {};
 
  private:
