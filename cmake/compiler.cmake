@@ -7,10 +7,6 @@ if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_L
   # g++ 12 gives false positives for std::string (GCC bug 105651).
   target_compile_options(rostermill_flags INTERFACE -Wno-restrict)
 endif()
-if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND ROSTERMILL_SANITIZE)
-  # g++ gives false positives for std::regex under the sanitizers.
-  target_compile_options(rostermill_flags INTERFACE -Wno-maybe-uninitialized)
-endif()
 target_include_directories(rostermill_flags INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_definitions(
   rostermill_flags INTERFACE ROSTERMILL_VERSION="${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR}")
@@ -23,7 +19,7 @@ endif()
 
 if(ROSTERMILL_SANITIZE)
   # -g1 keeps files and lines in reports and builds three times as fast as -g.
-  set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g1 -fno-var-tracking-assignments")
+  set(CMAKE_CXX_FLAGS_DEBUG "-O1 -g1")
   add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
                       -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)

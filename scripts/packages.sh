@@ -1,4 +1,4 @@
-# Sourced by run, test and bench/run.
+# Sourced by run, test, .ci/run and bench/run.
 
 # need_packages PACKAGE...: installs those that are missing.
 need_packages() {
@@ -48,5 +48,6 @@ build() {
 
 build_packages=(g++ cmake ninja-build qt6-base-dev nlohmann-json3-dev zlib1g-dev libxxhash-dev cc65)
 quick_packages=(libgtest-dev libgmock-dev python3)
-test_packages=("${quick_packages[@]}" clang clang-tidy cppcheck libclang-rt-14-dev poppler-utils
-  dpkg-dev file debootstrap desktop-file-utils appstream lintian acl git)
+test_packages=("${quick_packages[@]}" clang cppcheck libclang-rt-14-dev poppler-utils acl git)
+package_packages=(dpkg-dev file debootstrap desktop-file-utils appstream lintian)
+tidy_packages=(clang-tidy)

@@ -53,7 +53,7 @@ QString RowText(const QAbstractItemModel& model, int row, const QModelIndex& par
 
 class FormText {
  public:
-  explicit FormText(QWidget& form) : form_(form) {
+  explicit FormText(QWidget& form) {
     const QString focus = form.focusWidget() ? form.focusWidget()->objectName() : "nothing";
     Add(0, form.objectName() + ' ' + Quoted(form.windowTitle()) + ", focus on " + focus);
     if (form.layout() != nullptr) AddLayout(1, {}, *form.layout());
@@ -227,7 +227,6 @@ class FormText {
     }
   }
 
-  QWidget& form_;
   QStringList lines_;
 };
 

@@ -104,7 +104,8 @@ using Records = std::vector<std::pair<std::size_t, std::size_t>>;
 Records RecordsOf(const Bytes& patch) {
   Records records;
   for (std::size_t at = 5; at + 3 < patch.size();) {
-    const std::size_t offset = std::size_t{patch[at]} << 16 | patch[at + 1] << 8 | patch[at + 2];
+    const std::size_t offset =
+        std::size_t{patch[at]} << 16 | std::size_t{patch[at + 1]} << 8 | patch[at + 2];
     const std::size_t size = std::size_t{patch[at + 3]} << 8 | patch[at + 4];
     const std::size_t run = size == 0 ? std::size_t{patch[at + 5]} << 8 | patch[at + 6] : size;
     records.emplace_back(offset, run);
@@ -132,7 +133,7 @@ TEST(IpsPatch, NoRecordBeginsWhereItsOffsetReadsAsTheEnd) {
   EXPECT_EQ(check(eof_offset, "x"), (Records{{eof_offset - 1, 2}})) << "a byte earlier";
   EXPECT_EQ(check(eof_offset - 1, "xy"), (Records{{eof_offset - 1, 2}}));
   EXPECT_EQ(check(eof_offset + 1, "x"), (Records{{eof_offset + 1, 1}}));
-  for (const std::size_t before : {0, 1, 2, 8, 9, 13, 14, 19, 20}) {
+  for (const std::size_t before : {0u, 1u, 2u, 8u, 9u, 13u, 14u, 19u, 20u}) {
     check(eof_offset - before, run);
     check(eof_offset - before, mixed.substr(0, before) + run);
     check(eof_offset - before, std::string(before, 'r') + mixed.substr(0, 30));

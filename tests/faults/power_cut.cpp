@@ -19,8 +19,8 @@ namespace {
 namespace fs = std::filesystem;
 
 // Special node numbers.
-constexpr int none = -1;
-constexpr int every = -2;
+constexpr std::size_t none = std::size_t(-1);
+constexpr std::size_t every = std::size_t(-2);
 
 enum class ItemKind { Folder, File, Link };
 
@@ -84,7 +84,7 @@ class Disk {
   void Follow(const SystemCall& call) {
     if (call.Result < 0) return;
     const auto file = open_.find(call.Handle);
-    const int node = file == open_.end() ? none : file->second.Node;
+    const std::size_t node = file == open_.end() ? none : file->second.Node;
     if (call.Name == "open") {
       Open(call);
     } else if (call.Name == "close") {
@@ -98,7 +98,7 @@ class Disk {
       const auto [folder, from] = Place(call.Path);
       const auto [to_folder, to] = Place(call.To);
       if (folder != to_folder) throw std::logic_error("a rename to another folder");
-      const int moved = now_[folder].Entries.at(from);
+      const std::size_t moved = now_[folder].Entries.at(from);
       Change({Operation::What::Names, folder, 0, {}, {{from, 0}, {to, moved}}, "renamed " + to});
     } else if (call.Name == "write" && node != none) {
       std::size_t& position = file->second.Position;
@@ -144,21 +144,22 @@ class Disk {
  private:
   struct Node {
     TreeItem Item;
-    std::map<std::string, int> Entries = {};  ///< of a folder; 0 for a name that it doesn't have
+    /// Of a folder; 0 for a name that it doesn't have.
+    std::map<std::string, std::size_t> Entries = {};
   };
   struct Operation {
     enum class What { Write, Length, Names };
 
     What Kind;
-    int Node;                ///< the file or the folder that it changes
+    std::size_t Node;        ///< the file or the folder that it changes
     std::size_t Offset = 0;  ///< of a Write; a Length's new one
     std::string Bytes = {};
-    std::map<std::string, int> Entries = {};  ///< of Names; 0 for one that goes
+    std::map<std::string, std::size_t> Entries = {};  ///< of Names; 0 for one that goes
     std::string Text = {};
     bool OnDisk = false;
   };
   struct OpenFile {
-    int Node;
+    std::size_t Node;
     std::size_t Position;
   };
   /// What became of an operation. All but a Write are missing or done.
@@ -185,8 +186,8 @@ class Disk {
 
   static Tree TreeOf(std::vector<Node> nodes) {
     Tree tree;
-    const std::function<void(int, const std::string&)> add = [&](int folder,
-                                                                 const std::string& path) {
+    const std::function<void(std::size_t, const std::string&)> add = [&](std::size_t folder,
+                                                                         const std::string& path) {
       for (const auto& [name, node] : nodes[folder].Entries) {
         if (node == 0) continue;
         tree[path + name] = std::move(nodes[node].Item);
@@ -197,22 +198,22 @@ class Disk {
     return tree;
   }
 
-  int Load(const std::string& path) {
-    const int node = static_cast<int>(disk_.size());
+  std::size_t Load(const std::string& path) {
+    const std::size_t node = disk_.size();
     disk_.push_back({ItemAt(path)});
     if (disk_[node].Item.Kind != ItemKind::Folder) return node;
     for (const auto& entry : fs::directory_iterator(path)) {
-      const int below = Load(entry.path());
+      const std::size_t below = Load(entry.path());
       disk_[node].Entries[entry.path().filename()] = below;
     }
     return node;
   }
 
-  /// The folder's node and the name in it; a node of -1 for what isn't below the root.
-  std::pair<int, std::string> Place(const std::string& path) const {
+  /// The folder's node and the name in it; a node of `none` for what isn't below the root.
+  std::pair<std::size_t, std::string> Place(const std::string& path) const {
     const fs::path below = fs::path(path).lexically_relative(root_);
     if (below.empty() || *below.begin() == "..") return {none, ""};
-    int folder = 0;
+    std::size_t folder = 0;
     for (const fs::path& part : below.parent_path()) {
       folder = Entry(folder, part);
       if (folder == none) return {none, ""};
@@ -220,20 +221,20 @@ class Disk {
     return {folder, below.filename()};
   }
 
-  int Entry(int folder, const std::string& name) const {
+  std::size_t Entry(std::size_t folder, const std::string& name) const {
     const auto found = now_[folder].Entries.find(name);
     return found == now_[folder].Entries.end() || found->second == 0 ? none : found->second;
   }
 
-  int Find(const std::string& path) const {
+  std::size_t Find(const std::string& path) const {
     const auto [folder, name] = Place(path);
     return folder == none || name == "." ? folder : Entry(folder, name);
   }
 
-  int Make(ItemKind kind, const std::string& path) {
+  std::size_t Make(ItemKind kind, const std::string& path) {
     const auto [folder, name] = Place(path);
     if (folder == none) return none;
-    const int node = static_cast<int>(now_.size());
+    const std::size_t node = now_.size();
     now_.push_back({{kind}});
     disk_.push_back({{kind}});
     Change({Operation::What::Names, folder, 0, {}, {{name, node}}, "new " + name});
@@ -245,7 +246,7 @@ class Disk {
     operations_.push_back(std::move(operation));
   }
 
-  void PutOnDisk(int node) {
+  void PutOnDisk(std::size_t node) {
     for (Operation& operation : operations_) {
       operation.OnDisk = operation.OnDisk || node == every || operation.Node == node;
     }
@@ -256,7 +257,7 @@ class Disk {
   }
 
   void Open(const SystemCall& call) {
-    int node = Find(call.Path);
+    std::size_t node = Find(call.Path);
     if (node == none && (call.Flags & O_CREAT) != 0) node = Make(ItemKind::File, call.Path);
     open_.erase(call.Handle);
     if (node == none) return;

@@ -72,8 +72,8 @@ void FillNames(Random& random, LeagueData& league) {
       if (length == 0) continue;
       const int first = Between(random, 0, length - 1);
       name.FirstName = TextWithout(random, first, 'A', 'Z');
-      name.LastName = static_cast<char>(Between(random, 'A', 'Z')) +
-                      TextWithout(random, length - first - 1, 'a', 'z');
+      name.LastName = static_cast<char>(Between(random, 'A', 'Z'));
+      name.LastName += TextWithout(random, length - first - 1, 'a', 'z');
     }
   }
   // One league in four uses the room to the last byte.

@@ -30,7 +30,8 @@ class Damage : public RsmtoolTest {
     constexpr std::array words{0x7FF0, 0x7FF1, 0x8000, 0x86CA, 0x86CB, 0xBFFF, 0xC000, 0xFFFF};
     constexpr std::array pointers{0x48, 0x6D8, 0x1FC50, 0x1FC52, 0x1FCFE, 0x329A7, 0x329C9};
     for (std::size_t hits = wild ? 3 : 0; hits > 0; --hits) {
-      const auto at = static_cast<std::size_t>(AnyOf(pointers)) + 2 * Below(20);
+      auto at = static_cast<std::size_t>(AnyOf(pointers));
+      at += 2 * Below(20);
       const int word = AnyOf(words);
       bytes[at] = static_cast<std::uint8_t>(word);
       bytes[at + 1] = static_cast<std::uint8_t>(word >> 8);

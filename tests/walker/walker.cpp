@@ -196,7 +196,7 @@ void Walker::CloseOrResize(QMdiSubWindow& form) {
   Note("close " + form.widget()->objectName());
   const int kind = Below(6);
   if (kind == 0) return form.showMinimized();
-  if (kind == 1) return form.resize(20 + Below(1500), 20 + Below(1200));
+  if (kind == 1) return form.resize(QSize{20 + Below(1500), 20 + Below(1200)});
   form.close();
 }
 
@@ -251,7 +251,7 @@ void Walker::PressKey(QWidget& control) {
 }
 
 void Walker::ClickOn(QWidget& control) {
-  const QPoint place(control.width() * Below(100) / 100, control.height() * Below(100) / 100);
+  const QPoint place{control.width() * Below(100) / 100, control.height() * Below(100) / 100};
   const Qt::MouseButton button = OneIn(4) ? Qt::RightButton : Qt::LeftButton;
   const QPointer<QWidget> still_there(&control);
   QTest::mousePress(&control, button, {}, place);
