@@ -10,7 +10,7 @@
 #include <malloc.h>
 
 // There with the address sanitizer, which serves all memory then.
-// NOLINTNEXTLINE(bugprone-reserved-identifier)
+// NOLINTNEXTLINE(clang-diagnostic-reserved-identifier)
 extern "C" std::size_t __sanitizer_get_current_allocated_bytes() __attribute__((weak));
 
 namespace rostermill::test {
