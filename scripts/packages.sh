@@ -48,6 +48,7 @@ build() {
 
 build_packages=(g++ cmake ninja-build qt6-base-dev nlohmann-json3-dev zlib1g-dev libxxhash-dev cc65)
 quick_packages=(libgtest-dev libgmock-dev python3)
-test_packages=("${quick_packages[@]}" clang cppcheck libclang-rt-14-dev poppler-utils acl git)
+test_packages=("${quick_packages[@]}" clang llvm cppcheck libclang-rt-14-dev poppler-utils acl
+  git)
 package_packages=(dpkg-dev file debootstrap desktop-file-utils appstream lintian)
 tidy_packages=(clang-tidy)
