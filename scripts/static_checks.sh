@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
 # Runs the static checks on all code.
 #   static_checks.sh        includes and cppcheck, which take seconds
-#   static_checks.sh tidy   clang-tidy, which takes half an hour on two cores
+#   static_checks.sh tidy   clang-tidy, which takes over half an hour on two cores
 set -euo pipefail
 cd "$(dirname "$0")/.."
 

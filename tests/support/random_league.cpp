@@ -72,6 +72,7 @@ void FillNames(Random& random, LeagueData& league) {
       if (length == 0) continue;
       const int first = Between(random, 0, length - 1);
       name.FirstName = TextWithout(random, first, 'A', 'Z');
+      // Two statements, since compilers differ in which operand of + they evaluate first.
       name.LastName = static_cast<char>(Between(random, 'A', 'Z'));
       name.LastName += TextWithout(random, length - first - 1, 'a', 'z');
     }

@@ -30,6 +30,7 @@ class Damage : public RsmtoolTest {
     constexpr std::array words{0x7FF0, 0x7FF1, 0x8000, 0x86CA, 0x86CB, 0xBFFF, 0xC000, 0xFFFF};
     constexpr std::array pointers{0x48, 0x6D8, 0x1FC50, 0x1FC52, 0x1FCFE, 0x329A7, 0x329C9};
     for (std::size_t hits = wild ? 3 : 0; hits > 0; --hits) {
+      // Two statements, since compilers differ in which operand of + they evaluate first.
       auto at = static_cast<std::size_t>(AnyOf(pointers));
       at += 2 * Below(20);
       const int word = AnyOf(words);

@@ -251,6 +251,7 @@ void Walker::PressKey(QWidget& control) {
 }
 
 void Walker::ClickOn(QWidget& control) {
+  // With braces, every compiler draws the numbers in the same order.
   const QPoint place{control.width() * Below(100) / 100, control.height() * Below(100) / 100};
   const Qt::MouseButton button = OneIn(4) ? Qt::RightButton : Qt::LeftButton;
   const QPointer<QWidget> still_there(&control);
